@@ -1,0 +1,17 @@
+#pragma once
+// The one conversion between the program's texts and the system's 8-bit code page
+// (Windows-1250 for Polish and its neighbours, Windows-1252 otherwise). Every byte maps to
+// one character and back, the code page's undefined bytes included, so file bytes survive
+// a round trip exactly; characters outside the code page are reduced to "?".
+#include <QByteArray>
+#include <QString>
+
+namespace platform {
+
+QByteArray ToCodePage(const QString& text);
+QString FromCodePage(const QByteArray& bytes);
+
+// The code page in use, as its number (1250 or 1252). TOLVANE_CODEPAGE overrides the locale.
+int CodePageNumber();
+
+} // namespace platform

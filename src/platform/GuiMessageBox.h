@@ -1,0 +1,8 @@
+#pragma once
+// Message boxes drawn by the window system (the program installs this at start).
+#include "platform/MessageBox.h"
+
+namespace platform {
+int ShowMessageBoxWindow(const MessageBoxCall& call);
+void InstallWindowMessageBoxes();
+} // namespace platform

@@ -1,0 +1,22 @@
+#pragma once
+// The three calls of the small MD5 library (RFC 1321), here on Qt's own MD5.
+#include <QByteArray>
+
+#include <memory>
+
+namespace platform {
+
+struct MD5Context;
+
+struct MD5ContextDeleter
+{
+    void operator()(MD5Context* context) const;
+};
+using MD5ContextPtr = std::unique_ptr<MD5Context, MD5ContextDeleter>;
+
+MD5ContextPtr MD5Init();
+void MD5Update(MD5Context& context, const char* bytes, qsizetype length);
+// The 16 bytes of the digest.
+QByteArray MD5Final(MD5Context& context);
+
+} // namespace platform

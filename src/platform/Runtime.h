@@ -1,0 +1,40 @@
+#pragma once
+// The runtime's services that are not files: ending the process, the unhandled run-time
+// error, yielding to pending events, and the start-up calls whose results nobody reads.
+#include <QString>
+
+#include <functional>
+
+namespace platform {
+
+// The runtime's standard text for an error number ("File not found" for 53, ...).
+QString ErrorText(int number);
+
+// An unhandled run-time error: the number and its text in a critical box titled with the
+// program's title, then the process ends. Used wherever a failure has no handler.
+[[noreturn]] void UnhandledError(int number, const QString& description = QString());
+
+// Ends the process at once: no window is closed, nothing in memory is written back.
+[[noreturn]] void EndProcess(int exitCode = 0);
+
+// Tests replace the ending (it must not return: throw, or end the process).
+void SetEndProcessHook(std::function<void(int)> hook);
+
+// Lets pending window events run (the runtime's DoEvents).
+void DoEvents();
+
+// The yield of a long loop, called at every step: pending events run at once when the last
+// yield is a millisecond or more ago, so a click is served within a millisecond while a walk
+// over 32,767 bytes doesn't spend a hundred milliseconds asking an empty queue.
+void YieldStep();
+
+void InitCommonControls();
+void InitCommonControlsEx(int size, int flags);
+// Creates a named mutex that nobody looks at again; returns a handle or 0.
+quintptr CreateMutexA(const QString& name);
+
+// Starts a program ("\tolvane.exe" behind the program's folder, and the like) with its
+// parameters. Returns a value above 32 on success, as ShellExecuteA does.
+int StartProgram(const QString& file, const QString& parameters);
+
+} // namespace platform

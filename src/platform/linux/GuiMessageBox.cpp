@@ -1,0 +1,74 @@
+#include "platform/GuiMessageBox.h"
+
+#include "platform/MessageBox.h"
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QPushButton>
+
+namespace platform {
+
+int ShowMessageBoxWindow(const MessageBoxCall& call)
+{
+    QMessageBox box;
+    box.setWindowTitle(call.title);
+    QString text = call.text;
+    text.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(QLatin1Char('\r'), QLatin1Char('\n'));
+    box.setText(text);
+    switch (call.flags & 0x70) {
+    case 16:
+        box.setIcon(QMessageBox::Critical);
+        break;
+    case 32:
+        box.setIcon(QMessageBox::Question);
+        break;
+    case 48:
+        box.setIcon(QMessageBox::Warning);
+        break;
+    case 64:
+        box.setIcon(QMessageBox::Information);
+        break;
+    default:
+        break;
+    }
+    struct Choice
+    {
+        QMessageBox::StandardButton button;
+        int result;
+    };
+    static const QList<QList<Choice>> sets {
+        { { QMessageBox::Ok, IDOK } },
+        { { QMessageBox::Ok, IDOK }, { QMessageBox::Cancel, IDCANCEL } },
+        { { QMessageBox::Abort, IDABORT }, { QMessageBox::Retry, IDRETRY }, { QMessageBox::Ignore, IDIGNORE } },
+        { { QMessageBox::Yes, IDYES }, { QMessageBox::No, IDNO }, { QMessageBox::Cancel, IDCANCEL } },
+        { { QMessageBox::Yes, IDYES }, { QMessageBox::No, IDNO } },
+        { { QMessageBox::Retry, IDRETRY }, { QMessageBox::Cancel, IDCANCEL } },
+    };
+    const int buttons = (call.flags & 7) > 5 ? 0 : (call.flags & 7);
+    const QList<Choice>& choices = sets.at(buttons);
+    const int defaultIndex = qMin<int>((call.flags >> 8) & 3, static_cast<int>(choices.size()) - 1);
+    for (int i = 0; i < choices.size(); ++i) {
+        QPushButton* b = box.addButton(choices.at(i).button);
+        if (i == defaultIndex)
+            box.setDefaultButton(b);
+    }
+    box.exec();
+    const auto clicked = box.standardButton(box.clickedButton());
+    for (const Choice& c : choices) {
+        if (c.button == clicked)
+            return c.result;
+    }
+    // Closed by its close box: the runtime answers Cancel where there is one, else the first.
+    for (const Choice& c : choices) {
+        if (c.result == IDCANCEL)
+            return IDCANCEL;
+    }
+    return choices.first().result;
+}
+
+void InstallWindowMessageBoxes()
+{
+    SetMessageBoxBackend(&ShowMessageBoxWindow);
+}
+
+} // namespace platform

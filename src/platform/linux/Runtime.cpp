@@ -1,0 +1,111 @@
+#include "platform/Runtime.h"
+
+#include "platform/MessageBox.h"
+#include "platform/Paths.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QFileInfo>
+#include <QHash>
+#include <QProcess>
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace platform {
+namespace {
+
+std::function<void(int)>& endHook()
+{
+    static std::function<void(int)> hook;
+    return hook;
+}
+
+} // namespace
+
+QString ErrorText(int number)
+{
+    static const QHash<int, QString> texts {
+        { 3, QStringLiteral("Return without GoSub") },
+        { 5, QStringLiteral("Invalid procedure call or argument") },
+        { 6, QStringLiteral("Overflow") },
+        { 7, QStringLiteral("Out of memory") },
+        { 9, QStringLiteral("Subscript out of range") },
+        { 11, QStringLiteral("Division by zero") },
+        { 13, QStringLiteral("Type mismatch") },
+        { 48, QStringLiteral("Error in loading DLL") },
+        { 52, QStringLiteral("Bad file name or number") },
+        { 53, QStringLiteral("File not found") },
+        { 55, QStringLiteral("File already open") },
+        { 57, QStringLiteral("Device I/O error") },
+        { 58, QStringLiteral("File already exists") },
+        { 61, QStringLiteral("Disk full") },
+        { 62, QStringLiteral("Input past end of file") },
+        { 67, QStringLiteral("Too many files") },
+        { 68, QStringLiteral("Device unavailable") },
+        { 70, QStringLiteral("Permission denied") },
+        { 71, QStringLiteral("Disk not ready") },
+        { 75, QStringLiteral("Path/File access error") },
+        { 76, QStringLiteral("Path not found") },
+        { 321, QStringLiteral("Invalid file format") },
+    };
+    return texts.value(number, QStringLiteral("Application-defined or object-defined error"));
+}
+
+void UnhandledError(int number, const QString& description)
+{
+    const QString text = description.isEmpty() ? ErrorText(number) : description;
+    MsgBox(QStringLiteral("Run-time error '%1':\n\n%2").arg(number).arg(text), 16, AppTitle());
+    EndProcess(number);
+}
+
+void SetEndProcessHook(std::function<void(int)> hook)
+{
+    endHook() = std::move(hook);
+}
+
+void EndProcess(int exitCode)
+{
+    if (endHook())
+        endHook()(exitCode);
+    std::fflush(nullptr);
+    std::_Exit(exitCode);
+}
+
+void DoEvents()
+{
+    if (QCoreApplication::instance())
+        QCoreApplication::processEvents();
+}
+
+void YieldStep()
+{
+    static QElapsedTimer sinceLast;
+    if (sinceLast.isValid() && sinceLast.nsecsElapsed() < 1000000)
+        return;
+    DoEvents();
+    sinceLast.start();
+}
+
+void InitCommonControls() { }
+
+void InitCommonControlsEx(int, int) { }
+
+quintptr CreateMutexA(const QString& name)
+{
+    // A named object that lives as long as the process; nothing ever asks for it.
+    static QString held;
+    held = name;
+    return reinterpret_cast<quintptr>(&held);
+}
+
+int StartProgram(const QString& file, const QString& parameters)
+{
+    const QString native = ToNative(file);
+    if (native.isEmpty() || !QFileInfo(native).isFile())
+        return 2;
+    const QStringList args = parameters.isEmpty() ? QStringList() : QProcess::splitCommand(parameters);
+    return QProcess::startDetached(native, args, QFileInfo(native).absolutePath()) ? 42 : 31;
+}
+
+} // namespace platform

@@ -1,0 +1,19 @@
+#pragma once
+// The language table: 1000 texts, filled once at start from the language file beside the
+// program, read by every window by slot number.
+#include <QString>
+
+// Text of a slot; empty for a slot that no entry named or that is out of range.
+QString Lang(int slot);
+
+// Reads curLang (asking once and writing "English" when it is empty) and fills the table.
+void LoadLanguage();
+
+// Fills the table from a file. 0 on success, 1 when the path is empty or no file is found.
+qint16 ReadLanguageFile(const QString& path);
+
+// Empties the table (tests start each case from a clean table).
+void ClearLanguageTable();
+
+// The runtime's Val: the number at the start of a text, blanks skipped, 0 when there is none.
+double Val(const QString& text);

@@ -1,0 +1,25 @@
+#include "platform/GuiMessageBox.h"
+#include "platform/Paths.h"
+#include "startup/ProgramPictures.h"
+#include "startup/frmSplash.h"
+
+#include <QApplication>
+
+int main(int argc, char* argv[])
+{
+    if (qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")
+        && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication app(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("Tolvane"));
+    QApplication::setWindowIcon(ProgramIcon());
+    platform::SetCommandLine(QApplication::arguments());
+    platform::InstallWindowMessageBoxes();
+
+    auto* splash = new frmSplash;
+    splash->setAttribute(Qt::WA_DeleteOnClose);
+    splash->Form_Initialize();
+    splash->Form_Load();
+    splash->show();
+    return QApplication::exec();
+}

@@ -1,0 +1,22 @@
+#pragma once
+// Where the data tree hangs. Nothing here is stored: every caller works the root out anew,
+// from UsbMode and the platform, and reads `current` again when it needs a profile's file.
+#include <QString>
+
+// 1 when the program runs from a removable drive (usb.inf beside it), else 0. Set once at start.
+extern qint16 UsbMode;
+
+// The program's folder in portable mode, else the per-user local application data folder.
+QString DataRoot();
+
+// DataRoot followed by "\Brenmark\Tolvane\data\".
+QString DataFolder();
+
+// The full path of config.txt.
+QString ConfigFile();
+
+// `current` of config.txt, read now.
+QString CurrentProfile();
+
+// A file of the current profile: data folder, `current`, "\", the name.
+QString ProfileFile(const QString& fileName);

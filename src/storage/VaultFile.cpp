@@ -1,0 +1,125 @@
+#include "storage/VaultFile.h"
+
+#include "platform/Files.h"
+#include "storage/Module1.h"
+#include "storage/modIni.h"
+
+#include <limits>
+
+void Walk(QByteArray& bytes, qsizetype upper, qint32 step, const Yield& yield)
+{
+    for (qsizetype p = 1; p <= upper; ++p) {
+        const qsizetype at = p - 1;
+        if (bytes.size() < at + 4)
+            bytes.append(at + 4 - bytes.size(), '\0');
+        auto* b = reinterpret_cast<uchar*>(bytes.data()) + at;
+        const qint32 window = static_cast<qint32>(static_cast<quint32>(b[0]) | (static_cast<quint32>(b[1]) << 8)
+            | (static_cast<quint32>(b[2]) << 16) | (static_cast<quint32>(b[3]) << 24));
+        const qint64 sum = static_cast<qint64>(window) + step;
+        if (sum <= std::numeric_limits<qint32>::max() && sum >= std::numeric_limits<qint32>::min()) {
+            const auto v = static_cast<quint32>(static_cast<qint32>(sum));
+            b[0] = static_cast<uchar>(v & 0xFF);
+            b[1] = static_cast<uchar>((v >> 8) & 0xFF);
+            b[2] = static_cast<uchar>((v >> 16) & 0xFF);
+            b[3] = static_cast<uchar>((v >> 24) & 0xFF);
+        }
+        if (yield)
+            yield();
+    }
+}
+
+QByteArray LayerOn(QByteArray bytes, const Yield& yield)
+{
+    Walk(bytes, bytes.size(), 2, yield);
+    return bytes;
+}
+
+QByteArray LayerOff(QByteArray bytes, const Yield& yield)
+{
+    Walk(bytes, bytes.size() - 3, -2, yield);
+    return bytes;
+}
+
+QList<EntryRecord> ParseInnerText(const QByteArray& text)
+{
+    const TextLines lines = SplitTextLines(text);
+    QList<QByteArray> sections;
+    ListSections(sections, lines);
+    QList<EntryRecord> entries;
+    for (qsizetype i = 1; i < sections.size(); ++i) {
+        EntryRecord entry;
+        entry.title = sections.at(i);
+        const QList<QByteArray> keyLines = SectionLines(sections.at(i), lines);
+        for (qsizetype k = 1; k < keyLines.size(); ++k) {
+            const QByteArray key = keyName(keyLines.at(k));
+            const QByteArray value = KeyValue(keyLines.at(k));
+            QByteArray* field = nullptr;
+            if (key == "name")
+                field = &entry.name;
+            else if (key == "age")
+                field = &entry.age;
+            else if (key == "interests")
+                field = &entry.interests;
+            else if (key == "address")
+                field = &entry.address;
+            else if (key == "phone")
+                field = &entry.phone;
+            else if (key == "extra")
+                field = &entry.extra;
+            if (field)
+                *field = Decode64(UnescapeValue(value));
+            else if (key == "picture")
+                entry.picture = UnescapeValue(value);
+        }
+        entries.append(entry);
+    }
+    return entries;
+}
+
+QByteArray ComposeInnerText(QList<EntryRecord>& entries)
+{
+    QByteArray out;
+    for (EntryRecord& e : entries) {
+        if (e.title.isEmpty())
+            continue;
+        out += '[' + e.title + "]\r\n";
+        const std::pair<const char*, QByteArray*> fields[] = { { "name", &e.name }, { "age", &e.age },
+            { "interests", &e.interests }, { "address", &e.address }, { "phone", &e.phone }, { "extra", &e.extra } };
+        for (const auto& [key, field] : fields) {
+            if (!field->isEmpty())
+                out += QByteArray(key) + '=' + Encode64(EscapeValue(*field)) + "\r\n";
+        }
+        if (!e.picture.isEmpty())
+            out += "picture=" + e.picture + "\r\n";
+    }
+    return out;
+}
+
+VaultLoad LoadVault(const QString& path, const Yield& yield)
+{
+    VaultLoad result;
+    platform::TouchFile(path);
+    QByteArray file;
+    if (platform::FileLen(path) < 0 || !platform::ReadFileBytes(path, file))
+        return result;
+    result.read = true;
+    // Past the walk's 16-bit limit the layer can't go back on as it came off: read the file
+    // whole and leave it as it is rather than damage it.
+    result.oversize = file.size() > MaxWalkLength;
+    const QByteArray inner = LayerOff(file, result.oversize ? Yield() : yield);
+    result.entries = ParseInnerText(inner);
+    if (!result.oversize)
+        platform::WriteFileAtomic(path, LayerOn(inner, yield));
+    return result;
+}
+
+VaultSave SaveVault(const QString& path, QList<EntryRecord>& entries, const Yield& yield)
+{
+    QByteArray old;
+    if (platform::ReadFileBytes(path, old) && old.size() <= MaxWalkLength + 3)
+        LayerOff(old, yield); // its result has never been used; the walk only costs the time
+    const QByteArray inner = ComposeInnerText(entries);
+    if (inner.size() > MaxVaultText)
+        return VaultSave::TooLarge;
+    return platform::WriteFileAtomic(path, LayerOn(inner, yield)) ? VaultSave::Saved : VaultSave::WriteFailed;
+}

@@ -1,0 +1,9 @@
+#include "storage/modFileExist.h"
+
+#include "platform/Files.h"
+
+qint16 FileExist(const QString& path)
+{
+    const qint64 size = platform::FileLen(path);
+    return size >= 0 ? -1 : 0;
+}

@@ -1,0 +1,31 @@
+#pragma once
+// The one door to the key=value files (config.txt, settings.txt, cfg.txt, time.txt).
+#include <QString>
+
+QString GetIni(const QString& section, const QString& key, const QString& file);
+void WriteIni(const QString& section, const QString& key, const QString& value, const QString& file);
+
+// Every section and key of those files, in one place.
+namespace Keys {
+inline const QString user = QStringLiteral("user");
+inline const QString settings = QStringLiteral("settings");
+inline const QString setts = QStringLiteral("setts");
+
+inline const QString current = QStringLiteral("current");
+inline const QString defaultProfile = QStringLiteral("default");
+inline const QString switchTo = QStringLiteral("switch");
+inline const QString tempChangeable = QStringLiteral("temp_changeable");
+inline const QString tempChangeable2 = QStringLiteral("temp_changeable2");
+
+inline const QString password = QStringLiteral("password");
+inline const QString question = QStringLiteral("question");
+inline const QString answer = QStringLiteral("answer");
+inline const QString email = QStringLiteral("email");
+inline const QString time = QStringLiteral("time");
+
+// s1 to s5 of cfg.txt, by number.
+inline QString option(int n)
+{
+    return QStringLiteral("s%1").arg(n);
+}
+} // namespace Keys

@@ -1,0 +1,138 @@
+// tolvane-vault: a vault file in and out without the window, through the program's own code.
+#include "platform/CodePage.h"
+#include "platform/Files.h"
+#include "platform/Paths.h"
+#include "storage/Module1.h"
+#include "storage/VaultFile.h"
+#include "storage/VaultRescue.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <cstdio>
+
+namespace {
+
+const char* usage = R"(Usage: tolvane-vault COMMAND FILE
+
+Commands:
+  dump FILE      print the entries as the program loads them, as JSON
+  save FILE      write a vault from JSON on standard input, as the program saves
+  unwrap FILE    print the inner text (the outer layer taken off); the file is not changed
+  rescue FILE    print the entries with what the program's reading loses: long values whole,
+                 escapes undone, padding cut
+
+FILE is a list.dat or an exported .tvd file. JSON texts are the fields' bytes in the
+system's 8-bit code page (Windows-1250 or -1252, see TOLVANE_CODEPAGE), so every byte
+survives a dump and a save unchanged.
+
+Exit codes: 0 done, 1 bad input (missing or unreadable file, bad JSON, vault too large),
+2 usage.
+)";
+
+const char* const fieldNames[] = { "title", "name", "age", "interests", "address", "phone", "extra", "picture" };
+
+QByteArray* field(EntryRecord& e, int i)
+{
+    QByteArray* fields[] = { &e.title, &e.name, &e.age, &e.interests, &e.address, &e.phone, &e.extra, &e.picture };
+    return fields[i];
+}
+
+void printJson(QList<EntryRecord> entries)
+{
+    QJsonArray array;
+    for (EntryRecord& e : entries) {
+        QJsonObject object;
+        for (int i = 0; i < 8; ++i)
+            object.insert(QLatin1String(fieldNames[i]), platform::FromCodePage(*field(e, i)));
+        array.append(object);
+    }
+    const QByteArray out = QJsonDocument(array).toJson(QJsonDocument::Indented);
+    std::fwrite(out.constData(), 1, static_cast<size_t>(out.size()), stdout);
+}
+
+int fail(const QString& message)
+{
+    std::fprintf(stderr, "tolvane-vault: %s\n", qPrintable(message));
+    return 1;
+}
+
+QString pathArgument(const QString& given)
+{
+    // A native path as typed; the storage code takes Windows-form paths.
+    return platform::ToWindows(QDir::current().absoluteFilePath(given));
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    QCoreApplication app(argc, argv);
+    const QStringList args = QCoreApplication::arguments().mid(1);
+    if (args.contains(QStringLiteral("--help")) || args.contains(QStringLiteral("-h"))) {
+        std::fputs(usage, stdout);
+        return 0;
+    }
+    if (args.size() != 2) {
+        std::fputs(usage, stderr);
+        return 2;
+    }
+    const QString command = args.at(0);
+    const QString path = pathArgument(args.at(1));
+    SetBadGroupHandler([](const QByteArray& four) {
+        std::fprintf(stderr, "tolvane-vault: Illegal Characters <%s> found; the program would ask, going on as OK\n",
+            four.constData());
+        return true;
+    });
+
+    if (command == QLatin1String("save")) {
+        QFile in;
+        if (!in.open(stdin, QIODevice::ReadOnly))
+            return fail(QStringLiteral("can't read standard input"));
+        QJsonParseError error {};
+        const QJsonDocument doc = QJsonDocument::fromJson(in.readAll(), &error);
+        if (error.error != QJsonParseError::NoError || !doc.isArray())
+            return fail(QStringLiteral("standard input is not a JSON array of entries: %1").arg(error.errorString()));
+        QList<EntryRecord> entries;
+        for (const QJsonValue& v : doc.array()) {
+            if (!v.isObject())
+                return fail(QStringLiteral("an entry is not a JSON object"));
+            EntryRecord e;
+            for (int i = 0; i < 8; ++i)
+                *field(e, i) = platform::ToCodePage(v.toObject().value(QLatin1String(fieldNames[i])).toString());
+            entries.append(e);
+        }
+        switch (SaveVault(path, entries)) {
+        case VaultSave::Saved:
+            return 0;
+        case VaultSave::TooLarge:
+            return fail(QStringLiteral("the entries make a vault text over %1 bytes, which the program can't keep; "
+                                       "nothing was written")
+                            .arg(MaxVaultText));
+        case VaultSave::WriteFailed:
+            return fail(QStringLiteral("can't write %1").arg(args.at(1)));
+        }
+        return 1;
+    }
+
+    if (command != QLatin1String("dump") && command != QLatin1String("unwrap") && command != QLatin1String("rescue")) {
+        std::fputs(usage, stderr);
+        return 2;
+    }
+    QByteArray bytes;
+    if (platform::FileLen(path) < 0)
+        return fail(QStringLiteral("no such file: %1").arg(args.at(1)));
+    if (!platform::ReadFileBytes(path, bytes))
+        return fail(QStringLiteral("can't read %1").arg(args.at(1)));
+    const QByteArray inner = LayerOff(bytes);
+    if (command == QLatin1String("unwrap")) {
+        std::fwrite(inner.constData(), 1, static_cast<size_t>(inner.size()), stdout);
+        return 0;
+    }
+    printJson(command == QLatin1String("dump") ? ParseInnerText(inner) : RescueInnerText(inner));
+    return 0;
+}
