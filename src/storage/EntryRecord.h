@@ -17,3 +17,17 @@ struct EntryRecord
 
     bool operator==(const EntryRecord&) const = default;
 };
+
+// The six fields that list.dat keeps as escaped Base64, in the order of their key lines.
+inline constexpr const char* EncodedKeys[] = { "name", "age", "interests", "address", "phone", "extra" };
+
+// The field of an encoded key, or null for any other key (picture included).
+inline QByteArray* EncodedField(EntryRecord& e, const QByteArray& key)
+{
+    QByteArray* fields[] = { &e.name, &e.age, &e.interests, &e.address, &e.phone, &e.extra };
+    for (int i = 0; i < 6; ++i) {
+        if (key == EncodedKeys[i])
+            return fields[i];
+    }
+    return nullptr;
+}

@@ -53,19 +53,7 @@ QList<EntryRecord> ParseInnerText(const QByteArray& text)
         for (qsizetype k = 1; k < keyLines.size(); ++k) {
             const QByteArray key = keyName(keyLines.at(k));
             const QByteArray value = KeyValue(keyLines.at(k));
-            QByteArray* field = nullptr;
-            if (key == "name")
-                field = &entry.name;
-            else if (key == "age")
-                field = &entry.age;
-            else if (key == "interests")
-                field = &entry.interests;
-            else if (key == "address")
-                field = &entry.address;
-            else if (key == "phone")
-                field = &entry.phone;
-            else if (key == "extra")
-                field = &entry.extra;
+            QByteArray* field = EncodedField(entry, key);
             if (field)
                 *field = Decode64(UnescapeValue(value));
             else if (key == "picture")
@@ -83,9 +71,8 @@ QByteArray ComposeInnerText(QList<EntryRecord>& entries)
         if (e.title.isEmpty())
             continue;
         out += '[' + e.title + "]\r\n";
-        const std::pair<const char*, QByteArray*> fields[] = { { "name", &e.name }, { "age", &e.age },
-            { "interests", &e.interests }, { "address", &e.address }, { "phone", &e.phone }, { "extra", &e.extra } };
-        for (const auto& [key, field] : fields) {
+        for (const char* key : EncodedKeys) {
+            QByteArray* field = EncodedField(e, key);
             if (!field->isEmpty())
                 out += QByteArray(key) + '=' + Encode64(EscapeValue(*field)) + "\r\n";
         }

@@ -21,23 +21,6 @@ bool isBase64Line(const QByteArray& line)
     return true;
 }
 
-QByteArray* fieldOf(EntryRecord& e, const QByteArray& key)
-{
-    if (key == "name")
-        return &e.name;
-    if (key == "age")
-        return &e.age;
-    if (key == "interests")
-        return &e.interests;
-    if (key == "address")
-        return &e.address;
-    if (key == "phone")
-        return &e.phone;
-    if (key == "extra")
-        return &e.extra;
-    return nullptr;
-}
-
 // The value as it was typed: all its Base64, decoded without the padding, escapes undone and
 // the code-0 characters that earlier loads added at its end taken off.
 QByteArray recoverValue(const QByteArray& base64)
@@ -78,7 +61,7 @@ QList<EntryRecord> RescueInnerText(const QByteArray& innerText)
                 && !(i + 2 == lines.size() && lines.at(i + 1).isEmpty()))
                 picture += "\r\n" + lines.at(++i);
             entry.picture = picture;
-        } else if (QByteArray* field = fieldOf(entry, key)) {
+        } else if (QByteArray* field = EncodedField(entry, key)) {
             QByteArray base64 = KeyValue(line);
             while (i + 1 < lines.size() && isBase64Line(lines.at(i + 1)))
                 base64 += lines.at(++i);

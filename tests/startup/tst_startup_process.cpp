@@ -42,7 +42,9 @@ private Q_SLOTS:
         // A fresh machine has no language yet: the one message that is no slot, then English.
         QCOMPARE(boxes(world).first(), QStringLiteral("16|Tolvane|Error: Failed loading selected language."));
         QVERIFY(world.read(QStringLiteral("registry/HKEY_CURRENT_USER.reg")).contains("curLang"));
-        QTest::qWait(500);
+        // The instance lock is taken right after the language table is loaded.
+        QTRY_VERIFY_WITH_TIMEOUT(
+            !QDir(world.path(QStringLiteral("run"))).entryList({ QStringLiteral("*.lock") }).isEmpty(), 10000);
 
         for (const QStringList& args : { QStringList(), QStringList { QStringLiteral("/RESTART") },
                  QStringList { QStringLiteral("/restart"), QStringLiteral("x") } }) {
