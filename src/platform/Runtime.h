@@ -28,6 +28,10 @@ void DoEvents();
 // over 32,767 bytes doesn't spend a hundred milliseconds asking an empty queue.
 void YieldStep();
 
+// The runtime's Time and Date as text: the system's short forms, for showing only.
+QString TimeOfDayText();
+QString DateText();
+
 void InitCommonControls();
 void InitCommonControlsEx(int size, int flags);
 // Creates a named mutex that nobody looks at again; returns a handle or 0.

@@ -1,6 +1,19 @@
 #pragma once
 // Sizes and positions of controls are twips: 15 to a pixel at 96 dpi, the one conversion.
+#include <QWidget>
+
 inline int Twips(int twips)
 {
     return (twips + 7) / 15;
+}
+
+inline int PixelsToTwips(int pixels)
+{
+    return pixels * 15;
+}
+
+// Left, Top, Width, Height in twips.
+inline void PlaceTwips(QWidget* control, int left, int top, int width, int height)
+{
+    control->setGeometry(Twips(left), Twips(top), Twips(width), Twips(height));
 }

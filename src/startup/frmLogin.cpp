@@ -1,21 +1,223 @@
 #include "startup/frmLogin.h"
 
+#include "platform/Files.h"
 #include "platform/MessageBox.h"
+#include "platform/Runtime.h"
 #include "platform/Twips.h"
+#include "services/frmContainer.h"
+#include "services/modLanguage.h"
+#include "services/modRegistry2.h"
+#include "startup/LogIn.h"
+#include "startup/ProgramPictures.h"
+#include "startup/modMD5.h"
+#include "storage/DataRoot.h"
+#include "storage/modDirectories.h"
+#include "storage/modIni2.h"
+#include "vault/frmMain.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace {
+
+// Combo1 as a list for the list-file routines.
+class ComboList : public ListControl
+{
+public:
+    explicit ComboList(QComboBox* combo)
+        : box(combo)
+    {
+    }
+    void Clear() override { box->clear(); }
+    void AddItem(const QString& item, int index) override
+    {
+        if (index < 0 || index > box->count())
+            box->addItem(item);
+        else
+            box->insertItem(index, item);
+    }
+    int ListCount() const override { return box->count(); }
+    QString List(int index) const override { return box->itemText(index); }
+
+private:
+    QComboBox* box;
+};
+
+} // namespace
 
 frmLogin::frmLogin()
 {
     setObjectName(QStringLiteral("frmLogin"));
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle(platform::AppTitle());
-    resize(Twips(4800), Twips(2400));
+    setFixedSize(Twips(4800), Twips(2400));
+
+    auto named = [](QWidget* w, const char* name) {
+        w->setObjectName(QLatin1String(name));
+        return w;
+    };
+    Image1 = static_cast<QLabel*>(named(new QLabel(this), "Image1"));
+    Image1->setPixmap(ProgramIcon().pixmap(Twips(480), Twips(480)));
+    PlaceTwips(Image1, 120, 120, 480, 480);
+    Label1 = static_cast<QLabel*>(named(new QLabel(this), "Label1"));
+    QFont heading = Label1->font();
+    heading.setBold(true);
+    Label1->setFont(heading);
+    PlaceTwips(Label1, 720, 240, 3960, 285);
+    Label2 = static_cast<QLabel*>(named(new QLabel(this), "Label2"));
+    PlaceTwips(Label2, 720, 780, 1080, 285);
+    Combo1 = static_cast<QComboBox*>(named(new QComboBox(this), "Combo1"));
+    Combo1->setEditable(false);
+    PlaceTwips(Combo1, 1800, 720, 2880, 330);
+    Label2->setBuddy(Combo1);
+    Label3 = static_cast<QLabel*>(named(new QLabel(this), "Label3"));
+    PlaceTwips(Label3, 720, 1260, 1080, 285);
+    // The password stays readable as it is typed: that is how this window has always been.
+    Text2 = static_cast<QLineEdit*>(named(new QLineEdit(this), "Text2"));
+    PlaceTwips(Text2, 1800, 1200, 2880, 330);
+    Label3->setBuddy(Text2);
+    md5aa = static_cast<QLineEdit*>(named(new QLineEdit(this), "md5aa"));
+    md5aa->setVisible(false);
+    Command1 = static_cast<QPushButton*>(named(new QPushButton(this), "Command1"));
+    Command1->setDefault(true);
+    PlaceTwips(Command1, 2280, 1800, 1140, 375);
+    Command2 = static_cast<QPushButton*>(named(new QPushButton(this), "Command2"));
+    PlaceTwips(Command2, 3540, 1800, 1140, 375);
+    connect(Command1, &QPushButton::clicked, this, &frmLogin::Command1_Click);
+    connect(Command2, &QPushButton::clicked, this, &frmLogin::Command2_Click);
+    setTabOrder(Combo1, Text2);
+    setTabOrder(Text2, Command1);
+    setTabOrder(Command1, Command2);
 }
 
-void frmLogin::Form_Load() { }
+void frmLogin::Form_Initialize()
+{
+    platform::InitCommonControlsEx(8, 512);
+}
+
+void frmLogin::selectProfile(const QString& name)
+{
+    const int index = Combo1->findText(name, Qt::MatchExactly | Qt::MatchCaseSensitive);
+    if (index >= 0)
+        Combo1->setCurrentIndex(index);
+}
+
+void frmLogin::Form_Load()
+{
+    Label1->setText(Lang(188));
+    Label2->setText(Lang(189));
+    Label3->setText(Lang(190));
+    Command1->setText(Lang(191));
+    Command2->setText(Lang(147));
+
+    // The one-time reset: from then on Administrator has no password until one is written.
+    if (GetProgramSetting(QStringLiteral("SP1")) != QLatin1String("1")) {
+        SaveProgramSetting(QStringLiteral("SP1"), QStringLiteral("1"));
+        platform::Kill(DataFolder() + QStringLiteral("Administrator\\settings.txt"));
+    }
+
+    ComboList list(Combo1);
+    LoadComboFile(DataFolder() + QStringLiteral("users.txt"), list);
+    Combo1->setCurrentIndex(-1);
+
+    const QString config = ConfigFile();
+    if (!AdministratorMarkerExists()) {
+        // First start: no password is looked at while this marker is missing.
+        WriteIni(Keys::user, Keys::current, QStringLiteral("Administrator"), config);
+        WriteIni(Keys::user, Keys::defaultProfile, QStringLiteral("Administrator"), config);
+        MakeDirTree(DataFolder() + QStringLiteral("Administrator"));
+        openVault(false);
+        return;
+    }
+
+    if (GetIni(Keys::user, Keys::tempChangeable, config) == QLatin1String("True")) {
+        if (NamedProfileMarkerExists(Keys::tempChangeable2))
+            selectProfile(GetIni(Keys::user, Keys::tempChangeable2, config));
+    } else if (NamedProfileMarkerExists(Keys::defaultProfile)) {
+        selectProfile(GetIni(Keys::user, Keys::defaultProfile, config));
+    } else {
+        platform::MsgBox(Lang(187), 16);
+        selectProfile(QStringLiteral("Administrator"));
+        return;
+    }
+    if (NamedProfileMarkerExists(Keys::switchTo))
+        selectProfile(GetIni(Keys::user, Keys::switchTo, config));
+
+    const QString profile = Combo1->currentText();
+    const QString settings = DataFolder() + profile + QStringLiteral("\\settings.txt");
+    if (GetIni(Keys::settings, Keys::password, settings).isEmpty()) {
+        WriteIni(Keys::user, Keys::current, profile, config);
+        openVault(false);
+    }
+}
+
+void frmLogin::Command1_Click()
+{
+    const QString profile = Combo1->currentText();
+    if (!ProfileMarkerExists(profile)) {
+        platform::MsgBox(Lang(186), 16);
+        return;
+    }
+    md5aa->setText(GetIni(Keys::settings, Keys::password, DataFolder() + profile + QStringLiteral("\\settings.txt")));
+    if (md5aa->text() != MD5Hex(Text2->text())) {
+        platform::MsgBox(Lang(185), 64);
+        return;
+    }
+    WriteIni(Keys::user, Keys::current, profile, ConfigFile());
+    openVault(true);
+}
+
+void frmLogin::openVault(bool typedLogin)
+{
+    frmContainer::Instance();
+    frmMain* main = frmMain::Instance();
+    main->show();
+    if (typedLogin)
+        main->Timer3->start();
+    unload();
+}
+
+void frmLogin::Command2_Click()
+{
+    unload();
+    // With no other window open, the process ends.
+    if (!frmMain::Loaded())
+        QCoreApplication::quit();
+}
+
+void frmLogin::unload()
+{
+    if (unloaded)
+        return;
+    unloaded = true;
+    md5aa->clear();
+    Text2->clear();
+    close();
+}
+
+void frmLogin::closeEvent(QCloseEvent* event)
+{
+    if (!unloaded && event->spontaneous()) {
+        Command2_Click(); // the close box cancels, as Command2 does
+        return;
+    }
+    QDialog::closeEvent(event);
+}
+
+void frmLogin::reject()
+{
+    Command2_Click(); // Escape
+}
 
 void ShowLogin()
 {
     auto* login = new frmLogin;
+    login->Form_Initialize();
     login->Form_Load();
-    login->show();
+    if (!login->Unloaded())
+        login->show();
 }

@@ -13,6 +13,9 @@ int main(int argc, char* argv[])
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Tolvane"));
     QApplication::setWindowIcon(ProgramIcon());
+    // The run ends by its own commands, not when a window closes: the login hands over to the
+    // vault window, and the host window stays when the vault window is closed.
+    QApplication::setQuitOnLastWindowClosed(false);
     platform::SetCommandLine(QApplication::arguments());
     platform::InstallWindowMessageBoxes();
 

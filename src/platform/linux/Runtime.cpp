@@ -4,10 +4,13 @@
 #include "platform/Paths.h"
 
 #include <QCoreApplication>
+#include <QDate>
 #include <QElapsedTimer>
 #include <QFileInfo>
 #include <QHash>
+#include <QLocale>
 #include <QProcess>
+#include <QTime>
 
 #include <cstdio>
 #include <cstdlib>
@@ -48,6 +51,8 @@ QString ErrorText(int number)
         { 75, QStringLiteral("Path/File access error") },
         { 76, QStringLiteral("Path not found") },
         { 321, QStringLiteral("Invalid file format") },
+        { 481, QStringLiteral("Invalid picture") },
+        { 32755, QStringLiteral("Cancel was selected.") },
     };
     return texts.value(number, QStringLiteral("Application-defined or object-defined error"));
 }
@@ -85,6 +90,20 @@ void YieldStep()
         return;
     DoEvents();
     sinceLast.start();
+}
+
+QString TimeOfDayText()
+{
+    // The short form without seconds would lose what the runtime's Time shows.
+    QString format = QLocale::system().timeFormat(QLocale::ShortFormat);
+    if (!format.contains(QLatin1Char('s')))
+        format.replace(QStringLiteral("mm"), QStringLiteral("mm:ss"));
+    return QLocale::system().toString(QTime::currentTime(), format);
+}
+
+QString DateText()
+{
+    return QLocale::system().toString(QDate::currentDate(), QLocale::ShortFormat);
 }
 
 void InitCommonControls() { }

@@ -1,0 +1,27 @@
+#pragma once
+// The seven boxes of an entry, as both the vault window and the new-entry dialog have them.
+#include "storage/EntryRecord.h"
+
+class QObject;
+class TextBox;
+
+struct EntryBoxes
+{
+    TextBox* txtDetails;
+    TextBox* txtFullName;
+    TextBox* txtPhone;
+    TextBox* txtAge;
+    TextBox* txtAddress;
+    TextBox* txtInterests;
+    TextBox* txtExtra;
+};
+
+// Each box carries its whole text into its field of currentEntry when it loses the focus.
+void CarryIntoCurrentEntry(QObject* context, const EntryBoxes& boxes);
+
+// Copies the record into the boxes: address, age, title, note, user name, document, phrase.
+void ShowEntry(const EntryBoxes& boxes, const EntryRecord& entry);
+
+// A field's code-page bytes as the boxes show them, and back.
+QString Shown(const QByteArray& field);
+QByteArray Stored(const QString& text);

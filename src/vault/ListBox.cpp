@@ -1,0 +1,105 @@
+#include "vault/ListBox.h"
+
+#include <QCollator>
+#include <QKeyEvent>
+#include <QMouseEvent>
+
+ListBox::ListBox(bool sortedRows, QWidget* parent)
+    : QListWidget(parent)
+    , sorted(sortedRows)
+{
+    setSelectionMode(QAbstractItemView::SingleSelection);
+    setUniformItemSizes(true);
+}
+
+int ListBox::CompareRows(const QString& a, const QString& b)
+{
+    static const QCollator collator = [] {
+        QCollator c;
+        c.setCaseSensitivity(Qt::CaseInsensitive);
+        return c;
+    }();
+    const int byCollation = collator.compare(a, b);
+    if (byCollation != 0)
+        return byCollation;
+    return QString::compare(a, b, Qt::CaseInsensitive);
+}
+
+void ListBox::Clear()
+{
+    clear();
+}
+
+void ListBox::AddItem(const QString& item, int index)
+{
+    if (!sorted) {
+        if (index < 0 || index > count())
+            addItem(item);
+        else
+            insertItem(index, item);
+        return;
+    }
+    // After every row that does not come later, so equal rows keep the order they came in.
+    int low = 0;
+    int high = count();
+    while (low < high) {
+        const int middle = (low + high) / 2;
+        if (CompareRows(QListWidget::item(middle)->text(), item) <= 0)
+            low = middle + 1;
+        else
+            high = middle;
+    }
+    insertItem(low, item);
+}
+
+int ListBox::ListCount() const
+{
+    return count();
+}
+
+QString ListBox::List(int index) const
+{
+    const QListWidgetItem* row = item(index);
+    return row ? row->text() : QString();
+}
+
+QString ListBox::Text() const
+{
+    const int index = ListIndex();
+    return index < 0 ? QString() : List(index);
+}
+
+int ListBox::ListIndex() const
+{
+    const QList<QListWidgetItem*> chosen = selectedItems();
+    return chosen.isEmpty() ? -1 : row(chosen.first());
+}
+
+void ListBox::SetListIndex(int index)
+{
+    if (index < 0 || index >= count()) {
+        clearSelection();
+        return;
+    }
+    setCurrentRow(index);
+}
+
+void ListBox::RemoveItem(int index)
+{
+    delete takeItem(index);
+}
+
+void ListBox::mouseReleaseEvent(QMouseEvent* event)
+{
+    QListWidget::mouseReleaseEvent(event);
+    if (event->button() == Qt::LeftButton)
+        Q_EMIT Click();
+}
+
+void ListBox::keyPressEvent(QKeyEvent* event)
+{
+    const int before = ListIndex();
+    QListWidget::keyPressEvent(event);
+    if (ListIndex() != before)
+        Q_EMIT Click();
+}

@@ -1,0 +1,41 @@
+#pragma once
+// The runtime's list box: rows of text, one selected at most, and a Click that comes with every
+// mouse click in it and with every change of row by the keyboard. A sorted list keeps its rows
+// in alphabetical order of their whole text without regard to case, whatever order they come
+// in (the toolkit's own sorting is case-sensitive, so the order is kept here).
+#include "storage/ListControl.h"
+
+#include <QListWidget>
+
+class ListBox : public QListWidget, public ListControl
+{
+    Q_OBJECT
+public:
+    explicit ListBox(bool sorted, QWidget* parent = nullptr);
+
+    // The row order of a sorted list: negative when a stands before b.
+    static int CompareRows(const QString& a, const QString& b);
+
+    void Clear() override;
+    // A sorted list puts the row in its place and ignores the index.
+    void AddItem(const QString& item, int index = -1) override;
+    int ListCount() const override;
+    QString List(int index) const override;
+
+    // The text of the selected row, empty when none is selected.
+    QString Text() const;
+    // The selected row, -1 when none is.
+    int ListIndex() const;
+    void SetListIndex(int index);
+    void RemoveItem(int index);
+
+Q_SIGNALS:
+    void Click();
+
+protected:
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    bool sorted;
+};

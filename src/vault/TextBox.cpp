@@ -1,0 +1,132 @@
+#include "vault/TextBox.h"
+
+#include <QFocusEvent>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QMouseEvent>
+#include <QPlainTextEdit>
+#include <QPushButton>
+
+TextBox::TextBox(Kind kind, QWidget* parent)
+    : QWidget(parent)
+{
+    QWidget* editor = nullptr;
+    if (kind == SingleLine) {
+        line = new QLineEdit(this);
+        editor = line;
+    } else {
+        plain = new QPlainTextEdit(this);
+        plain->setTabChangesFocus(true);
+        plain->setLineWrapMode(QPlainTextEdit::WidgetWidth);
+        plain->viewport()->installEventFilter(this);
+        editor = plain;
+    }
+    editor->installEventFilter(this);
+    setFocusProxy(editor);
+    setFocusPolicy(Qt::StrongFocus);
+}
+
+QWidget* TextBox::Editor() const
+{
+    return line ? static_cast<QWidget*>(line) : static_cast<QWidget*>(plain);
+}
+
+QString TextBox::Text() const
+{
+    if (line)
+        return line->text();
+    QString text = plain->toPlainText();
+    text.replace(QLatin1Char('\n'), QStringLiteral("\r\n"));
+    return text;
+}
+
+void TextBox::SetText(const QString& text)
+{
+    if (line) {
+        line->setText(text);
+        return;
+    }
+    QString shown = text;
+    shown.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    plain->setPlainText(shown);
+}
+
+void TextBox::SetLocked(bool value)
+{
+    locked = value;
+    if (line)
+        line->setReadOnly(value);
+    else
+        plain->setReadOnly(value);
+}
+
+void TextBox::SetPasswordChar(const QString& character)
+{
+    if (line)
+        line->setEchoMode(character.isEmpty() ? QLineEdit::Normal : QLineEdit::Password);
+}
+
+QString TextBox::PasswordChar() const
+{
+    return (line && line->echoMode() == QLineEdit::Password) ? QStringLiteral("*") : QString();
+}
+
+void TextBox::SetScrollBars(bool horizontal, bool vertical)
+{
+    if (!plain)
+        return;
+    plain->setHorizontalScrollBarPolicy(horizontal ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
+    plain->setVerticalScrollBarPolicy(vertical ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
+    // A box with a horizontal bar doesn't wrap its lines.
+    plain->setLineWrapMode(horizontal ? QPlainTextEdit::NoWrap : QPlainTextEdit::WidgetWidth);
+}
+
+bool TextBox::pressDefaultButton()
+{
+    const QList<QPushButton*> buttons = window()->findChildren<QPushButton*>();
+    for (QPushButton* button : buttons) {
+        if (button->isDefault() && button->isVisible() && button->isEnabled()) {
+            button->click();
+            return true;
+        }
+    }
+    return false;
+}
+
+bool TextBox::eventFilter(QObject* watched, QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::FocusOut: {
+        const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+        if (watched == Editor() && reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason)
+            Q_EMIT LostFocus();
+        break;
+    }
+    case QEvent::MouseButtonRelease:
+        if (static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton)
+            Q_EMIT Click();
+        break;
+    case QEvent::KeyPress: {
+        auto* key = static_cast<QKeyEvent*>(event);
+        if (plain && watched == plain && (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter)) {
+            if (key->modifiers() & Qt::ControlModifier) {
+                if (!plain->isReadOnly())
+                    plain->insertPlainText(QStringLiteral("\n"));
+                return true;
+            }
+            if (pressDefaultButton())
+                return true;
+        }
+        break;
+    }
+    default:
+        break;
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void TextBox::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    Editor()->setGeometry(rect());
+}

@@ -1,0 +1,53 @@
+#pragma once
+// The runtime's text box: one line or several, Locked (read-only but still focusable), a
+// password character, and the two events the windows use: Click (a left click in the box) and
+// LostFocus (the focus went to another control of the same window: a click there, Tab, or a
+// default button; not a menu, and not another window coming to the front).
+// A box of several lines keeps its text with CR LF line ends, as the files have them, and when
+// its window has a default button Enter presses it and Ctrl+Enter breaks the line.
+#include <QWidget>
+
+class QLineEdit;
+class QPlainTextEdit;
+
+class TextBox : public QWidget
+{
+    Q_OBJECT
+public:
+    enum Kind
+    {
+        SingleLine,
+        MultiLine
+    };
+    explicit TextBox(Kind kind, QWidget* parent = nullptr);
+
+    QString Text() const;
+    void SetText(const QString& text);
+    bool Locked() const { return locked; }
+    void SetLocked(bool value);
+    // "*" masks a one-line box, the empty text shows it in clear.
+    void SetPasswordChar(const QString& character);
+    QString PasswordChar() const;
+    // The scroll bars of a box of several lines.
+    void SetScrollBars(bool horizontal, bool vertical);
+
+    // The editor inside, for the edit messages and for tests.
+    QWidget* Editor() const;
+    QLineEdit* LineEditor() const { return line; }
+    QPlainTextEdit* PlainEditor() const { return plain; }
+
+Q_SIGNALS:
+    void Click();
+    void LostFocus();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    bool pressDefaultButton();
+
+    QLineEdit* line = nullptr;
+    QPlainTextEdit* plain = nullptr;
+    bool locked = false;
+};

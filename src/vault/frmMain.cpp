@@ -1,0 +1,675 @@
+#include "vault/frmMain.h"
+
+#include "platform/CodePage.h"
+#include "platform/Dialogs.h"
+#include "platform/MessageBox.h"
+#include "platform/Runtime.h"
+#include "platform/Twips.h"
+#include "services/frmContainer.h"
+#include "services/modLanguage.h"
+#include "storage/DataRoot.h"
+#include "storage/VaultFile.h"
+#include "storage/modDirectories.h"
+#include "storage/modIni2.h"
+#include "vault/EntryBoxes.h"
+#include "vault/ListBox.h"
+#include "vault/TextBox.h"
+#include "vault/frmView.h"
+#include "vault/modRoster.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QLabel>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QStatusBar>
+#include <QStyle>
+
+namespace {
+
+frmMain*& instancePointer()
+{
+    static frmMain* form = nullptr;
+    return form;
+}
+
+// Works out the values of an always-on-top request and returns: the call that would use them
+// was never made, so the window stays an ordinary one whatever `s1` says.
+void modFormOnTop(qint16 onTop)
+{
+    [[maybe_unused]] const int flags = 83;
+    [[maybe_unused]] const int position = onTop ? -1 : -2;
+}
+
+} // namespace
+
+QString RowTitle(const QString& row)
+{
+    const qsizetype cut = row.indexOf(QStringLiteral(" ("));
+    return cut < 0 ? row : row.left(cut);
+}
+
+std::optional<QString> SearchRow(const EntryRecord& e, const QString& needle)
+{
+    const QString title = Shown(e.title);
+    auto holds = [&needle](const QByteArray& field) { return Shown(field).toLower().contains(needle); };
+    if (holds(e.title))
+        return title;
+    if (holds(e.name))
+        return title + QStringLiteral(" (") + Shown(e.name) + QLatin1Char(')');
+    if (holds(e.age))
+        return title + QStringLiteral(" (Password: ") + Shown(e.age) + QLatin1Char(')');
+    if (holds(e.interests))
+        return title;
+    if (holds(e.address))
+        return title + QStringLiteral(" (URL: ") + Shown(e.address) + QLatin1Char(')');
+    if (holds(e.phone))
+        return title + QStringLiteral(" (Passphrase: ") + Shown(e.phone) + QLatin1Char(')');
+    if (holds(e.extra))
+        return title;
+    return std::nullopt;
+}
+
+frmMain* frmMain::Instance()
+{
+    if (!instancePointer()) {
+        instancePointer() = new frmMain;
+        instancePointer()->Form_Load();
+    }
+    return instancePointer();
+}
+
+frmMain* frmMain::Loaded()
+{
+    return instancePointer();
+}
+
+void frmMain::Unload()
+{
+    frmMain* form = instancePointer();
+    if (!form)
+        return;
+    instancePointer() = nullptr;
+    form->unloaded = true;
+    form->Form_Unload();
+    form->hide();
+    form->deleteLater();
+}
+
+frmMain::frmMain()
+{
+    setObjectName(QStringLiteral("frmMain"));
+    buildMenus();
+    buildControls();
+    Timer1 = new QTimer(this);
+    Timer1->setObjectName(QStringLiteral("Timer1"));
+    Timer1->setInterval(100);
+    connect(Timer1, &QTimer::timeout, this, &frmMain::Timer1_Timer);
+    Timer1->start();
+    Timer3 = new QTimer(this);
+    Timer3->setObjectName(QStringLiteral("Timer3"));
+    Timer3->setInterval(1000);
+    connect(Timer3, &QTimer::timeout, this, &frmMain::Timer3_Timer);
+    // The design client area is 9030 by 6300 twips below the menu bar.
+    resize(Twips(9030), Twips(6300) + menuBar()->sizeHint().height());
+}
+
+void frmMain::buildMenus()
+{
+    auto menu = [this](const char* name) {
+        auto* m = menuBar()->addMenu(QString());
+        m->setObjectName(QLatin1String(name));
+        return m;
+    };
+    auto entry = [this](QMenu* m, const char* name) {
+        auto* a = m->addAction(QString());
+        a->setObjectName(QLatin1String(name));
+        return a;
+    };
+    mnuFile = menu("mnuFile");
+    mnuNew = entry(mnuFile, "mnuNew");
+    mnuDelete = entry(mnuFile, "mnuDelete");
+    mnuFile->addSeparator();
+    mnuImport = entry(mnuFile, "mnuImport");
+    mnuExport = entry(mnuFile, "mnuExport");
+    mnuFile->addSeparator();
+    mnuPrint = entry(mnuFile, "mnuPrint");
+    mnuFile->addSeparator();
+    mnuClose = entry(mnuFile, "mnuClose");
+
+    mnuEdit = menu("mnuEdit");
+    mnuUndo = entry(mnuEdit, "mnuUndo");
+    mnuRedo = entry(mnuEdit, "mnuRedo");
+    mnuEdit->addSeparator();
+    cmdCut = entry(mnuEdit, "cmdCut");
+    cmdCopy = entry(mnuEdit, "cmdCopy");
+    cmdPaste = entry(mnuEdit, "cmdPaste");
+    mnuEdit->addSeparator();
+    cmdClearClip = entry(mnuEdit, "cmdClearClip");
+
+    mnuView = menu("mnuView");
+    mnuOpenDoc = entry(mnuView, "mnuOpenDoc");
+    mnuOpenUrl = entry(mnuView, "mnuOpenUrl");
+    mnuView->addSeparator();
+    mnuRefresh = entry(mnuView, "mnuRefresh");
+
+    mnuReports = menu("mnuReports");
+    mnuReportList = entry(mnuReports, "mnuReportList");
+
+    mnuTools = menu("mnuTools");
+    mnuPassGen = entry(mnuTools, "mnuPassGen");
+    mnuTools->addSeparator();
+    mnuSettings = entry(mnuTools, "mnuSettings");
+
+    mnuHelp = menu("mnuHelp");
+    read1 = entry(mnuHelp, "read1");
+    lic1 = entry(mnuHelp, "lic1");
+    aktul = entry(mnuHelp, "aktul");
+    strwww = entry(mnuHelp, "strwww");
+    mnuHelp->addSeparator();
+    mnuAbout = entry(mnuHelp, "mnuAbout");
+
+    mnuPop = new QMenu(this);
+    mnuPop->setObjectName(QStringLiteral("mnuPop"));
+    mnuOpen = entry(mnuPop, "mnuOpen");
+    mnuPop->addSeparator();
+    mnuUpdate = entry(mnuPop, "mnuUpdate");
+    mnuPop->addSeparator();
+    mnuWWW = entry(mnuPop, "mnuWWW");
+    mnuForum = entry(mnuPop, "mnuForum");
+    mnuPop->addSeparator();
+    mnuAbout2 = entry(mnuPop, "mnuAbout2");
+    mnuClose2 = entry(mnuPop, "mnuClose2");
+
+    connect(mnuNew, &QAction::triggered, this, &frmMain::mnuNew_Click);
+    connect(mnuDelete, &QAction::triggered, this, &frmMain::mnuDelete_Click);
+    connect(mnuClose, &QAction::triggered, this, &frmMain::mnuClose_Click);
+    connect(mnuRefresh, &QAction::triggered, this, &frmMain::mnuRefresh_Click);
+    connect(mnuOpen, &QAction::triggered, this, &frmMain::mnuOpen_Click);
+    connect(mnuClose2, &QAction::triggered, this, &frmMain::mnuClose2_Click);
+}
+
+void frmMain::buildControls()
+{
+    auto* client = new QWidget(this);
+    client->setObjectName(QStringLiteral("client"));
+    setCentralWidget(client);
+
+    auto named = [](QWidget* w, const char* name) {
+        w->setObjectName(QLatin1String(name));
+        return w;
+    };
+    auto label = [&](const char* name) { return static_cast<QLabel*>(named(new QLabel(client), name)); };
+    auto box = [&](const char* name, TextBox::Kind kind) {
+        return static_cast<TextBox*>(named(new TextBox(kind, client), name));
+    };
+    auto button = [&](const char* name) { return static_cast<QPushButton*>(named(new QPushButton(client), name)); };
+
+    Image8 = label("Image8");
+    Image8->setAutoFillBackground(true);
+    Image8->setBackgroundRole(QPalette::Midlight);
+    PlaceTwips(Image8, 0, 0, 9270, 330);
+    Line1 = static_cast<QFrame*>(named(new QFrame(client), "Line1"));
+    Line1->setFrameShape(QFrame::HLine);
+    Line1->setFrameShadow(QFrame::Sunken);
+    PlaceTwips(Line1, 0, 315, 9270, 30);
+
+    // The toolbar: pictures without text, at their design Left. Its own pictures come with the
+    // skinned button; until then the style's standard icons stand in.
+    struct Tool
+    {
+        QPushButton** control;
+        const char* name;
+        int left;
+        QStyle::StandardPixmap icon;
+    };
+    const Tool tools[] = {
+        { &Command9, "Command9", 120, QStyle::SP_FileIcon },
+        { &Command10, "Command10", 480, QStyle::SP_TrashIcon },
+        { &Command11, "Command11", 900, QStyle::SP_FileDialogDetailedView },
+        { &Command12, "Command12", 1260, QStyle::SP_FileDialogContentsView },
+        { &Command13, "Command13", 1690, QStyle::SP_DialogSaveButton },
+        { &Command14, "Command14", 2060, QStyle::SP_DialogDiscardButton },
+        { &Command15, "Command15", 2420, QStyle::SP_DialogOpenButton },
+        { &Command16, "Command16", 2820, QStyle::SP_ArrowBack },
+        { &Command17, "Command17", 3180, QStyle::SP_ArrowForward },
+        { &Command18, "Command18", 3620, QStyle::SP_FileDialogInfoView },
+    };
+    for (const Tool& t : tools) {
+        *t.control = button(t.name);
+        (*t.control)->setIcon(style()->standardIcon(t.icon));
+        (*t.control)->setFlat(true);
+        PlaceTwips(*t.control, t.left, 0, 375, 375);
+    }
+    connect(Command9, &QPushButton::clicked, this, &frmMain::Command9_Click);
+    connect(Command10, &QPushButton::clicked, this, &frmMain::Command10_Click);
+
+    Label2 = label("Label2");
+    PlaceTwips(Label2, 120, 405, 2415, 330);
+    Command2 = button("Command2");
+    PlaceTwips(Command2, 120, 760, 2415, 375);
+    Command2->setVisible(false);
+    connect(Command2, &QPushButton::clicked, this, &frmMain::Command2_Click);
+    lstResults = static_cast<ListBox*>(named(new ListBox(true, client), "lstResults"));
+    PlaceTwips(lstResults, 120, 840, 2415, 4785);
+    connect(lstResults, &ListBox::Click, this, &frmMain::lstResults_Click);
+    lstData2 = static_cast<ListBox*>(named(new ListBox(false, client), "lstData2"));
+    lstData2->setVisible(false);
+
+    Label1 = label("Label1");
+    Label1->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    PlaceTwips(Label1, 4080, 0, 1000, 330);
+    txtSearch = box("txtSearch", TextBox::SingleLine);
+    PlaceTwips(txtSearch, 5160, 20, 2400, 300);
+    Command1 = button("Command1");
+    Command1->setIcon(style()->standardIcon(QStyle::SP_FileDialogContentsView));
+    PlaceTwips(Command1, 7620, 0, 615, 375);
+    connect(Command1, &QPushButton::clicked, this, &frmMain::Command1_Click);
+
+    Label3 = label("Label3");
+    QFont bold = Label3->font();
+    bold.setBold(true);
+    Label3->setFont(bold);
+    PlaceTwips(Label3, 2640, 405, 4335, 330);
+
+    struct Field
+    {
+        QLabel** caption;
+        const char* captionName;
+        int captionLeft;
+        TextBox** control;
+        const char* name;
+        int top;
+        int height;
+        TextBox::Kind kind;
+    };
+    const Field fields[] = {
+        { &lblViewID, "lblViewID", 2640, &txtDetails, "txtDetails", 840, 330, TextBox::SingleLine },
+        { &lblFullName, "lblFullName", 2640, &txtFullName, "txtFullName", 1200, 330, TextBox::SingleLine },
+        { &lblPhone, "lblPhone", 2520, &txtPhone, "txtPhone", 1560, 330, TextBox::SingleLine },
+        { &lblAge, "lblAge", 2640, &txtAge, "txtAge", 1920, 330, TextBox::SingleLine },
+        { &lblAddress, "lblAddress", 2640, &txtAddress, "txtAddress", 2280, 330, TextBox::SingleLine },
+        { &lblInterests, "lblInterests", 2640, &txtInterests, "txtInterests", 2640, 330, TextBox::MultiLine },
+        { &lblExtra, "lblExtra", 2640, &txtExtra, "txtExtra", 3000, 2355, TextBox::MultiLine },
+    };
+    for (const Field& f : fields) {
+        *f.caption = label(f.captionName);
+        PlaceTwips(*f.caption, f.captionLeft, f.top + 45, 3840 - f.captionLeft - 60, 285);
+        *f.control = box(f.name, f.kind);
+        PlaceTwips(*f.control, 3840, f.top, 4335, f.height);
+        (*f.caption)->setBuddy(*f.control);
+    }
+    txtDetails->SetLocked(true);
+    txtDetails->Editor()->setBackgroundRole(QPalette::Window);
+    txtInterests->SetScrollBars(false, true);
+    txtExtra->SetScrollBars(true, true);
+    txtExtra->resize(Twips(5055), txtExtra->height());
+
+    CarryIntoCurrentEntry(this, Boxes());
+
+    // The record of the field clicked last; it sits under the note box, out of sight.
+    Label4 = label("Label4");
+    Label4->setText(QStringLiteral("Label4"));
+    PlaceTwips(Label4, 3840, 4000, 1000, 255);
+    Label4->lower();
+
+    cmdSaveChanges = button("cmdSaveChanges");
+    PlaceTwips(cmdSaveChanges, 7680, 5400, 1215, 375);
+    connect(cmdSaveChanges, &QPushButton::clicked, this, &frmMain::cmdSaveChanges_Click);
+
+    const int stretches[4] = { 1, 1, 2, 2 };
+    for (int i = 0; i < 4; ++i) {
+        StatusBar1Panel[i] = new QLabel(this);
+        StatusBar1Panel[i]->setObjectName(QStringLiteral("StatusBar1Panel%1").arg(i + 1));
+        statusBar()->addWidget(StatusBar1Panel[i], stretches[i]);
+    }
+    statusBar()->setSizeGripEnabled(true);
+}
+
+void frmMain::setCaptions()
+{
+    const std::pair<QMenu*, int> menus[] = {
+        { mnuFile, 206 },
+        { mnuEdit, 213 },
+        { mnuView, 220 },
+        { mnuReports, 224 },
+        { mnuTools, 226 },
+        { mnuHelp, 229 },
+    };
+    for (const auto& [menu, slot] : menus)
+        menu->setTitle(Lang(slot));
+    const std::pair<QAction*, int> entries[] = {
+        { mnuNew, 207 },
+        { mnuDelete, 208 },
+        { mnuImport, 209 },
+        { mnuExport, 210 },
+        { mnuPrint, 211 },
+        { mnuClose, 212 },
+        { mnuUndo, 214 },
+        { mnuRedo, 215 },
+        { cmdCut, 216 },
+        { cmdCopy, 217 },
+        { cmdPaste, 218 },
+        { cmdClearClip, 219 },
+        { mnuOpenDoc, 221 },
+        { mnuOpenUrl, 222 },
+        { mnuRefresh, 223 },
+        { mnuReportList, 225 },
+        { mnuPassGen, 227 },
+        { mnuSettings, 228 },
+        { read1, 232 },
+        { lic1, 233 },
+        { aktul, 234 },
+        { strwww, 235 },
+        { mnuAbout, 236 },
+        { mnuOpen, 237 },
+        { mnuUpdate, 234 },
+        { mnuWWW, 235 },
+        { mnuForum, 238 },
+        { mnuAbout2, 236 },
+        { mnuClose2, 212 },
+    };
+    for (const auto& [action, slot] : entries)
+        action->setText(Lang(slot));
+    const std::pair<QLabel*, int> labels[] = {
+        { Label1, 239 },
+        { lblViewID, 241 },
+        { lblFullName, 242 },
+        { lblPhone, 243 },
+        { lblAge, 244 },
+        { lblAddress, 245 },
+        { lblInterests, 246 },
+        { lblExtra, 247 },
+        { Label2, 201 },
+    };
+    for (const auto& [control, slot] : labels)
+        control->setText(Lang(slot));
+    Command2->setText(Lang(240));
+    cmdSaveChanges->setText(Lang(248));
+}
+
+void frmMain::setPanel(int panel, const QString& text)
+{
+    StatusBar1Panel[panel - 1]->setText(text);
+}
+
+void frmMain::Form_Load()
+{
+    setCaptions();
+    // From here on a failing step is passed over and the next one runs.
+    const QString config = ConfigFile();
+    if (GetIni(Keys::user, Keys::defaultProfile, config).isEmpty()) {
+        WriteIni(Keys::user, Keys::current, QStringLiteral("Administrator"), config);
+        WriteIni(Keys::user, Keys::defaultProfile, QStringLiteral("Administrator"), config);
+    }
+    LoadListFile(DataFolder() + QStringLiteral("users.txt"), *lstData2);
+    WriteIni(Keys::user, Keys::switchTo, QString(), config);
+    const QString profile = CurrentProfile();
+    setWindowTitle(QStringLiteral("Tolvane - ") + profile);
+    setPanel(3, Lang(202) + QLatin1Char(' ') + profile);
+
+    const VaultLoad load = LoadVault(ProfileFile(QStringLiteral("list.dat")), &platform::YieldStep);
+    if (!load.read)
+        return;
+    // "1 To 0" is refused, so an empty vault leaves the table as it was.
+    entryTable.ReDim(1, static_cast<int>(load.entries.size()));
+    for (int i = 1; i <= load.entries.size() && entryTable.Has(i); ++i)
+        entryTable[i] = load.entries.at(i - 1);
+    Label2->setText(Lang(201));
+    FillWithAllTitles();
+
+    const int rows = lstResults->ListCount();
+    setPanel(1, QString::number(rows) + QLatin1Char(' ') + Lang(rows == 1 ? 203 : 204));
+    const QString cfg = ProfileFile(QStringLiteral("cfg.txt"));
+    if (GetIni(Keys::setts, Keys::option(1), cfg) == QLatin1String("1"))
+        modFormOnTop(-1);
+    txtAge->SetPasswordChar(
+        GetIni(Keys::setts, Keys::option(5), cfg) == QLatin1String("1") ? QStringLiteral("*") : QString());
+}
+
+void frmMain::Form_Unload()
+{
+    Timer1->stop();
+    Timer3->stop();
+    WriteIni(Keys::settings, Keys::time, platform::TimeOfDayText() + QLatin1Char(' ') + platform::DateText(),
+        ProfileFile(QStringLiteral("time.txt")));
+    WriteIni(Keys::user, Keys::tempChangeable2, CurrentProfile(), ConfigFile());
+    if (lstResults->ListCount() == 0)
+        return; // a search without matches on the screen saves nothing
+
+    QList<EntryRecord> entries;
+    for (int i = 1; i <= entryTable.UBound(); ++i)
+        entries.append(entryTable[i]);
+    const VaultSave saved = SaveVault(ProfileFile(QStringLiteral("list.dat")), entries, &platform::YieldStep);
+    // The escaping of the save changes the values in the table too.
+    for (int i = 1; i <= entryTable.UBound(); ++i)
+        entryTable[i] = entries.at(i - 1);
+    if (saved == VaultSave::TooLarge)
+        platform::MsgBox(Lang(900), 16);
+}
+
+int frmMain::OuterWidth() const
+{
+    return PixelsToTwips(width()) + 240;
+}
+
+int frmMain::OuterHeight() const
+{
+    return PixelsToTwips(height() - menuBar()->sizeHint().height()) + 840;
+}
+
+void frmMain::Form_Resize()
+{
+    if (isMinimized())
+        return; // setting the size of a minimised window fails, and is passed over
+    const QString minimumWidth = QStringLiteral("9270");
+    const QString minimumHeight = QStringLiteral("7140");
+    int W = OuterWidth();
+    int H = OuterHeight();
+    if (W <= minimumWidth.toInt() || H <= minimumHeight.toInt()) {
+        W = qMax(W, minimumWidth.toInt());
+        H = qMax(H, minimumHeight.toInt());
+        resize(Twips(W - 240), Twips(H - 840) + menuBar()->sizeHint().height());
+    }
+    const int listTop = lstResults->y();
+    lstResults->resize(lstResults->width(), Twips(Command2->isVisible() ? H - 2350 : H - 2100));
+    lstResults->move(lstResults->x(), listTop);
+    for (TextBox* b : { txtDetails, txtFullName, txtPhone, txtAge, txtAddress, txtInterests })
+        b->resize(Twips(W - 4750), b->height());
+    txtExtra->resize(Twips(W - 4050), Twips(H - 4700));
+    Image8->resize(Twips(W), Image8->height());
+    Line1->resize(Twips(W), Line1->height());
+    cmdSaveChanges->move(Twips(W - 1400), Twips(H - 1600));
+}
+
+void frmMain::resizeEvent(QResizeEvent* event)
+{
+    QMainWindow::resizeEvent(event);
+    Form_Resize();
+}
+
+void frmMain::Timer1_Timer()
+{
+    const bool onShow = !txtDetails->Text().isEmpty();
+    cmdSaveChanges->setEnabled(onShow);
+    for (TextBox* b : { txtFullName, txtPhone, txtAge, txtAddress, txtInterests, txtExtra })
+        b->SetLocked(!onShow);
+    setPanel(4, txtDetails->Text());
+}
+
+void frmMain::Timer3_Timer()
+{
+    // Its one tick starts the silent update check, which comes with the update window.
+    Timer3->stop();
+}
+
+void frmMain::FillWithAllTitles()
+{
+    lstResults->Clear();
+    for (int i = 1; i <= entryTable.UBound(); ++i)
+        lstResults->AddItem(Shown(entryTable[i].title));
+}
+
+void frmMain::Command1_Click()
+{
+    if (lstResults->ListCount() == 0) {
+        platform::MsgBox(Lang(195), 64); // the list is asked, not the table
+    } else if (txtSearch->Text().isEmpty()) {
+        platform::MsgBox(Lang(196), 64);
+    } else {
+        Label2->setText(Lang(197));
+        lstResults->Clear();
+        const QString needle = txtSearch->Text().toLower();
+        for (int i = 1; i <= entryTable.UBound(); ++i) {
+            if (const std::optional<QString> row = SearchRow(entryTable[i], needle))
+                lstResults->AddItem(*row);
+        }
+        Command2->setVisible(true);
+        lstResults->move(lstResults->x(), Twips(1200));
+    }
+    Form_Resize();
+}
+
+void frmMain::Command2_Click()
+{
+    Label2->setText(Lang(201));
+    lstResults->move(lstResults->x(), Twips(840));
+    Command2->setVisible(false);
+    FillWithAllTitles();
+    Form_Resize();
+}
+
+void frmMain::mnuRefresh_Click()
+{
+    Label2->setText(Lang(201));
+    lstResults->move(lstResults->x(), Twips(840));
+    Form_Resize();
+    Command2->setVisible(false);
+    FillWithAllTitles();
+    Form_Resize();
+}
+
+EntryBoxes frmMain::Boxes() const
+{
+    return { txtDetails, txtFullName, txtPhone, txtAge, txtAddress, txtInterests, txtExtra };
+}
+
+void frmMain::LoadSelectedEntry()
+{
+    const QString title = RowTitle(lstResults->Text());
+    if (!title.isEmpty()) {
+        const qint16 index = FindEntryByTitle(Stored(title));
+        if (index != 0) {
+            currentEntry = entryTable[index];
+            return;
+        }
+    }
+    platform::Beep();
+}
+
+void frmMain::showCurrentEntry()
+{
+    ShowEntry(Boxes(), currentEntry);
+    Label3->setText(Shown(currentEntry.title));
+}
+
+void frmMain::lstResults_Click()
+{
+    LoadSelectedEntry();
+    showCurrentEntry();
+}
+
+void frmMain::cmdSaveChanges_Click()
+{
+    const EntryRecord copy = currentEntry;
+    if (copy.title.isEmpty()) {
+        platform::MsgBox(Lang(192), 16);
+        return;
+    }
+    const qint16 index = FindEntryByTitle(copy.title);
+    if (index == 0) {
+        qint16 end = -1;
+        InsertEntry(entryTable, copy, end);
+    } else {
+        entryTable[index] = copy;
+    }
+    vaultDirty = true;
+    platform::MsgBox(Lang(193), 64);
+    FillWithAllTitles(); // the mode stays, the selection is gone
+}
+
+void frmMain::mnuNew_Click()
+{
+    currentEntry = EntryRecord();
+    auto* view = new frmView(this);
+    view->txtDetails->SetLocked(false);
+    view->exec();
+    delete view;
+}
+
+void frmMain::Command9_Click()
+{
+    mnuNew_Click();
+}
+
+void frmMain::deleteSelected(int noSelectionSlot)
+{
+    const QString title = RowTitle(lstResults->Text());
+    if (title.isEmpty()) {
+        platform::MsgBox(Lang(noSelectionSlot), 16);
+        return;
+    }
+    if (platform::MsgBox(Lang(199) + QLatin1Char(' ') + title + QLatin1Char(' ') + Lang(200), 32 + 4) == platform::IDNO)
+        return;
+    const qint16 index = FindEntryByTitle(Stored(title));
+    if (index == 0)
+        return;
+    RemoveEntry(entryTable, index);
+    vaultDirty = true;
+    lstResults->RemoveItem(lstResults->ListIndex());
+    for (TextBox* b : { txtDetails, txtAddress, txtAge, txtDetails, txtExtra, txtFullName, txtInterests, txtPhone })
+        b->SetText(QString());
+}
+
+void frmMain::mnuDelete_Click()
+{
+    deleteSelected(205);
+}
+
+void frmMain::Command10_Click()
+{
+    deleteSelected(198);
+}
+
+void frmMain::mnuClose_Click()
+{
+    Unload();
+    frmContainer::Unload();
+    platform::EndProcess(0);
+}
+
+void frmMain::mnuClose2_Click()
+{
+    mnuClose_Click();
+}
+
+void frmMain::mnuOpen_Click()
+{
+    show();
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    raise();
+    activateWindow();
+}
+
+void frmMain::closeEvent(QCloseEvent* event)
+{
+    if (!unloaded) {
+        Unload();
+        // Until the notification area holds the way back, closing the window ends the run.
+        if (event->spontaneous()) {
+            frmContainer::Unload();
+            QCoreApplication::quit();
+        }
+    }
+    event->accept();
+}

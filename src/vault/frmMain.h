@@ -1,0 +1,122 @@
+#pragma once
+// The vault window: the list on the left, the boxes of the entry on show on the right. Its
+// load reads the vault of `current` into entryTable and its unload writes the table back;
+// nothing else saves the vault.
+#include "storage/EntryRecord.h"
+#include "vault/EntryBoxes.h"
+
+#include <QMainWindow>
+#include <QTimer>
+
+#include <optional>
+
+class ListBox;
+class QAction;
+class QFrame;
+class QLabel;
+class QMenu;
+class QPushButton;
+class TextBox;
+
+// The title that a row stands for: the text before the first " (", or the whole row.
+QString RowTitle(const QString& row);
+
+// The row that an entry adds to a search for `needle` (already in lower case): the first of
+// title, name, age, interests, address, phone, extra that holds it decides the form.
+std::optional<QString> SearchRow(const EntryRecord& entry, const QString& needle);
+
+class frmMain : public QMainWindow
+{
+    Q_OBJECT
+public:
+    // The one window of a run, created and loaded at its first use, as a form is.
+    static frmMain* Instance();
+    // The window if it is loaded, else null.
+    static frmMain* Loaded();
+    // Runs Form_Unload and discards the window.
+    static void Unload();
+
+    void Form_Load();
+    void Form_Unload();
+    void Form_Resize();
+
+    void Timer1_Timer();
+    void Timer3_Timer();
+
+    // Search, back to the full list, row click.
+    void Command1_Click();
+    void Command2_Click();
+    void mnuRefresh_Click();
+    void lstResults_Click();
+
+    void cmdSaveChanges_Click();
+    void mnuNew_Click();
+    void Command9_Click();
+    void mnuDelete_Click();
+    void Command10_Click();
+
+    void mnuClose_Click();
+    void mnuClose2_Click();
+    void mnuOpen_Click();
+
+    // Clears lstResults and adds the title of every entry from 1 on.
+    void FillWithAllTitles();
+
+    // The outer size of the window in twips, as the layout rules read it.
+    int OuterWidth() const;
+    int OuterHeight() const;
+
+    // Menus and their entries, by name.
+    QMenu* mnuFile;
+    QAction *mnuNew, *mnuDelete, *mnuImport, *mnuExport, *mnuPrint, *mnuClose;
+    QMenu* mnuEdit;
+    QAction *mnuUndo, *mnuRedo, *cmdCut, *cmdCopy, *cmdPaste, *cmdClearClip;
+    QMenu* mnuView;
+    QAction *mnuOpenDoc, *mnuOpenUrl, *mnuRefresh;
+    QMenu* mnuReports;
+    QAction* mnuReportList;
+    QMenu* mnuTools;
+    QAction *mnuPassGen, *mnuSettings;
+    QMenu* mnuHelp;
+    QAction *read1, *lic1, *aktul, *strwww, *mnuAbout;
+    QMenu* mnuPop; // the tray's menu, never in the bar
+    QAction *mnuOpen, *mnuUpdate, *mnuWWW, *mnuForum, *mnuAbout2, *mnuClose2;
+
+    // Toolbar.
+    QPushButton *Command9, *Command10, *Command11, *Command12, *Command13, *Command14, *Command15, *Command16,
+        *Command17, *Command18;
+    QLabel* Image8;
+    QFrame* Line1;
+
+    QLabel *Label1, *Label2, *Label3, *Label4;
+    TextBox* txtSearch;
+    QPushButton* Command1;
+    QPushButton* Command2;
+    ListBox* lstResults;
+    ListBox* lstData2;
+
+    QLabel *lblViewID, *lblFullName, *lblPhone, *lblAge, *lblAddress, *lblInterests, *lblExtra;
+    TextBox *txtDetails, *txtFullName, *txtPhone, *txtAge, *txtAddress, *txtInterests, *txtExtra;
+    QPushButton* cmdSaveChanges;
+
+    QLabel* StatusBar1Panel[4];
+    QTimer* Timer1;
+    QTimer* Timer3;
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    frmMain();
+    void buildMenus();
+    void buildControls();
+    void setCaptions();
+    void setPanel(int panel, const QString& text);
+    void LoadSelectedEntry();
+    void showCurrentEntry();
+    void deleteSelected(int noSelectionSlot);
+    EntryBoxes Boxes() const;
+
+    bool unloaded = false;
+};

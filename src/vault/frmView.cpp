@@ -1,0 +1,180 @@
+#include "vault/frmView.h"
+
+#include "platform/CodePage.h"
+#include "platform/Dialogs.h"
+#include "platform/Files.h"
+#include "platform/MessageBox.h"
+#include "platform/Paths.h"
+#include "platform/Runtime.h"
+#include "platform/Twips.h"
+#include "services/modLanguage.h"
+#include "vault/EntryBoxes.h"
+#include "vault/ListBox.h"
+#include "vault/TextBox.h"
+#include "vault/frmMain.h"
+#include "vault/modRoster.h"
+
+#include <QLabel>
+#include <QPixmap>
+#include <QPushButton>
+
+frmView::frmView(QWidget* owner)
+    : QDialog(owner)
+{
+    setObjectName(QStringLiteral("frmView"));
+    setFixedSize(Twips(5775), Twips(4320));
+    setWindowModality(Qt::ApplicationModal);
+
+    auto named = [](QWidget* w, const char* name) {
+        w->setObjectName(QLatin1String(name));
+        return w;
+    };
+    struct Field
+    {
+        QLabel** caption;
+        const char* captionName;
+        TextBox** control;
+        const char* name;
+        int top;
+        int width;
+        int height;
+        TextBox::Kind kind;
+    };
+    const Field fields[] = {
+        { &lblViewID, "lblViewID", &txtDetails, "txtDetails", 120, 4335, 285, TextBox::SingleLine },
+        { &lblFullName, "lblFullName", &txtFullName, "txtFullName", 480, 4335, 285, TextBox::SingleLine },
+        { &lblPhone, "lblPhone", &txtPhone, "txtPhone", 840, 4335, 285, TextBox::SingleLine },
+        { &lblAge, "lblAge", &txtAge, "txtAge", 1200, 3975, 285, TextBox::SingleLine },
+        { &lblAddress, "lblAddress", &txtAddress, "txtAddress", 1560, 4335, 285, TextBox::SingleLine },
+        { &lblInterests, "lblInterests", &txtInterests, "txtInterests", 1920, 3615, 285, TextBox::MultiLine },
+        { &lblExtra, "lblExtra", &txtExtra, "txtExtra", 2280, 4335, 1455, TextBox::MultiLine },
+    };
+    for (const Field& f : fields) {
+        *f.caption = static_cast<QLabel*>(named(new QLabel(this), f.captionName));
+        PlaceTwips(*f.caption, 120, f.top + 30, 1150, 255);
+        *f.control = static_cast<TextBox*>(named(new TextBox(f.kind, this), f.name));
+        PlaceTwips(*f.control, 1320, f.top, f.width, f.height);
+        (*f.caption)->setBuddy(*f.control);
+    }
+    txtDetails->SetLocked(true);
+    txtInterests->SetScrollBars(false, false);
+    txtExtra->SetScrollBars(true, true);
+
+    CarryIntoCurrentEntry(this, { txtDetails, txtFullName, txtPhone, txtAge, txtAddress, txtInterests, txtExtra });
+
+    Image6 = static_cast<QLabel*>(named(new QLabel(this), "Image6"));
+    PlaceTwips(Image6, 5340, 1222, 240, 240);
+    Command1 = static_cast<QPushButton*>(named(new QPushButton(QStringLiteral("?"), this), "Command1"));
+    PlaceTwips(Command1, 5040, 1920, 615, 270);
+    connect(Command1, &QPushButton::clicked, this, &frmView::Command1_Click);
+
+    cmdSaveChanges = static_cast<QPushButton*>(named(new QPushButton(this), "cmdSaveChanges"));
+    PlaceTwips(cmdSaveChanges, 3360, 3840, 1095, 375);
+    cmdSaveChanges->setDefault(true);
+    connect(cmdSaveChanges, &QPushButton::clicked, this, &frmView::cmdSaveChanges_Click);
+    Command2 = static_cast<QPushButton*>(named(new QPushButton(this), "Command2"));
+    PlaceTwips(Command2, 4560, 3840, 1095, 375);
+    connect(Command2, &QPushButton::clicked, this, &frmView::Command2_Click);
+
+    // The picture panel stands at Left 9600, outside the dialog, where nobody sees it.
+    fmePicture = static_cast<QFrame*>(named(new QFrame(this), "fmePicture"));
+    PlaceTwips(fmePicture, 9600, 0, 3855, 4935);
+    picPicture = static_cast<QLabel*>(named(new QLabel(fmePicture), "picPicture"));
+    PlaceTwips(picPicture, 120, 120, 3615, 4215);
+    cmdLoad = static_cast<QPushButton*>(named(new QPushButton(QStringLiteral("Load Picture"), fmePicture), "cmdLoad"));
+    PlaceTwips(cmdLoad, 120, 4440, 1335, 375);
+    cmdLoad->setAutoDefault(false);
+    connect(cmdLoad, &QPushButton::clicked, this, &frmView::cmdLoad_Click);
+
+    Form_Load();
+}
+
+void frmView::Form_Load()
+{
+    ShowEntry({ txtDetails, txtFullName, txtPhone, txtAge, txtAddress, txtInterests, txtExtra }, currentEntry);
+    setWindowTitle(Lang(290));
+    const std::pair<QLabel*, int> captions[] = {
+        { lblViewID, 241 },
+        { lblFullName, 242 },
+        { lblPhone, 243 },
+        { lblAge, 244 },
+        { lblAddress, 245 },
+        { lblInterests, 246 },
+        { lblExtra, 247 },
+    };
+    for (const auto& [label, slot] : captions)
+        label->setText(Lang(slot));
+    cmdSaveChanges->setText(Lang(248));
+    Command2->setText(Lang(147));
+}
+
+void frmView::unload()
+{
+    done(QDialog::Rejected);
+}
+
+void frmView::cmdSaveChanges_Click()
+{
+    const EntryRecord copy = currentEntry;
+    if (copy.title.isEmpty()) {
+        platform::MsgBox(Lang(192), 16);
+        return;
+    }
+    // The rows on show against the text in the box: a row that carries a field value, or an
+    // entry that a search left out, passes.
+    frmMain* main = frmMain::Instance();
+    for (int i = 0; i < main->lstResults->ListCount(); ++i) {
+        if (main->lstResults->List(i) == txtDetails->Text()) {
+            platform::MsgBox(Lang(288), 64);
+            return;
+        }
+    }
+    const qint16 index = FindEntryByTitle(copy.title);
+    if (index == 0) {
+        qint16 end = -1;
+        InsertEntry(entryTable, copy, end);
+    } else {
+        entryTable[index] = copy;
+    }
+    vaultDirty = true;
+    platform::MsgBox(Lang(193), 64);
+    main->FillWithAllTitles();
+    unload();
+}
+
+void frmView::Command1_Click()
+{
+    platform::MsgBox(Lang(289), 64);
+}
+
+void frmView::Command2_Click()
+{
+    unload();
+}
+
+void frmView::cmdLoad_Click()
+{
+    const QString file = platform::ShowOpenFile(this, QStringLiteral("Load Image"),
+        QStringLiteral("All Image Files (*.jpg, *.jpeg, *.gif, *.bmp)|*.jpg;*.jpeg;*.gif;*.bmp"));
+    auto fail = [](int number) {
+        platform::MsgBox(QStringLiteral("Error #%1:\n%2").arg(number).arg(platform::ErrorText(number)), 16);
+    };
+    if (file.isEmpty())
+        return; // the dialog's cancel, 32755, ends without a message
+    if (platform::FileLen(file) < 0) {
+        fail(platform::ErrFileNotFound);
+        return;
+    }
+    QPixmap picture;
+    if (!picture.load(platform::ToNative(file))) {
+        fail(481);
+        return;
+    }
+    picPicture->setPixmap(picture);
+    QByteArray bytes;
+    if (!platform::ReadFileBytes(file, bytes)) {
+        fail(platform::ErrPermissionDenied);
+        return;
+    }
+    currentEntry.picture = bytes;
+}

@@ -1,0 +1,157 @@
+#pragma once
+// A run of the program inside a test: a fresh world, the English table, message boxes and
+// beeps answered by script, and the windows of a run found and ended as the program does.
+#include "TestSupport.h"
+#include "platform/Dialogs.h"
+#include "platform/Files.h"
+#include "platform/Paths.h"
+#include "services/frmContainer.h"
+#include "services/modLanguage.h"
+#include "startup/frmLogin.h"
+#include "storage/DataRoot.h"
+#include "storage/VaultFile.h"
+#include "storage/modIni2.h"
+#include "vault/ListBox.h"
+#include "vault/TextBox.h"
+#include "vault/frmMain.h"
+#include "vault/modRoster.h"
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QTimer>
+
+#include <functional>
+
+class VaultRun
+{
+public:
+    VaultRun()
+    {
+        LoadLanguage(); // a fresh registry: the one unnumbered message, then English
+        boxes.shown.clear();
+        platform::SetBeepHook([this] { ++beeps; });
+        Reset();
+    }
+    ~VaultRun()
+    {
+        Reset();
+        platform::SetBeepHook({});
+        platform::SetOpenFileBackend({});
+    }
+
+    // Ends whatever a run left in memory.
+    static void Reset()
+    {
+        frmMain::Unload();
+        frmContainer::Unload();
+        for (QWidget* w : QApplication::topLevelWidgets()) {
+            if (!w->isHidden())
+                w->hide();
+        }
+        entryTable.Erase();
+        currentEntry = EntryRecord();
+        vaultDirty = false;
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+
+    QString data(const QString& relative) const
+    {
+        return world.path(QStringLiteral("appdata/Brenmark/Tolvane/data/") + relative);
+    }
+    QString ini(const QString& file, const QString& section, const QString& key) const
+    {
+        return GetIni(section, key, platform::ToWindows(data(file)));
+    }
+    void setIni(const QString& file, const QString& section, const QString& key, const QString& value) const
+    {
+        WriteIni(section, key, value, platform::ToWindows(data(file)));
+    }
+
+    // The entries on disk, read without the load's write-back.
+    QList<EntryRecord> vaultOnDisk(const QString& profile = QStringLiteral("Administrator")) const
+    {
+        QFile f(data(profile + QStringLiteral("/list.dat")));
+        if (!f.open(QIODevice::ReadOnly))
+            return {};
+        return ParseInnerText(LayerOff(f.readAll()));
+    }
+
+    frmLogin* login() const
+    {
+        for (QWidget* w : QApplication::topLevelWidgets()) {
+            auto* l = qobject_cast<frmLogin*>(w);
+            if (l && !l->Unloaded() && l->isVisible())
+                return l;
+        }
+        return nullptr;
+    }
+
+    // Splash handed over: the login's load runs, and maybe the vault window comes up.
+    frmMain* start()
+    {
+        ShowLogin();
+        return frmMain::Loaded();
+    }
+
+    // Ends the run as the File menu does, up to the end of the process.
+    void close()
+    {
+        frmMain::Unload();
+        frmContainer::Unload();
+        Reset();
+    }
+
+    // Runs `act` on the next modal window, once it is up and active.
+    static void onNextModal(std::function<void(QWidget*)> act)
+    {
+        auto* poll = new QTimer;
+        poll->setInterval(5);
+        QObject::connect(poll, &QTimer::timeout, [poll, act] {
+            QWidget* modal = QApplication::activeModalWidget();
+            if (!modal || !modal->isVisible())
+                return;
+            poll->stop();
+            poll->deleteLater();
+            modal->activateWindow();
+            QApplication::setActiveWindow(modal);
+            act(modal);
+        });
+        poll->start();
+    }
+
+    // A click into a box: the focus moves there first, as a mouse press does.
+    static void clickInto(TextBox* box)
+    {
+        QWidget* target = box->LineEditor() ? static_cast<QWidget*>(box->LineEditor()) : box->PlainEditor()->viewport();
+        QTest::mouseClick(target, Qt::LeftButton, {}, QPoint(4, 4));
+    }
+    static void type(TextBox* box, const QString& text)
+    {
+        clickInto(box);
+        QTest::keyClicks(box->Editor(), text);
+    }
+    static void activate(QWidget* window)
+    {
+        window->show();
+        window->activateWindow();
+        QApplication::setActiveWindow(window);
+        QVERIFY(QTest::qWaitForWindowActive(window));
+    }
+    static QStringList rows(const ListBox* list)
+    {
+        QStringList out;
+        for (int i = 0; i < list->ListCount(); ++i)
+            out << list->List(i);
+        return out;
+    }
+    static void clickRow(ListBox* list, int row)
+    {
+        const QRect r = list->visualItemRect(list->item(row));
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, r.center());
+    }
+
+    TestWorld world;
+    MessageBoxScript boxes;
+    int beeps = 0;
+};

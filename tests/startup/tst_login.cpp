@@ -1,0 +1,186 @@
+// The login gate: its four outcomes, the one-time reset, the preselection and the password.
+#include "VaultRun.h"
+#include "services/modRegistry2.h"
+#include "startup/modMD5.h"
+
+#include <QComboBox>
+#include <QLabel>
+#include <QPushButton>
+
+class tst_login : public QObject
+{
+    Q_OBJECT
+
+    // A provisioned tree, as the first start leaves it, plus the profiles named, each listed
+    // in users.txt and with its marker.
+    static void provision(VaultRun& run, const QStringList& more = {})
+    {
+        QVERIFY(run.start());
+        run.close();
+        QByteArray users = "Administrator\r\n";
+        for (const QString& name : more) {
+            users += name.toLatin1() + "\r\n";
+            run.world.write(
+                QStringLiteral("appdata/Brenmark/Tolvane/data/") + name + QStringLiteral("/dummy.dat"), "x");
+        }
+        run.world.write(QStringLiteral("appdata/Brenmark/Tolvane/data/users.txt"), users);
+        run.boxes.shown.clear();
+    }
+
+    static void setPassword(VaultRun& run, const QString& profile, const QString& password)
+    {
+        run.setIni(profile + QStringLiteral("/settings.txt"), Keys::settings, Keys::password, MD5Hex(password));
+    }
+
+private Q_SLOTS:
+    void firstStartOpensAdministratorWithoutPrompt()
+    {
+        VaultRun run;
+        frmMain* main = run.start();
+        QVERIFY(main);
+        QVERIFY(main->isVisible());
+        QVERIFY(!run.login());
+        QVERIFY(!main->Timer3->isActive());
+        QCOMPARE(run.ini(QStringLiteral("config.txt"), Keys::user, Keys::current), QStringLiteral("Administrator"));
+        QCOMPARE(
+            run.ini(QStringLiteral("config.txt"), Keys::user, Keys::defaultProfile), QStringLiteral("Administrator"));
+        QVERIFY(QFile::exists(run.data(QStringLiteral("Administrator/dummy.dat"))));
+        QCOMPARE(
+            run.world.read(QStringLiteral("appdata/Brenmark/Tolvane/data/users.txt")), QByteArray("Administrator\r\n"));
+        for (int n = 1; n <= 5; ++n)
+            QCOMPARE(
+                run.ini(QStringLiteral("Administrator/cfg.txt"), Keys::setts, Keys::option(n)), QStringLiteral("1"));
+        QCOMPARE(GetProgramSetting(QStringLiteral("SP1")), QStringLiteral("1"));
+        QCOMPARE(main->windowTitle(), QStringLiteral("Tolvane - Administrator"));
+        QVERIFY(run.boxes.shown.isEmpty());
+        run.close();
+
+        // While the marker is missing, every start ends in that branch, password or not.
+        QFile::remove(run.data(QStringLiteral("Administrator/dummy.dat")));
+        setPassword(run, QStringLiteral("Administrator"), QStringLiteral("pw"));
+        QVERIFY(run.start());
+        QVERIFY(!run.login());
+        run.close();
+    }
+
+    void passwordGateRefusesAsOftenAsTheUserLikes()
+    {
+        VaultRun run;
+        provision(run);
+        setPassword(run, QStringLiteral("Administrator"), QStringLiteral("Zażółć 1"));
+        QVERIFY(!run.start());
+        frmLogin* login = run.login();
+        QVERIFY(login);
+        QCOMPARE(login->Combo1->currentText(), QStringLiteral("Administrator"));
+        QCOMPARE(login->Label1->text(), Lang(188));
+        QCOMPARE(login->Text2->echoMode(), QLineEdit::Normal); // readable as typed, by design
+        VaultRun::activate(login);
+        for (int attempt = 0; attempt < 3; ++attempt) {
+            QTest::keyClicks(login->Text2, QStringLiteral("x"));
+            QTest::keyClick(login->Text2, Qt::Key_Return);
+            QCOMPARE(run.boxes.shown.size(), attempt + 1);
+            QCOMPARE(run.boxes.shown.last().text, Lang(185));
+            QCOMPARE(run.boxes.shown.last().flags, 64);
+            QCOMPARE(run.boxes.shown.last().title, QStringLiteral("Tolvane"));
+        }
+        QCOMPARE(login->Text2->text(), QStringLiteral("xxx")); // what was typed stays
+        QVERIFY(!frmMain::Loaded());
+        login->Text2->setText(QStringLiteral("Zażółć 1")); // typing knows Latin-1 keys only
+        QTest::keyClick(login->Text2, Qt::Key_Return);
+        QVERIFY(login->Unloaded());
+        QVERIFY(frmMain::Loaded());
+        QVERIFY(frmMain::Loaded()->Timer3->isActive()); // only a typed login starts it
+        QCOMPARE(run.boxes.shown.size(), 3);
+        run.close();
+
+        // A folder deleted behind the program's back: slot 186 and the window stays.
+        QVERIFY(!run.start());
+        login = run.login();
+        QVERIFY(QDir(run.data(QStringLiteral("Administrator"))).removeRecursively());
+        login->Command1_Click();
+        QCOMPARE(run.boxes.shown.last().text, Lang(186));
+        QCOMPARE(run.boxes.shown.last().flags, 16);
+        QVERIFY(!login->Unloaded());
+        login->Command2_Click(); // cancel: nothing opens
+        QVERIFY(login->Unloaded());
+        QVERIFY(!frmMain::Loaded());
+    }
+
+    void oneTimeResetDeletesTheAdministratorPasswordOnce()
+    {
+        VaultRun run;
+        provision(run);
+        SaveProgramSetting(QStringLiteral("SP1"), QString());
+        setPassword(run, QStringLiteral("Administrator"), QStringLiteral("old"));
+        QVERIFY(run.start()); // the reset ran: no password, no prompt
+        QVERIFY(!QFile::exists(run.data(QStringLiteral("Administrator/settings.txt"))));
+        QCOMPARE(GetProgramSetting(QStringLiteral("SP1")), QStringLiteral("1"));
+        run.close();
+        setPassword(run, QStringLiteral("Administrator"), QStringLiteral("new"));
+        QVERIFY(!run.start());
+        QVERIFY(run.login());
+        run.login()->Command2_Click();
+    }
+
+    void preselectionRoutes()
+    {
+        VaultRun run;
+        provision(run, { QStringLiteral("Bob"), QStringLiteral("Eve") });
+        const QString config = QStringLiteral("config.txt");
+        for (const QString& p : { QStringLiteral("Administrator"), QStringLiteral("Bob"), QStringLiteral("Eve") })
+            setPassword(run, p, p);
+
+        // The default.
+        run.setIni(config, Keys::user, Keys::defaultProfile, QStringLiteral("Bob"));
+        QVERIFY(!run.start());
+        QCOMPARE(run.login()->Combo1->currentText(), QStringLiteral("Bob"));
+        run.login()->Command2_Click();
+
+        // switch wins over the default, and an unknown or unlisted name is passed over.
+        run.setIni(config, Keys::user, Keys::switchTo, QStringLiteral("Eve"));
+        QVERIFY(!run.start());
+        QCOMPARE(run.login()->Combo1->currentText(), QStringLiteral("Eve"));
+        run.login()->Command2_Click();
+        run.world.write(QStringLiteral("appdata/Brenmark/Tolvane/data/Carol/dummy.dat"), "x");
+        run.setIni(config, Keys::user, Keys::switchTo, QStringLiteral("Carol"));
+        QVERIFY(!run.start());
+        QCOMPARE(run.login()->Combo1->currentText(), QStringLiteral("Bob"));
+        run.login()->Command2_Click();
+
+        // temp_changeable "True": the last used profile instead of the default.
+        run.setIni(config, Keys::user, Keys::switchTo, QString());
+        run.setIni(config, Keys::user, Keys::tempChangeable, QStringLiteral("True"));
+        run.setIni(config, Keys::user, Keys::tempChangeable2, QStringLiteral("Eve"));
+        QVERIFY(!run.start());
+        QCOMPARE(run.login()->Combo1->currentText(), QStringLiteral("Eve"));
+        run.login()->Command2_Click();
+        // ... whose marker is gone: nothing is selected and the run opens with an empty current.
+        QFile::remove(run.data(QStringLiteral("Eve/dummy.dat")));
+        QVERIFY(run.start());
+        QCOMPARE(run.ini(config, Keys::user, Keys::current), QString());
+        QVERIFY(run.boxes.shown.isEmpty());
+        run.close();
+
+        // The default lost: slot 187, Administrator chosen, and the prompt even without a password.
+        run.setIni(config, Keys::user, Keys::tempChangeable, QStringLiteral("False"));
+        run.setIni(config, Keys::user, Keys::defaultProfile, QStringLiteral("Eve"));
+        QFile::remove(run.data(QStringLiteral("Administrator/settings.txt")));
+        run.setIni(config, Keys::user, Keys::switchTo, QStringLiteral("Bob"));
+        QVERIFY(!run.start());
+        QCOMPARE(run.boxes.shown.size(), 1);
+        QCOMPARE(run.boxes.shown.first().text, Lang(187));
+        QCOMPARE(run.boxes.shown.first().flags, 16);
+        QCOMPARE(run.login()->Combo1->currentText(), QStringLiteral("Administrator"));
+        // An empty password matches only the digest of an empty text, never the empty value.
+        run.login()->Command1_Click();
+        QCOMPARE(run.boxes.shown.last().text, Lang(185));
+        setPassword(run, QStringLiteral("Administrator"), QString());
+        run.login()->Command1_Click();
+        QVERIFY(frmMain::Loaded());
+        QCOMPARE(run.ini(config, Keys::user, Keys::switchTo), QString()); // the vault window empties it
+        run.close();
+    }
+};
+
+QTEST_MAIN(tst_login)
+#include "tst_login.moc"
