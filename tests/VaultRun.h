@@ -123,13 +123,23 @@ public:
     // A click into a box: the focus moves there first, as a mouse press does.
     static void clickInto(TextBox* box)
     {
+        if (!box->window()->isActiveWindow())
+            activate(box->window());
         QWidget* target = box->LineEditor() ? static_cast<QWidget*>(box->LineEditor()) : box->PlainEditor()->viewport();
         QTest::mouseClick(target, Qt::LeftButton, {}, QPoint(4, 4));
     }
     static void type(TextBox* box, const QString& text)
     {
         clickInto(box);
-        QTest::keyClicks(box->Editor(), text);
+        bool keys = true; // the test's key events know plain ASCII only
+        for (QChar c : text)
+            keys = keys && c.unicode() >= 32 && c.unicode() < 127;
+        if (keys)
+            QTest::keyClicks(box->Editor(), text);
+        else if (box->LineEditor())
+            box->LineEditor()->insert(text);
+        else
+            box->PlainEditor()->insertPlainText(text);
     }
     static void activate(QWidget* window)
     {

@@ -30,8 +30,10 @@ void ListBox::Clear()
     clear();
 }
 
-void ListBox::AddItem(const QString& item, int index)
+void ListBox::AddItem(const QString& value, int index)
 {
+    // A row is a zero-terminated text: a field's padding zeros end it.
+    const QString item = value.left(value.indexOf(QChar(0)));
     if (!sorted) {
         if (index < 0 || index > count())
             addItem(item);

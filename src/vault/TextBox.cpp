@@ -40,8 +40,10 @@ QString TextBox::Text() const
     return text;
 }
 
-void TextBox::SetText(const QString& text)
+void TextBox::SetText(const QString& value)
 {
+    // The box holds a zero-terminated text: the codec's padding zeros end it.
+    const QString text = value.left(value.indexOf(QChar(0)));
     if (line) {
         line->setText(text);
         return;

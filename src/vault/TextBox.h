@@ -3,7 +3,8 @@
 // password character, and the two events the windows use: Click (a left click in the box) and
 // LostFocus (the focus went to another control of the same window: a click there, Tab, or a
 // default button; not a menu, and not another window coming to the front).
-// A box of several lines keeps its text with CR LF line ends, as the files have them, and when
+// Its text ends at a first zero character, as a window text does. A box of several lines keeps
+// its text with CR LF line ends, as the files have them, and when
 // its window has a default button Enter presses it and Ctrl+Enter breaks the line.
 #include <QWidget>
 

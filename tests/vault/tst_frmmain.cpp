@@ -1,0 +1,403 @@
+// The vault window and the new-entry dialog driven as a user drives them: typing, clicks,
+// Enter, the focus moving; then the files on disk.
+#include "VaultRun.h"
+#include "platform/CodePage.h"
+#include "vault/frmView.h"
+
+#include <QBuffer>
+#include <QImage>
+#include <QLabel>
+#include <QPushButton>
+
+namespace {
+
+struct NewEntry
+{
+    QString title, name, age, extra;
+};
+
+// Adds an entry through the toolbar's new-entry button and the dialog's save button.
+void addEntry(frmMain* main, const NewEntry& e)
+{
+    VaultRun::onNextModal([e](QWidget* w) {
+        auto* view = qobject_cast<frmView*>(w);
+        QVERIFY(view);
+        VaultRun::type(view->txtDetails, e.title);
+        VaultRun::type(view->txtFullName, e.name);
+        VaultRun::type(view->txtAge, e.age);
+        if (!e.extra.isEmpty()) {
+            VaultRun::clickInto(view->txtExtra);
+            view->txtExtra->SetText(e.extra);
+        }
+        QTest::mouseClick(view->cmdSaveChanges, Qt::LeftButton); // the focus leaves the last box
+    });
+    QTest::mouseClick(main->Command9, Qt::LeftButton);
+    VaultRun::activate(main);
+}
+
+void search(frmMain* main, const QString& text)
+{
+    main->txtSearch->SetText(text);
+    QTest::mouseClick(main->Command1, Qt::LeftButton);
+}
+
+int rowOf(const ListBox* list, const QString& text)
+{
+    return static_cast<int>(VaultRun::rows(list).indexOf(text));
+}
+
+EntryRecord entry(const char* title, const char* name = "", const char* age = "")
+{
+    EntryRecord e;
+    e.title = title;
+    e.name = name;
+    e.age = age;
+    return e;
+}
+
+} // namespace
+
+class tst_frmmain : public QObject
+{
+    Q_OBJECT
+
+    static void writeVault(VaultRun& run, QList<EntryRecord> entries)
+    {
+        QDir().mkpath(run.data(QStringLiteral("Administrator")));
+        QCOMPARE(SaveVault(platform::ToWindows(run.data(QStringLiteral("Administrator/list.dat"))), entries),
+            VaultSave::Saved);
+    }
+
+private Q_SLOTS:
+    void addSearchChangeDeleteCloseAndStartAgain()
+    {
+        VaultRun run;
+        frmMain* main = run.start();
+        QVERIFY(main);
+        VaultRun::activate(main);
+        QCOMPARE(main->StatusBar1Panel[0]->text(), QStringLiteral("0 entries"));
+        QCOMPARE(main->StatusBar1Panel[2]->text(), QStringLiteral("User: Administrator"));
+
+        addEntry(main, { QStringLiteral("beta"), QStringLiteral("joe"), QStringLiteral("b-pass"), {} });
+        addEntry(main, { QStringLiteral("Alpha"), QStringLiteral("ann"), QStringLiteral("joe99"), {} });
+        addEntry(main,
+            { QStringLiteral("gamma"), QStringLiteral("gus"), QStringLiteral("g"), QStringLiteral("see Joe\r\nat 5") });
+        QCOMPARE(run.boxes.shown.size(), 3);
+        QCOMPARE(run.boxes.shown.first().text, Lang(193));
+        QCOMPARE(run.boxes.shown.first().flags, 64);
+        QCOMPARE(VaultRun::rows(main->lstResults), QStringList({ "Alpha", "beta", "gamma" }));
+        QCOMPARE(main->StatusBar1Panel[0]->text(), QStringLiteral("0 entries")); // set by the load only
+
+        // Each row tells which field matched first; the password is printed in clear.
+        search(main, QStringLiteral("JOE"));
+        QCOMPARE(VaultRun::rows(main->lstResults), QStringList({ "Alpha (Password: joe99)", "beta (joe)", "gamma" }));
+        QVERIFY(main->Command2->isVisible());
+        QCOMPARE(main->Label2->text(), Lang(197));
+
+        // A click on a row shows its entry.
+        VaultRun::clickRow(main->lstResults, rowOf(main->lstResults, QStringLiteral("beta (joe)")));
+        QCOMPARE(main->txtDetails->Text(), QStringLiteral("beta"));
+        QCOMPARE(main->txtAge->Text(), QStringLiteral("b-pass"));
+        QCOMPARE(main->Label3->text(), QStringLiteral("beta"));
+        main->Timer1_Timer();
+        QVERIFY(main->cmdSaveChanges->isEnabled());
+        QVERIFY(!main->txtAge->Locked());
+        QCOMPARE(main->StatusBar1Panel[3]->text(), QStringLiteral("beta"));
+
+        // Change the password: the text counts once the box has lost the focus.
+        VaultRun::clickInto(main->txtAge);
+        main->txtAge->LineEditor()->selectAll();
+        QTest::keyClicks(main->txtAge->Editor(), QStringLiteral("new-pass"));
+        QTest::mouseClick(main->cmdSaveChanges, Qt::LeftButton);
+        QCOMPARE(run.boxes.shown.last().text, Lang(193));
+        // Every title again, still in results mode, nothing selected.
+        QCOMPARE(VaultRun::rows(main->lstResults), QStringList({ "Alpha", "beta", "gamma" }));
+        QVERIFY(main->Command2->isVisible());
+        QCOMPARE(main->lstResults->ListIndex(), -1);
+        main->Command10_Click();
+        QCOMPARE(run.boxes.shown.last().text, Lang(198));
+        QCOMPARE(run.boxes.shown.last().flags, 16);
+        main->mnuDelete_Click();
+        QCOMPARE(run.boxes.shown.last().text, Lang(205));
+
+        // Back to the full list, delete gamma after its question.
+        QTest::mouseClick(main->Command2, Qt::LeftButton);
+        QVERIFY(!main->Command2->isVisible());
+        QCOMPARE(main->Label2->text(), Lang(201));
+        VaultRun::clickRow(main->lstResults, 2);
+        run.boxes.answer(platform::IDNO);
+        QTest::mouseClick(main->Command10, Qt::LeftButton);
+        QCOMPARE(run.boxes.shown.last().text, Lang(199) + QStringLiteral(" gamma ") + Lang(200));
+        QCOMPARE(run.boxes.shown.last().flags, 36);
+        QCOMPARE(main->lstResults->ListCount(), 3);
+        run.boxes.answer(platform::IDYES);
+        QTest::mouseClick(main->Command10, Qt::LeftButton);
+        QCOMPARE(VaultRun::rows(main->lstResults), QStringList({ "Alpha", "beta" }));
+        QVERIFY(main->txtDetails->Text().isEmpty());
+        main->Timer1_Timer();
+        QVERIFY(!main->cmdSaveChanges->isEnabled());
+        QVERIFY(main->txtAge->Locked());
+        QVERIFY(vaultDirty);
+
+        run.close();
+        const QList<EntryRecord> saved = run.vaultOnDisk();
+        QCOMPARE(saved.size(), 2);
+        QCOMPARE(saved.at(0).title, QByteArray("beta"));
+        // Decoding keeps the codec's padding: a zero for a length one short of a multiple of 3.
+        QCOMPARE(saved.at(0).age, QByteArray("new-pass\0", 9));
+        QCOMPARE(saved.at(0).name, QByteArray("joe"));
+        QCOMPARE(saved.at(1).title, QByteArray("Alpha"));
+        QVERIFY(!run.ini(QStringLiteral("Administrator/time.txt"), Keys::settings, Keys::time).isEmpty());
+        QCOMPARE(
+            run.ini(QStringLiteral("config.txt"), Keys::user, Keys::tempChangeable2), QStringLiteral("Administrator"));
+
+        main = run.start();
+        QCOMPARE(VaultRun::rows(main->lstResults), QStringList({ "Alpha", "beta" }));
+        QCOMPARE(main->StatusBar1Panel[0]->text(), QStringLiteral("2 entries"));
+        run.close();
+    }
+
+    void searchAndListQuirks()
+    {
+        VaultRun run;
+        frmMain* main = run.start();
+        // An empty vault: nothing to search.
+        search(main, QStringLiteral("x"));
+        QCOMPARE(run.boxes.shown.last().text, Lang(195));
+        QVERIFY(!main->Command2->isVisible());
+        run.close();
+
+        writeVault(run, { entry("Bank (old)", "u1"), entry("Mail", "u2"), entry("mail", "u3") });
+        main = run.start();
+        VaultRun::activate(main);
+        QCOMPARE(main->StatusBar1Panel[0]->text(), QStringLiteral("3 entries"));
+        search(main, QString());
+        QCOMPARE(run.boxes.shown.last().text, Lang(196));
+        QCOMPARE(run.boxes.shown.last().flags, 64);
+        const int before = static_cast<int>(run.boxes.shown.size());
+        search(main, QStringLiteral("nothing like it"));
+        QCOMPARE(run.boxes.shown.size(), before); // no message: an empty list in results mode
+        QCOMPARE(main->lstResults->ListCount(), 0);
+        QVERIFY(main->Command2->isVisible());
+        search(main, QStringLiteral("mail"));
+        QCOMPARE(run.boxes.shown.last().text, Lang(195)); // the list is asked, not the table
+        main->mnuRefresh_Click();
+        QCOMPARE(main->lstResults->ListCount(), 3);
+        QVERIFY(!main->Command2->isVisible());
+
+        // Titles that differ in case are two entries, each row finds its own.
+        VaultRun::clickRow(main->lstResults, rowOf(main->lstResults, QStringLiteral("mail")));
+        QCOMPARE(main->txtFullName->Text(), QStringLiteral("u3"));
+        VaultRun::clickRow(main->lstResults, rowOf(main->lstResults, QStringLiteral("Mail")));
+        QCOMPARE(main->txtFullName->Text(), QStringLiteral("u2"));
+        // "Bank (old)" looks up "Bank": none, so a beep and the previous entry again.
+        VaultRun::clickRow(main->lstResults, rowOf(main->lstResults, QStringLiteral("Bank (old)")));
+        QCOMPARE(run.beeps, 1);
+        QCOMPARE(main->txtDetails->Text(), QStringLiteral("Mail"));
+        // A click below the rows, with nothing selected: an empty title, a beep.
+        main->lstResults->clearSelection();
+        QTest::mouseClick(
+            main->lstResults->viewport(), Qt::LeftButton, {}, QPoint(5, main->lstResults->viewport()->height() - 3));
+        QCOMPARE(run.beeps, 2);
+        // The delete commands cut the same way.
+        VaultRun::clickRow(main->lstResults, rowOf(main->lstResults, QStringLiteral("Bank (old)")));
+        main->Command10_Click();
+        QCOMPARE(run.boxes.shown.last().text, Lang(199) + QStringLiteral(" Bank ") + Lang(200));
+        QCOMPARE(main->lstResults->ListCount(), 3); // no entry "Bank": nothing removed, no message
+
+        // Enter while the title box keeps the focus: the title never reached the working copy.
+        VaultRun::onNextModal([&run](QWidget* w) {
+            auto* view = qobject_cast<frmView*>(w);
+            VaultRun::type(view->txtDetails, QStringLiteral("Fresh"));
+            QTest::keyClick(view->txtDetails->Editor(), Qt::Key_Return);
+            QCOMPARE(run.boxes.shown.last().text, Lang(192));
+            QCOMPARE(run.boxes.shown.last().flags, 16);
+            QVERIFY(view->isVisible());
+            // Enter in the note box presses the default button too.
+            VaultRun::clickInto(view->txtExtra);
+            QTest::keyClick(view->txtExtra->Editor(), Qt::Key_Return);
+            QCOMPARE(run.boxes.shown.last().text, Lang(193));
+        });
+        main->mnuNew_Click();
+        QVERIFY(rowOf(main->lstResults, QStringLiteral("Fresh")) >= 0);
+
+        // A doubled title in the rows on show is refused; the table test catches the rest.
+        VaultRun::onNextModal([&run](QWidget* w) {
+            auto* view = qobject_cast<frmView*>(w);
+            VaultRun::type(view->txtDetails, QStringLiteral("Mail"));
+            QTest::mouseClick(view->cmdSaveChanges, Qt::LeftButton);
+            QCOMPARE(run.boxes.shown.last().text, Lang(288));
+            QVERIFY(view->isVisible());
+            QTest::mouseClick(view->Command2, Qt::LeftButton);
+        });
+        main->Command9_Click();
+        VaultRun::onNextModal([](QWidget* w) { qobject_cast<frmView*>(w)->Command2_Click(); });
+        main->Command9_Click();
+        // After the dialog's cancel the working copy is empty, whatever the boxes show.
+        QVERIFY(!main->txtDetails->Text().isEmpty());
+        main->cmdSaveChanges_Click();
+        QCOMPARE(run.boxes.shown.last().text, Lang(192));
+
+        // In results mode a new entry whose title is not listed overwrites that entry.
+        search(main, QStringLiteral("u2"));
+        // The name read back carries a padding zero, and a row ends at it.
+        QCOMPARE(VaultRun::rows(main->lstResults), QStringList({ "Mail (u2" }));
+        VaultRun::onNextModal([](QWidget* w) {
+            auto* view = qobject_cast<frmView*>(w);
+            VaultRun::type(view->txtDetails, QStringLiteral("Mail"));
+            VaultRun::type(view->txtFullName, QStringLiteral("overwritten"));
+            QTest::mouseClick(view->cmdSaveChanges, Qt::LeftButton);
+        });
+        main->mnuNew_Click();
+        QVERIFY(main->Command2->isVisible()); // the list is full again, the mode stays
+        QCOMPARE(main->Label2->text(), Lang(197));
+        QCOMPARE(main->lstResults->ListCount(), 4);
+        // The working copy is the new entry while the boxes show the old one: a typed field
+        // and a save change the new entry.
+        VaultRun::clickRow(main->lstResults, rowOf(main->lstResults, QStringLiteral("Fresh")));
+        VaultRun::onNextModal([](QWidget* w) {
+            auto* view = qobject_cast<frmView*>(w);
+            VaultRun::type(view->txtDetails, QStringLiteral("Newest"));
+            QTest::mouseClick(view->cmdSaveChanges, Qt::LeftButton);
+        });
+        main->mnuNew_Click();
+        QCOMPARE(main->txtDetails->Text(), QStringLiteral("Fresh"));
+        VaultRun::type(main->txtPhone, QStringLiteral("phrase"));
+        QTest::mouseClick(main->cmdSaveChanges, Qt::LeftButton);
+        QCOMPARE(entryTable[FindEntryByTitle("Newest")].phone, QByteArray("phrase"));
+        QVERIFY(entryTable[FindEntryByTitle("Fresh")].phone.isEmpty());
+        QCOMPARE(main->StatusBar1Panel[0]->text(), QStringLiteral("3 entries"));
+        run.close();
+        const QList<EntryRecord> saved = run.vaultOnDisk();
+        QCOMPARE(saved.size(), 5);
+        QCOMPARE(saved.at(1).name, QByteArray("overwritten\0", 12));
+    }
+
+    void closingWithAnEmptyListSavesNothingAndEachLoadGrowsTheFile()
+    {
+        VaultRun run;
+        writeVault(run, { entry("One", "a"), entry("Two", "b") });
+        const QString file = QStringLiteral("appdata/Brenmark/Tolvane/data/Administrator/list.dat");
+        const QByteArray original = run.world.read(file);
+        frmMain* main = run.start();
+        const QByteArray afterLoad = run.world.read(file);
+        QCOMPARE(afterLoad.size(), original.size() + 3);
+        main->txtSearch->SetText(QStringLiteral("no such text"));
+        main->Command1_Click();
+        QCOMPARE(main->lstResults->ListCount(), 0);
+        // The deletions of this run are lost with the empty list.
+        run.close();
+        QCOMPARE(run.world.read(file), afterLoad);
+        QVERIFY(!run.ini(QStringLiteral("Administrator/time.txt"), Keys::settings, Keys::time).isEmpty());
+        QCOMPARE(
+            run.ini(QStringLiteral("config.txt"), Keys::user, Keys::tempChangeable2), QStringLiteral("Administrator"));
+
+        run.start();
+        QCOMPARE(run.world.read(file).size(), original.size() + 6);
+        QCOMPARE(run.vaultOnDisk().size(), 2);
+        // Deleting the last entries: the list is empty at the end, so they are back next time.
+        main = frmMain::Loaded();
+        for (int i = 0; i < 2; ++i) {
+            main->lstResults->SetListIndex(0);
+            main->mnuDelete_Click();
+        }
+        QCOMPARE(main->lstResults->ListCount(), 0);
+        QCOMPARE(EntryCount(entryTable), qint16(1)); // 0 to 0
+        run.close();
+        QCOMPARE(run.vaultOnDisk().size(), 2);
+    }
+
+    void oddTitlesLongNotesAndPicturesThroughASave()
+    {
+        VaultRun run;
+        frmMain* main = run.start();
+        VaultRun::activate(main);
+        const QStringList titles = { QStringLiteral("a=b"), QStringLiteral(";semi"), QStringLiteral("x]y"),
+            QStringLiteral("[open"), QStringLiteral("  lead"), QStringLiteral("Zürich é") };
+        for (const QString& t : titles)
+            addEntry(main, { t, QStringLiteral(" user"), QStringLiteral("p=w"), {} });
+        const QString note = QString(10000, QLatin1Char('n')) + QStringLiteral("\r\nend");
+        addEntry(main, { QStringLiteral("long"), {}, {}, note });
+
+        // Pictures: cancel, a missing file, a file that is no picture, then real ones.
+        auto image = [&run](const QString& name, const char* format) {
+            QImage picture(8, 8, QImage::Format_RGB32);
+            picture.fill(QColor(0x10, 0x20, 0x30));
+            const QString path = run.world.path(QStringLiteral("home/") + name);
+            if (!picture.save(path, format))
+                qFatal("no %s writer", format);
+            QFile f(path);
+            f.open(QIODevice::ReadOnly);
+            return std::pair(path, f.readAll());
+        };
+        const auto [bmp, bmpBytes] = image(QStringLiteral("p.bmp"), "BMP");
+        const auto [png, pngBytes] = image(QStringLiteral("p.png"), "PNG");
+        QVERIFY(!bmpBytes.contains("\r\n") && !bmpBytes.contains('&'));
+        run.world.write(QStringLiteral("home/t.txt"), "not a picture");
+        QStringList answers = { QString(), platform::ToWindows(run.world.path(QStringLiteral("home/none.gif"))),
+            platform::ToWindows(run.world.path(QStringLiteral("home/t.txt"))), platform::ToWindows(bmp),
+            platform::ToWindows(png) };
+        platform::SetOpenFileBackend([&answers](const platform::OpenFileCall& call) {
+            return call.title == QLatin1String("Load Image") ? answers.takeFirst() : QString();
+        });
+        const int before = static_cast<int>(run.boxes.shown.size());
+        for (const char* title : { "bmp", "png" }) {
+            VaultRun::onNextModal([title](QWidget* w) {
+                auto* view = qobject_cast<frmView*>(w);
+                VaultRun::type(view->txtDetails, QLatin1String(title));
+                for (int i = 0; i < (title[0] == 'b' ? 4 : 1); ++i)
+                    view->cmdLoad_Click();
+                QTest::mouseClick(view->cmdSaveChanges, Qt::LeftButton);
+            });
+            main->mnuNew_Click();
+        }
+        QCOMPARE(run.boxes.shown.size(), before + 4); // two failures and two saved messages
+        QCOMPARE(run.boxes.shown.at(before).text, QStringLiteral("Error #53:\nFile not found"));
+        QCOMPARE(run.boxes.shown.at(before).flags, 16);
+        QCOMPARE(run.boxes.shown.at(before + 1).text, QStringLiteral("Error #481:\nInvalid picture"));
+        run.close();
+
+        main = run.start();
+        QStringList expected = titles;
+        expected << QStringLiteral("long") << QStringLiteral("bmp") << QStringLiteral("png");
+        std::sort(expected.begin(), expected.end(),
+            [](const QString& a, const QString& b) { return ListBox::CompareRows(a, b) < 0; });
+        QCOMPARE(VaultRun::rows(main->lstResults), expected); // titles are raw section lines
+        for (const QString& t : titles) {
+            const EntryRecord& e = entryTable[FindEntryByTitle(platform::ToCodePage(t))];
+            // A leading blank is written as it is; "=" comes back as its escape; both with
+            // the codec's padding.
+            QCOMPARE(e.name, QByteArray(" user\0", 6));
+            QCOMPARE(e.age, QByteArray("p&1w\0\0", 6));
+        }
+        // Only the first line of a value is read: 48 characters of the escaped note.
+        QCOMPARE(entryTable[FindEntryByTitle("long")].extra, QByteArray(48, 'n'));
+        QCOMPARE(entryTable[FindEntryByTitle("bmp")].picture, bmpBytes);
+        // A picture is written raw: its first CR LF ends it.
+        QCOMPARE(entryTable[FindEntryByTitle("png")].picture, pngBytes.left(pngBytes.indexOf("\r\n")));
+        run.close();
+    }
+
+    void anyVaultOrSettingsFileOpensWithoutACrash()
+    {
+        VaultRun run;
+        QVERIFY(run.start());
+        run.close();
+        QByteArray noise;
+        for (int i = 0; i < 5000; ++i)
+            noise += static_cast<char>((i * 7919 + 13) % 256);
+        for (const QByteArray& content : { noise, QByteArray("[a]\r\nname=@@@@\r\n[b]\r\n"), QByteArray("[") }) {
+            run.world.write(QStringLiteral("appdata/Brenmark/Tolvane/data/Administrator/list.dat"), content);
+            run.world.write(QStringLiteral("appdata/Brenmark/Tolvane/data/Administrator/settings.txt"), noise);
+            run.world.write(QStringLiteral("appdata/Brenmark/Tolvane/data/Administrator/cfg.txt"), noise);
+            frmMain* main = run.start();
+            QVERIFY(main || run.login());
+            if (run.login())
+                run.login()->Command2_Click();
+            run.close();
+        }
+    }
+};
+
+QTEST_MAIN(tst_frmmain)
+#include "tst_frmmain.moc"
