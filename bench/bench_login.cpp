@@ -98,7 +98,8 @@ int main(int argc, char* argv[])
     const QString data = dir.path() + QStringLiteral("/appdata/Brenmark/Tolvane/data/");
     QDir().mkpath(data + QStringLiteral("Administrator"));
     QFile::copy(QStringLiteral(TOLVANE_BUILT_PROGRAM_DIR "/users.txt"), data + QStringLiteral("users.txt"));
-    QFile::copy(QStringLiteral(TOLVANE_BUILT_PROGRAM_DIR "/dummy.dat"), data + QStringLiteral("Administrator/dummy.dat"));
+    QFile::copy(
+        QStringLiteral(TOLVANE_BUILT_PROGRAM_DIR "/dummy.dat"), data + QStringLiteral("Administrator/dummy.dat"));
     const QString config = platform::ToWindows(data + QStringLiteral("config.txt"));
     WriteIni(Keys::user, Keys::current, QStringLiteral("Administrator"), config);
     WriteIni(Keys::user, Keys::defaultProfile, QStringLiteral("Administrator"), config);

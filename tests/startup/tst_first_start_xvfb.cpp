@@ -32,8 +32,9 @@ private Q_SLOTS:
         for (int n = 60; n < 100 && display.isEmpty(); ++n) {
             if (QFileInfo::exists(QStringLiteral("/tmp/.X%1-lock").arg(n)))
                 continue;
-            xvfb.start(server, { QStringLiteral(":%1").arg(n), QStringLiteral("-screen"), QStringLiteral("0"),
-                                   QStringLiteral("1280x1024x24"), QStringLiteral("-nolisten"), QStringLiteral("tcp") });
+            xvfb.start(server,
+                { QStringLiteral(":%1").arg(n), QStringLiteral("-screen"), QStringLiteral("0"),
+                    QStringLiteral("1280x1024x24"), QStringLiteral("-nolisten"), QStringLiteral("tcp") });
             QVERIFY(xvfb.waitForStarted());
             QElapsedTimer waited;
             waited.start();
@@ -72,7 +73,8 @@ private Q_SLOTS:
         program.start(folder + QStringLiteral("/tolvane"), {});
         QVERIFY(program.waitForStarted());
 
-        const QStringList byName = { QStringLiteral("search"), QStringLiteral("--onlyvisible"), QStringLiteral("--name") };
+        const QStringList byName
+            = { QStringLiteral("search"), QStringLiteral("--onlyvisible"), QStringLiteral("--name") };
         QString splash;
         QTRY_VERIFY_WITH_TIMEOUT(
             !(splash = run(QStringLiteral("xdotool"), byName + QStringList { QStringLiteral("^Tolvane$") }, env))

@@ -41,7 +41,9 @@ private Q_SLOTS:
         QTRY_VERIFY_WITH_TIMEOUT(boxes(world).size() == 1, 10000);
         // A fresh machine has no language yet: the one message that is no slot, then English.
         QCOMPARE(boxes(world).first(), QStringLiteral("16|Tolvane|Error: Failed loading selected language."));
-        QVERIFY(world.read(QStringLiteral("registry/HKEY_CURRENT_USER.reg")).contains("curLang"));
+        // The language is written right after that message is answered.
+        QTRY_VERIFY_WITH_TIMEOUT(
+            world.read(QStringLiteral("registry/HKEY_CURRENT_USER.reg")).contains("curLang"), 10000);
         // The instance lock is taken right after the language table is loaded.
         QTRY_VERIFY_WITH_TIMEOUT(
             !QDir(world.path(QStringLiteral("run"))).entryList({ QStringLiteral("*.lock") }).isEmpty(), 10000);
@@ -76,13 +78,16 @@ private Q_SLOTS:
         TestWorld world;
         const QString exe = installCopy(world);
         world.write(QStringLiteral("installed/usb.inf"), "");
-        // In portable mode the splash decides the data root; the login that follows in a later
-        // step provisions it. Here: the program starts and stays up from a portable folder.
+        // In portable mode the data tree is provisioned beside the program, not in the user's
+        // data folder.
         QProcess p;
         p.setProcessEnvironment(environment(world));
         p.start(exe, {});
         QVERIFY(p.waitForStarted());
-        QVERIFY(!p.waitForFinished(4500)); // through the splash's three ticks into the login
+        QTRY_VERIFY_WITH_TIMEOUT(
+            QFileInfo::exists(world.path(QStringLiteral("installed/Brenmark/Tolvane/data/Administrator/list.dat"))),
+            10000);
+        QCOMPARE(p.state(), QProcess::Running);
         p.kill();
         p.waitForFinished();
         QVERIFY(!QFileInfo::exists(world.path(QStringLiteral("appdata/Brenmark"))));

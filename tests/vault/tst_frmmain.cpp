@@ -378,6 +378,50 @@ private Q_SLOTS:
         run.close();
     }
 
+    void tabCarriesTheHintAndAVaultTooLargeIsKept()
+    {
+        VaultRun run;
+        writeVault(run, { entry("One", "a") });
+        const QString file = QStringLiteral("appdata/Brenmark/Tolvane/data/Administrator/list.dat");
+        frmMain* main = run.start();
+        VaultRun::activate(main);
+        VaultRun::clickRow(main->lstResults, 0);
+        VaultRun::type(main->txtFullName, QStringLiteral("b"));
+        QVERIFY(currentEntry.name.startsWith("a\0")); // typed, not yet carried
+        QTest::keyClick(main->txtFullName->Editor(), Qt::Key_Tab);
+        QCOMPARE(currentEntry.name, QByteArray("ba"));
+
+        VaultRun::onNextModal([&run](QWidget* w) {
+            qobject_cast<frmView*>(w)->Command1->click();
+            QCOMPARE(run.boxes.shown.last().text, Lang(289));
+            QCOMPARE(run.boxes.shown.last().flags, 64);
+            qobject_cast<frmView*>(w)->Command2->click();
+        });
+        main->mnuNew_Click();
+
+        // More than the walk can carry: the message, and the last vault stays as it was.
+        const QByteArray onDisk = run.world.read(file);
+        for (int i = 0; i < 200; ++i) {
+            EntryRecord e = entry("Big");
+            e.title += QByteArray::number(i);
+            e.extra = QByteArray(200, 'x');
+            qint16 end = -1;
+            InsertEntry(entryTable, e, end);
+        }
+        run.close();
+        QCOMPARE(run.boxes.shown.last().text, Lang(900));
+        QCOMPARE(run.boxes.shown.last().flags, 16);
+        QCOMPARE(run.world.read(file), onDisk);
+
+        // A profile folder deleted behind the program's back: the close writes nothing, quietly.
+        run.start();
+        QVERIFY(QDir(run.data(QStringLiteral("Administrator"))).removeRecursively());
+        const int boxes = static_cast<int>(run.boxes.shown.size());
+        run.close();
+        QCOMPARE(run.boxes.shown.size(), boxes);
+        QVERIFY(!QFileInfo::exists(run.world.path(file)));
+    }
+
     void anyVaultOrSettingsFileOpensWithoutACrash()
     {
         VaultRun run;
