@@ -1,8 +1,11 @@
 #include "vault/EntryBoxes.h"
 
 #include "platform/CodePage.h"
+#include "services/modLanguage.h"
 #include "vault/TextBox.h"
 #include "vault/modRoster.h"
+
+#include <QLabel>
 
 void CarryIntoCurrentEntry(QObject* context, const EntryBoxes& boxes)
 {
@@ -19,6 +22,14 @@ void CarryIntoCurrentEntry(QObject* context, const EntryBoxes& boxes)
         QObject::connect(
             control, &TextBox::LostFocus, context, [control, field] { currentEntry.*field = Stored(control->Text()); });
     }
+}
+
+void SetEntryCaptions(const EntryLabels& labels)
+{
+    int slot = 241;
+    for (QLabel* label : { labels.lblViewID, labels.lblFullName, labels.lblPhone, labels.lblAge, labels.lblAddress,
+             labels.lblInterests, labels.lblExtra })
+        label->setText(Lang(slot++));
 }
 
 void ShowEntry(const EntryBoxes& boxes, const EntryRecord& entry)

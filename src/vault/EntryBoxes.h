@@ -2,6 +2,7 @@
 // The seven boxes of an entry, as both the vault window and the new-entry dialog have them.
 #include "storage/EntryRecord.h"
 
+class QLabel;
 class QObject;
 class TextBox;
 
@@ -15,6 +16,21 @@ struct EntryBoxes
     TextBox* txtInterests;
     TextBox* txtExtra;
 };
+
+// The captions of the seven boxes: title, user name, passphrase, password, URL, document, note.
+struct EntryLabels
+{
+    QLabel* lblViewID;
+    QLabel* lblFullName;
+    QLabel* lblPhone;
+    QLabel* lblAge;
+    QLabel* lblAddress;
+    QLabel* lblInterests;
+    QLabel* lblExtra;
+};
+
+// Sets them from their language slots, 241 to 247.
+void SetEntryCaptions(const EntryLabels& labels);
 
 // Each box carries its whole text into its field of currentEntry when it loses the focus.
 void CarryIntoCurrentEntry(QObject* context, const EntryBoxes& boxes);

@@ -1,6 +1,5 @@
 #include "vault/frmMain.h"
 
-#include "platform/CodePage.h"
 #include "platform/Dialogs.h"
 #include "platform/MessageBox.h"
 #include "platform/Runtime.h"
@@ -371,19 +370,9 @@ void frmMain::setCaptions()
     };
     for (const auto& [action, slot] : entries)
         action->setText(Lang(slot));
-    const std::pair<QLabel*, int> labels[] = {
-        { Label1, 239 },
-        { lblViewID, 241 },
-        { lblFullName, 242 },
-        { lblPhone, 243 },
-        { lblAge, 244 },
-        { lblAddress, 245 },
-        { lblInterests, 246 },
-        { lblExtra, 247 },
-        { Label2, 201 },
-    };
-    for (const auto& [control, slot] : labels)
-        control->setText(Lang(slot));
+    Label1->setText(Lang(239));
+    Label2->setText(Lang(201));
+    SetEntryCaptions({ lblViewID, lblFullName, lblPhone, lblAge, lblAddress, lblInterests, lblExtra });
     Command2->setText(Lang(240));
     cmdSaveChanges->setText(Lang(248));
 }
@@ -471,9 +460,7 @@ void frmMain::Form_Resize()
         H = qMax(H, minimumHeight.toInt());
         resize(Twips(W - 240), Twips(H - 840) + menuBar()->sizeHint().height());
     }
-    const int listTop = lstResults->y();
     lstResults->resize(lstResults->width(), Twips(Command2->isVisible() ? H - 2350 : H - 2100));
-    lstResults->move(lstResults->x(), listTop);
     for (TextBox* b : { txtDetails, txtFullName, txtPhone, txtAge, txtAddress, txtInterests })
         b->resize(Twips(W - 4750), b->height());
     txtExtra->resize(Twips(W - 4050), Twips(H - 4700));
@@ -586,14 +573,7 @@ void frmMain::cmdSaveChanges_Click()
         platform::MsgBox(Lang(192), 16);
         return;
     }
-    const qint16 index = FindEntryByTitle(copy.title);
-    if (index == 0) {
-        qint16 end = -1;
-        InsertEntry(entryTable, copy, end);
-    } else {
-        entryTable[index] = copy;
-    }
-    vaultDirty = true;
+    StoreEntry(copy);
     platform::MsgBox(Lang(193), 64);
     FillWithAllTitles(); // the mode stays, the selection is gone
 }

@@ -1,6 +1,5 @@
 #include "vault/frmView.h"
 
-#include "platform/CodePage.h"
 #include "platform/Dialogs.h"
 #include "platform/Files.h"
 #include "platform/MessageBox.h"
@@ -60,7 +59,7 @@ frmView::frmView(QWidget* owner)
     txtInterests->SetScrollBars(false, false);
     txtExtra->SetScrollBars(true, true);
 
-    CarryIntoCurrentEntry(this, { txtDetails, txtFullName, txtPhone, txtAge, txtAddress, txtInterests, txtExtra });
+    CarryIntoCurrentEntry(this, Boxes());
 
     Image6 = static_cast<QLabel*>(named(new QLabel(this), "Image6"));
     PlaceTwips(Image6, 5340, 1222, 240, 240);
@@ -91,21 +90,16 @@ frmView::frmView(QWidget* owner)
 
 void frmView::Form_Load()
 {
-    ShowEntry({ txtDetails, txtFullName, txtPhone, txtAge, txtAddress, txtInterests, txtExtra }, currentEntry);
+    ShowEntry(Boxes(), currentEntry);
     setWindowTitle(Lang(290));
-    const std::pair<QLabel*, int> captions[] = {
-        { lblViewID, 241 },
-        { lblFullName, 242 },
-        { lblPhone, 243 },
-        { lblAge, 244 },
-        { lblAddress, 245 },
-        { lblInterests, 246 },
-        { lblExtra, 247 },
-    };
-    for (const auto& [label, slot] : captions)
-        label->setText(Lang(slot));
+    SetEntryCaptions({ lblViewID, lblFullName, lblPhone, lblAge, lblAddress, lblInterests, lblExtra });
     cmdSaveChanges->setText(Lang(248));
     Command2->setText(Lang(147));
+}
+
+EntryBoxes frmView::Boxes() const
+{
+    return { txtDetails, txtFullName, txtPhone, txtAge, txtAddress, txtInterests, txtExtra };
 }
 
 void frmView::unload()
@@ -129,14 +123,7 @@ void frmView::cmdSaveChanges_Click()
             return;
         }
     }
-    const qint16 index = FindEntryByTitle(copy.title);
-    if (index == 0) {
-        qint16 end = -1;
-        InsertEntry(entryTable, copy, end);
-    } else {
-        entryTable[index] = copy;
-    }
-    vaultDirty = true;
+    StoreEntry(copy);
     platform::MsgBox(Lang(193), 64);
     main->FillWithAllTitles();
     unload();

@@ -1,6 +1,8 @@
 #pragma once
 // The dialog that writes a new entry. It works on currentEntry, which its boxes fill as they
 // lose the focus, and stores it in entryTable.
+#include "vault/EntryBoxes.h"
+
 #include <QDialog>
 
 class QFrame;
@@ -32,6 +34,7 @@ public:
     QPushButton* cmdLoad;
 
 private:
+    EntryBoxes Boxes() const;
     // Ends the dialog ("Unload").
     void unload();
 };

@@ -73,6 +73,18 @@ void RemoveEntry(EntryTable& table, int index)
     }
 }
 
+void StoreEntry(const EntryRecord& record)
+{
+    const qint16 index = FindEntryByTitle(record.title);
+    if (index == 0) {
+        qint16 end = -1;
+        InsertEntry(entryTable, record, end);
+    } else {
+        entryTable[index] = record;
+    }
+    vaultDirty = true;
+}
+
 qint16 EntryCount(const EntryTable& table)
 {
     if (!table.HasBounds())

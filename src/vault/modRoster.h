@@ -45,5 +45,9 @@ void InsertEntry(EntryTable& table, const EntryRecord& record, qint16& position)
 // Takes the entry out and closes the gap; an index outside 1..EntryCount does nothing.
 void RemoveEntry(EntryTable& table, int index);
 
+// Overwrites the last entry of that title, or appends the record when there is none; marks the
+// vault changed. The one write of both save commands.
+void StoreEntry(const EntryRecord& record);
+
 // UBound - LBound + 1; 0 for a table without bounds.
 qint16 EntryCount(const EntryTable& table);
