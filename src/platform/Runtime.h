@@ -17,6 +17,9 @@ QString ErrorText(int number);
 // Ends the process at once: no window is closed, nothing in memory is written back.
 [[noreturn]] void EndProcess(int exitCode = 0);
 
+// Work to do before EndProcess ends the process (handing the clipboard over to a keeper).
+void AtEndProcess(std::function<void()> work);
+
 // Tests replace the ending (it must not return: throw, or end the process).
 void SetEndProcessHook(std::function<void(int)> hook);
 

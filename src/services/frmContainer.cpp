@@ -1,10 +1,17 @@
 #include "services/frmContainer.h"
 
+#include "platform/Clipboard.h"
+#include "platform/MessageBox.h"
 #include "platform/Twips.h"
 #include "storage/DataRoot.h"
 #include "storage/modFileExist.h"
 #include "storage/modIni2.h"
 #include "vault/frmMain.h"
+
+#include <QCursor>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMouseEvent>
 
 namespace {
 
@@ -43,6 +50,9 @@ void frmContainer::Unload()
 frmContainer::frmContainer()
 {
     setObjectName(QStringLiteral("frmContainer"));
+    // Small enough to stay wholly outside the screen at -1000 twips when it is shown.
+    setWindowFlags(Qt::Tool | Qt::FramelessWindowHint);
+    resize(Twips(600), Twips(600));
 }
 
 QString frmContainer::TipText(const QString& profile)
@@ -56,8 +66,18 @@ void frmContainer::Form_Load()
     move(-Twips(1000), -Twips(1000));
     // Taking the vault window's icon is its first use: its whole load runs here, before the
     // options below are looked at.
-    setWindowIcon(frmMain::Instance()->windowIcon());
+    nid.hWnd = this;
+    nid.hIcon = frmMain::Instance()->windowIcon();
+    setWindowIcon(nid.hIcon);
     tip = TipText(CurrentProfile());
+    nid.szTip = tip;
+    iconShown = platform::Shell_NotifyIconA(platform::NIM_ADD, nid) != 0;
+    if (!iconShown) {
+        // Without a notification area the pop-up menu would be out of reach.
+        frmMain* vault = frmMain::Instance();
+        vault->mnuPop->setTitle(platform::AppTitle());
+        vault->menuBar()->addMenu(vault->mnuPop);
+    }
     const QString cfg = ProfileFile(QStringLiteral("cfg.txt"));
     if (!FileExist(cfg)) {
         for (int n = 1; n <= 5; ++n)
@@ -65,4 +85,42 @@ void frmContainer::Form_Load()
     }
 }
 
-void frmContainer::Form_Unload() { }
+void frmContainer::Form_Unload()
+{
+    if (GetIni(Keys::setts, Keys::option(3), ProfileFile(QStringLiteral("cfg.txt"))) == QLatin1String("1"))
+        platform::ClipboardClear();
+}
+
+void frmContainer::mouseMoveEvent(QMouseEvent* event)
+{
+    const QPointF at = event->position();
+    Form_MouseMove(static_cast<int>(event->buttons()), static_cast<int>(event->modifiers()),
+        PixelsToTwips(qRound(at.x())), PixelsToTwips(qRound(at.y())));
+}
+
+void frmContainer::Form_MouseMove(int button, int shift, int x, int y)
+{
+    Q_UNUSED(button);
+    Q_UNUSED(shift);
+    Q_UNUSED(y);
+    // The scale is twips: the message is X over the twips of a pixel.
+    const int message = x / PixelsToTwips(1);
+    QMenu* menu = frmMain::Instance()->mnuPop;
+    switch (message) {
+    case platform::WM_LBUTTONUP:
+        menu->popup(QCursor::pos());
+        break;
+    case platform::WM_LBUTTONDBLCLK:
+        setWindowState(Qt::WindowNoState);
+        platform::SetForegroundWindow(this);
+        show();
+        break;
+    case platform::WM_RBUTTONUP:
+        // Only the right button brings the host window to the front first.
+        platform::SetForegroundWindow(this);
+        menu->popup(QCursor::pos());
+        break;
+    default:
+        break;
+    }
+}

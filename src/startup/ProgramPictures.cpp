@@ -6,6 +6,8 @@
 #include <QPainter>
 #include <QPainterPath>
 
+#include <functional>
+
 namespace {
 
 // A key in a shield: the program's mark, drawn as vectors into a square of side `side`.
@@ -69,4 +71,78 @@ QIcon ProgramIcon()
         icon.addPixmap(pixmap);
     }
     return icon;
+}
+
+namespace {
+
+const QColor ink(0x17, 0x3e, 0x6e);
+const QColor paper(0xf4, 0xf7, 0xfb);
+
+// An icon drawn by `draw` into squares of the usual sizes, so it stays sharp at any scale.
+QIcon drawnIcon(const std::function<void(QPainter&, qreal)>& draw)
+{
+    QIcon icon;
+    for (int size : { 16, 24, 32, 48, 64 }) {
+        QPixmap pixmap(size, size);
+        pixmap.fill(Qt::transparent);
+        QPainter p(&pixmap);
+        p.setRenderHint(QPainter::Antialiasing);
+        p.setPen(QPen(ink, qMax(1.0, size / 16.0), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        p.setBrush(paper);
+        draw(p, size);
+        icon.addPixmap(pixmap);
+    }
+    return icon;
+}
+
+} // namespace
+
+QIcon CopyPicture()
+{
+    return drawnIcon([](QPainter& p, qreal s) {
+        p.drawRoundedRect(QRectF(s * 0.1, s * 0.08, s * 0.5, s * 0.6), s * 0.06, s * 0.06);
+        p.drawRoundedRect(QRectF(s * 0.38, s * 0.32, s * 0.5, s * 0.6), s * 0.06, s * 0.06);
+    });
+}
+
+QIcon DocumentPicture()
+{
+    return drawnIcon([](QPainter& p, qreal s) {
+        QPainterPath page;
+        page.moveTo(s * 0.2, s * 0.06);
+        page.lineTo(s * 0.6, s * 0.06);
+        page.lineTo(s * 0.82, s * 0.28);
+        page.lineTo(s * 0.82, s * 0.94);
+        page.lineTo(s * 0.2, s * 0.94);
+        page.closeSubpath();
+        p.drawPath(page);
+        p.drawLine(QPointF(s * 0.6, s * 0.06), QPointF(s * 0.6, s * 0.28));
+        p.drawLine(QPointF(s * 0.6, s * 0.28), QPointF(s * 0.82, s * 0.28));
+        for (qreal y : { 0.48, 0.62, 0.76 })
+            p.drawLine(QPointF(s * 0.32, s * y), QPointF(s * 0.7, s * y));
+    });
+}
+
+QIcon WebPicture()
+{
+    return drawnIcon([](QPainter& p, qreal s) {
+        const QPointF centre(s * 0.5, s * 0.5);
+        p.drawEllipse(centre, s * 0.42, s * 0.42);
+        p.setBrush(Qt::NoBrush);
+        p.drawEllipse(centre, s * 0.18, s * 0.42);
+        p.drawLine(QPointF(s * 0.08, s * 0.5), QPointF(s * 0.92, s * 0.5));
+        p.drawLine(QPointF(s * 0.5, s * 0.08), QPointF(s * 0.5, s * 0.92));
+    });
+}
+
+QIcon GeneratorPicture()
+{
+    return drawnIcon([](QPainter& p, qreal s) {
+        p.drawRoundedRect(QRectF(s * 0.1, s * 0.1, s * 0.8, s * 0.8), s * 0.16, s * 0.16);
+        p.setBrush(ink);
+        const qreal r = s * 0.07;
+        for (const QPointF& dot :
+            { QPointF(0.32, 0.32), QPointF(0.5, 0.5), QPointF(0.68, 0.68), QPointF(0.68, 0.32), QPointF(0.32, 0.68) })
+            p.drawEllipse(QPointF(s * dot.x(), s * dot.y()), r, r);
+    });
 }

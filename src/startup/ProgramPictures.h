@@ -5,3 +5,10 @@
 
 QPixmap SplashPicture(qreal devicePixelRatio);
 QIcon ProgramIcon();
+
+// The small pictures beside the boxes: copy, open the document, open the web address, and the
+// password generator.
+QIcon CopyPicture();
+QIcon DocumentPicture();
+QIcon WebPicture();
+QIcon GeneratorPicture();

@@ -1,3 +1,4 @@
+#include "platform/Clipboard.h"
 #include "platform/GuiMessageBox.h"
 #include "platform/Paths.h"
 #include "startup/ProgramPictures.h"
@@ -18,6 +19,7 @@ int main(int argc, char* argv[])
     QApplication::setQuitOnLastWindowClosed(false);
     platform::SetCommandLine(QApplication::arguments());
     platform::InstallWindowMessageBoxes();
+    platform::KeepClipboardAfterExit();
 
     auto* splash = new frmSplash;
     splash->setAttribute(Qt::WA_DeleteOnClose);

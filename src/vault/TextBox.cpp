@@ -21,6 +21,10 @@ TextBox::TextBox(Kind kind, QWidget* parent)
         plain->viewport()->installEventFilter(this);
         editor = plain;
     }
+    if (line)
+        connect(line, &QLineEdit::textChanged, this, &TextBox::contentsChanged);
+    else
+        connect(plain, &QPlainTextEdit::textChanged, this, &TextBox::contentsChanged);
     editor->installEventFilter(this);
     setFocusProxy(editor);
     setFocusPolicy(Qt::StrongFocus);
@@ -43,14 +47,67 @@ QString TextBox::Text() const
 void TextBox::SetText(const QString& value)
 {
     // The box holds a zero-terminated text: the codec's padding zeros end it.
-    const QString text = value.left(value.indexOf(QChar(0)));
-    if (line) {
+    QString text = value.left(value.indexOf(QChar(0)));
+    if (plain)
+        text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    setEditorText(text);
+    canUndo = false;
+    typing = false;
+}
+
+QString TextBox::editorText() const
+{
+    return line ? line->text() : plain->toPlainText();
+}
+
+void TextBox::setEditorText(const QString& text)
+{
+    quiet = true;
+    if (line)
         line->setText(text);
+    else
+        plain->setPlainText(text);
+    quiet = false;
+}
+
+void TextBox::contentsChanged()
+{
+    const QString now = editorText();
+    if (now == lastText)
+        return;
+    // The first change of a run of typing keeps the text before it.
+    if (!quiet && !typing) {
+        undoText = lastText;
+        canUndo = true;
+        typing = true;
+    }
+    lastText = now;
+}
+
+void TextBox::SendMessage(int message)
+{
+    if (locked)
+        return;
+    const QString before = editorText();
+    if (message == WM_UNDO) {
+        if (!canUndo)
+            return;
+        setEditorText(undoText);
+        undoText = before;
+        typing = false;
         return;
     }
-    QString shown = text;
-    shown.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
-    plain->setPlainText(shown);
+    quiet = true;
+    if (message == WM_CUT)
+        line ? line->cut() : plain->cut(); // a masked one-line box keeps its text, as it should
+    else if (message == WM_PASTE)
+        line ? line->paste() : plain->paste();
+    quiet = false;
+    if (editorText() != before) {
+        undoText = before;
+        canUndo = true;
+    }
+    typing = false;
 }
 
 void TextBox::SetLocked(bool value)
@@ -100,6 +157,8 @@ bool TextBox::eventFilter(QObject* watched, QEvent* event)
     switch (event->type()) {
     case QEvent::FocusOut: {
         const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+        if (watched == Editor())
+            typing = false;
         if (watched == Editor() && reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason)
             Q_EMIT LostFocus();
         break;
@@ -110,6 +169,24 @@ bool TextBox::eventFilter(QObject* watched, QEvent* event)
         break;
     case QEvent::KeyPress: {
         auto* key = static_cast<QKeyEvent*>(event);
+        // The keys of the edit commands send the same messages as the menu does; the box
+        // knows no redo of its own.
+        if (watched == Editor()) {
+            if (key->matches(QKeySequence::Undo)) {
+                SendMessage(WM_UNDO);
+                return true;
+            }
+            if (key->matches(QKeySequence::Cut)) {
+                SendMessage(WM_CUT);
+                return true;
+            }
+            if (key->matches(QKeySequence::Paste)) {
+                SendMessage(WM_PASTE);
+                return true;
+            }
+            if (key->matches(QKeySequence::Redo))
+                return true;
+        }
         if (plain && watched == plain && (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter)) {
             if (key->modifiers() & Qt::ControlModifier) {
                 if (!plain->isReadOnly())

@@ -22,6 +22,14 @@ public:
     };
     explicit TextBox(Kind kind, QWidget* parent = nullptr);
 
+    // The edit box's messages: cut the selection, paste, undo. The box has one step of undo,
+    // as the classic edit box: a second undo takes back the first, and setting the text from
+    // the program leaves nothing to undo. A locked box refuses all three.
+    static constexpr int WM_CUT = 768;
+    static constexpr int WM_PASTE = 770;
+    static constexpr int WM_UNDO = 772;
+    void SendMessage(int message);
+
     QString Text() const;
     void SetText(const QString& text);
     bool Locked() const { return locked; }
@@ -47,6 +55,16 @@ protected:
 
 private:
     bool pressDefaultButton();
+    QString editorText() const;
+    void setEditorText(const QString& text);
+    void contentsChanged();
+
+    // The one step of undo: the text before the last edit, kept while a run of typing goes on.
+    QString undoText;
+    QString lastText;
+    bool canUndo = false;
+    bool typing = false;
+    bool quiet = false;
 
     QLineEdit* line = nullptr;
     QPlainTextEdit* plain = nullptr;

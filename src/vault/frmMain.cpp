@@ -1,19 +1,27 @@
 #include "vault/frmMain.h"
 
+#include "platform/Clipboard.h"
+#include "platform/Cursor.h"
 #include "platform/Dialogs.h"
 #include "platform/MessageBox.h"
 #include "platform/Runtime.h"
 #include "platform/Twips.h"
+#include "services/ShellMod.h"
 #include "services/frmContainer.h"
 #include "services/modLanguage.h"
+#include "services/modLinki.h"
+#include "startup/ProgramPictures.h"
 #include "storage/DataRoot.h"
 #include "storage/VaultFile.h"
 #include "storage/modDirectories.h"
 #include "storage/modIni2.h"
+#include "tools/frmPwdGen.h"
 #include "vault/EntryBoxes.h"
+#include "vault/ImageControl.h"
 #include "vault/ListBox.h"
 #include "vault/TextBox.h"
 #include "vault/frmView.h"
+#include "vault/modClipboard.h"
 #include "vault/modRoster.h"
 
 #include <QApplication>
@@ -186,6 +194,20 @@ void frmMain::buildMenus()
     connect(mnuRefresh, &QAction::triggered, this, &frmMain::mnuRefresh_Click);
     connect(mnuOpen, &QAction::triggered, this, &frmMain::mnuOpen_Click);
     connect(mnuClose2, &QAction::triggered, this, &frmMain::mnuClose2_Click);
+    connect(cmdCopy, &QAction::triggered, this, &frmMain::cmdCopy_Click);
+    connect(cmdCut, &QAction::triggered, this, &frmMain::cmdCut_Click);
+    connect(cmdPaste, &QAction::triggered, this, &frmMain::cmdPaste_Click);
+    connect(mnuUndo, &QAction::triggered, this, &frmMain::mnuUndo_Click);
+    connect(mnuRedo, &QAction::triggered, this, &frmMain::mnuRedo_Click);
+    connect(cmdClearClip, &QAction::triggered, this, &frmMain::cmdClearClip_Click);
+    connect(mnuOpenUrl, &QAction::triggered, this, &frmMain::mnuOpenUrl_Click);
+    connect(mnuOpenDoc, &QAction::triggered, this, &frmMain::mnuOpenDoc_Click);
+    connect(mnuPassGen, &QAction::triggered, this, &frmMain::mnuPassGen_Click);
+    connect(mnuWWW, &QAction::triggered, this, &frmMain::mnuWWW_Click);
+    connect(strwww, &QAction::triggered, this, &frmMain::strwww_Click);
+    connect(mnuForum, &QAction::triggered, this, &frmMain::mnuForum_Click);
+    connect(read1, &QAction::triggered, this, &frmMain::read1_Click);
+    connect(lic1, &QAction::triggered, this, &frmMain::lic1_Click);
 }
 
 void frmMain::buildControls()
@@ -242,6 +264,11 @@ void frmMain::buildControls()
     }
     connect(Command9, &QPushButton::clicked, this, &frmMain::Command9_Click);
     connect(Command10, &QPushButton::clicked, this, &frmMain::Command10_Click);
+    connect(Command13, &QPushButton::clicked, this, &frmMain::Command13_Click);
+    connect(Command14, &QPushButton::clicked, this, &frmMain::Command14_Click);
+    connect(Command15, &QPushButton::clicked, this, &frmMain::Command15_Click);
+    connect(Command16, &QPushButton::clicked, this, &frmMain::Command16_Click);
+    connect(Command17, &QPushButton::clicked, this, &frmMain::Command17_Click);
 
     Label2 = label("Label2");
     PlaceTwips(Label2, 120, 405, 2415, 330);
@@ -306,11 +333,16 @@ void frmMain::buildControls()
 
     CarryIntoCurrentEntry(this, Boxes());
 
-    // The record of the field clicked last; it sits under the note box, out of sight.
+    // The record of the field clicked last; it sits under the note box, out of sight. Only a
+    // click into a box sets it: Tab does not, and nothing clears it.
     Label4 = label("Label4");
     Label4->setText(QStringLiteral("Label4"));
     PlaceTwips(Label4, 3840, 4000, 1000, 255);
     Label4->lower();
+    for (TextBox* b : { txtFullName, txtPhone, txtAge, txtAddress, txtInterests, txtExtra })
+        connect(b, &TextBox::Click, this, [this, b] { Label4->setText(b->objectName()); });
+
+    buildImages(client);
 
     cmdSaveChanges = button("cmdSaveChanges");
     PlaceTwips(cmdSaveChanges, 7680, 5400, 1215, 375);
@@ -323,6 +355,37 @@ void frmMain::buildControls()
         statusBar()->addWidget(StatusBar1Panel[i], stretches[i]);
     }
     statusBar()->setSizeGripEnabled(true);
+}
+
+void frmMain::buildImages(QWidget* client)
+{
+    struct Picture
+    {
+        ImageControl** control;
+        const char* name;
+        int left;
+        int top;
+        QIcon (*picture)();
+        void (frmMain::*click)();
+    };
+    const Picture pictures[] = {
+        { &Image1, "Image1", 8280, 1250, &CopyPicture, &frmMain::Image1_Click },
+        { &Image2, "Image2", 8280, 1610, &CopyPicture, &frmMain::Image2_Click },
+        { &Image4, "Image4", 8280, 1970, &CopyPicture, &frmMain::Image4_Click },
+        { &Image3, "Image3", 8280, 2320, &CopyPicture, &frmMain::Image3_Click },
+        { &Image7, "Image7", 8280, 2690, &DocumentPicture, &frmMain::Image7_Click },
+        { &Image5, "Image5", 8640, 2320, &WebPicture, &frmMain::Image5_Click },
+        { &Image6, "Image6", 8640, 1970, &GeneratorPicture, &frmMain::Image6_Click },
+    };
+    for (const Picture& p : pictures) {
+        auto* image = new ImageControl(client);
+        image->setObjectName(QLatin1String(p.name));
+        PlaceTwips(image, p.left, p.top, 240, 240);
+        image->SetPicture(p.picture());
+        connect(image, &ImageControl::Click, this, p.click);
+        connect(image, &ImageControl::MouseMove, this, [image] { platform::SetCursor(image, platform::IDC_HAND); });
+        *p.control = image;
+    }
 }
 
 void frmMain::setCaptions()
@@ -467,6 +530,10 @@ void frmMain::Form_Resize()
     Image8->resize(Twips(W), Image8->height());
     Line1->resize(Twips(W), Line1->height());
     cmdSaveChanges->move(Twips(W - 1400), Twips(H - 1600));
+    for (ImageControl* image : { Image1, Image2, Image3, Image4, Image7 })
+        image->move(Twips(W - 850), image->y());
+    for (ImageControl* image : { Image6, Image5 })
+        image->move(Twips(W - 450), image->y());
 }
 
 void frmMain::resizeEvent(QResizeEvent* event)
@@ -621,6 +688,179 @@ void frmMain::Command10_Click()
     deleteSelected(198);
 }
 
+TextBox* frmMain::CurrentField() const
+{
+    const QString field = Label4->text();
+    TextBox* box = nullptr;
+    if (field == QLatin1String("txtFullName"))
+        box = txtFullName;
+    if (field == QLatin1String("txtPhone"))
+        box = txtPhone;
+    if (field == QLatin1String("txtAge"))
+        box = txtAge;
+    if (field == QLatin1String("txtAddress"))
+        box = txtAddress;
+    if (field == QLatin1String("txtInterests"))
+        box = txtInterests;
+    if (field == QLatin1String("txtExtra"))
+        box = txtExtra;
+    return box;
+}
+
+void frmMain::cmdCopy_Click()
+{
+    if (TextBox* box = CurrentField()) {
+        QString text = box->Text(); // the whole box, whatever is selected
+        SetClipboardText(text);
+    }
+}
+
+void frmMain::cmdCut_Click()
+{
+    if (TextBox* box = CurrentField())
+        box->SendMessage(TextBox::WM_CUT);
+}
+
+void frmMain::cmdPaste_Click()
+{
+    if (TextBox* box = CurrentField())
+        box->SendMessage(TextBox::WM_PASTE);
+}
+
+void frmMain::mnuUndo_Click()
+{
+    if (TextBox* box = CurrentField())
+        box->SendMessage(TextBox::WM_UNDO);
+}
+
+void frmMain::mnuRedo_Click()
+{
+    // The edit box has one step of undo: a second undo is the redo.
+    if (TextBox* box = CurrentField())
+        box->SendMessage(TextBox::WM_UNDO);
+}
+
+void frmMain::cmdClearClip_Click()
+{
+    platform::ClipboardClear();
+}
+
+void frmMain::Command13_Click()
+{
+    cmdCopy_Click();
+}
+
+void frmMain::Command14_Click()
+{
+    cmdCut_Click();
+}
+
+void frmMain::Command15_Click()
+{
+    cmdPaste_Click();
+}
+
+void frmMain::Command16_Click()
+{
+    mnuUndo_Click();
+}
+
+void frmMain::Command17_Click()
+{
+    mnuRedo_Click();
+}
+
+void frmMain::copyImage(TextBox* box)
+{
+    QString text = box->Text(); // a masked password is copied in clear
+    SetClipboardText(text);
+    // Read from the file at each click, whatever the copy did.
+    if (GetIni(Keys::setts, Keys::option(4), ProfileFile(QStringLiteral("cfg.txt"))) == QLatin1String("1"))
+        setWindowState(windowState() | Qt::WindowMinimized);
+}
+
+void frmMain::Image1_Click()
+{
+    copyImage(txtFullName);
+}
+
+void frmMain::Image2_Click()
+{
+    copyImage(txtPhone);
+}
+
+void frmMain::Image3_Click()
+{
+    copyImage(txtAddress);
+}
+
+void frmMain::Image4_Click()
+{
+    copyImage(txtAge);
+}
+
+void frmMain::Image5_Click()
+{
+    if (!txtAddress->Text().isEmpty())
+        mnuOpenUrl_Click();
+}
+
+void frmMain::Image7_Click()
+{
+    if (!txtInterests->Text().isEmpty())
+        mnuOpenDoc_Click();
+}
+
+void frmMain::mnuOpenUrl_Click()
+{
+    QString directory;
+    ShellOpen(this, txtAddress->Text(), QString(), directory, 1, true);
+}
+
+void frmMain::mnuOpenDoc_Click()
+{
+    QString directory = QStringLiteral("C:\\");
+    ShellOpen(this, txtInterests->Text(), QString(), directory, 1, true);
+}
+
+void frmMain::Image6_Click()
+{
+    ShowPasswordGenerator(this, QStringLiteral("1"));
+}
+
+void frmMain::mnuPassGen_Click()
+{
+    ShowPasswordGenerator(this, QStringLiteral("0"));
+}
+
+void frmMain::mnuWWW_Click()
+{
+    // The Polish home page, whatever the interface language.
+    QString directory;
+    ShellOpen(this, ServerAddress() + QStringLiteral("/pl"), QString(), directory, 1, true);
+}
+
+void frmMain::strwww_Click()
+{
+    mnuWWW_Click();
+}
+
+void frmMain::mnuForum_Click()
+{
+    QString directory;
+    ShellOpen(this, ServerAddress() + QStringLiteral("/forum"), QString(), directory, 1, true);
+}
+
+void frmMain::read1_Click()
+{
+    LinkReadMe();
+}
+
+void frmMain::lic1_Click()
+{
+    LinkLicence();
+}
+
 void frmMain::mnuClose_Click()
 {
     Unload();
@@ -644,11 +884,12 @@ void frmMain::mnuOpen_Click()
 void frmMain::closeEvent(QCloseEvent* event)
 {
     if (!unloaded) {
-        Unload();
-        // Until the notification area holds the way back, closing the window ends the run.
-        if (event->spontaneous()) {
+        Unload(); // the vault is saved; the icon in the notification area is the way back
+        // Without a notification area there is no way back: the run ends as the File menu ends it.
+        const frmContainer* host = frmContainer::Loaded();
+        if (event->spontaneous() && (!host || !host->IconShown())) {
             frmContainer::Unload();
-            QCoreApplication::quit();
+            platform::EndProcess(0);
         }
     }
     event->accept();

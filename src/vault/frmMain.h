@@ -10,6 +10,7 @@
 
 #include <optional>
 
+class ImageControl;
 class ListBox;
 class QAction;
 class QFrame;
@@ -55,6 +56,35 @@ public:
     void mnuDelete_Click();
     void Command10_Click();
 
+    // The edit commands act on the field clicked last (Label4), not on the focused box.
+    void cmdCopy_Click();
+    void cmdCut_Click();
+    void cmdPaste_Click();
+    void mnuUndo_Click();
+    void mnuRedo_Click();
+    void cmdClearClip_Click();
+    void Command13_Click();
+    void Command14_Click();
+    void Command15_Click();
+    void Command16_Click();
+    void Command17_Click();
+    // The copy images: the box beside them, whatever field was clicked last.
+    void Image1_Click();
+    void Image2_Click();
+    void Image3_Click();
+    void Image4_Click();
+    void Image5_Click();
+    void Image6_Click();
+    void Image7_Click();
+    void mnuOpenUrl_Click();
+    void mnuOpenDoc_Click();
+    void mnuPassGen_Click();
+    void mnuWWW_Click();
+    void strwww_Click();
+    void mnuForum_Click();
+    void read1_Click();
+    void lic1_Click();
+
     void mnuClose_Click();
     void mnuClose2_Click();
     void mnuOpen_Click();
@@ -95,6 +125,8 @@ public:
     ListBox* lstResults;
     ListBox* lstData2;
 
+    ImageControl *Image1, *Image2, *Image3, *Image4, *Image5, *Image6, *Image7;
+
     QLabel *lblViewID, *lblFullName, *lblPhone, *lblAge, *lblAddress, *lblInterests, *lblExtra;
     TextBox *txtDetails, *txtFullName, *txtPhone, *txtAge, *txtAddress, *txtInterests, *txtExtra;
     QPushButton* cmdSaveChanges;
@@ -117,6 +149,10 @@ private:
     void showCurrentEntry();
     void deleteSelected(int noSelectionSlot);
     EntryBoxes Boxes() const;
+    // The box named by Label4, or null when it names none.
+    TextBox* CurrentField() const;
+    void copyImage(TextBox* box);
+    void buildImages(QWidget* client);
 
     bool unloaded = false;
 };

@@ -1,5 +1,6 @@
 #include "vault/frmView.h"
 
+#include "platform/Cursor.h"
 #include "platform/Dialogs.h"
 #include "platform/Files.h"
 #include "platform/MessageBox.h"
@@ -7,7 +8,10 @@
 #include "platform/Runtime.h"
 #include "platform/Twips.h"
 #include "services/modLanguage.h"
+#include "startup/ProgramPictures.h"
+#include "tools/frmPwdGen.h"
 #include "vault/EntryBoxes.h"
+#include "vault/ImageControl.h"
 #include "vault/ListBox.h"
 #include "vault/TextBox.h"
 #include "vault/frmMain.h"
@@ -61,8 +65,11 @@ frmView::frmView(QWidget* owner)
 
     CarryIntoCurrentEntry(this, Boxes());
 
-    Image6 = static_cast<QLabel*>(named(new QLabel(this), "Image6"));
+    Image6 = static_cast<ImageControl*>(named(new ImageControl(this), "Image6"));
     PlaceTwips(Image6, 5340, 1222, 240, 240);
+    Image6->SetPicture(GeneratorPicture());
+    connect(Image6, &ImageControl::Click, this, &frmView::Image6_Click);
+    connect(Image6, &ImageControl::MouseMove, this, [this] { platform::SetCursor(Image6, platform::IDC_HAND); });
     Command1 = static_cast<QPushButton*>(named(new QPushButton(QStringLiteral("?"), this), "Command1"));
     PlaceTwips(Command1, 5040, 1920, 615, 270);
     connect(Command1, &QPushButton::clicked, this, &frmView::Command1_Click);
@@ -164,4 +171,9 @@ void frmView::cmdLoad_Click()
         return;
     }
     currentEntry.picture = bytes;
+}
+
+void frmView::Image6_Click()
+{
+    ShowPasswordGenerator(this, QStringLiteral("2"));
 }

@@ -5,6 +5,7 @@
 
 #include <QDialog>
 
+class ImageControl;
 class QFrame;
 class QLabel;
 class QPushButton;
@@ -22,13 +23,14 @@ public:
     void Command1_Click();
     void Command2_Click();
     void cmdLoad_Click();
+    void Image6_Click();
 
     QLabel *lblViewID, *lblFullName, *lblPhone, *lblAge, *lblAddress, *lblInterests, *lblExtra;
     TextBox *txtDetails, *txtFullName, *txtPhone, *txtAge, *txtAddress, *txtInterests, *txtExtra;
     QPushButton* Command1;
     QPushButton* cmdSaveChanges;
     QPushButton* Command2;
-    QLabel* Image6;
+    ImageControl* Image6;
     QFrame* fmePicture;
     QLabel* picPicture;
     QPushButton* cmdLoad;

@@ -14,6 +14,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <vector>
 
 namespace platform {
 namespace {
@@ -22,6 +23,12 @@ std::function<void(int)>& endHook()
 {
     static std::function<void(int)> hook;
     return hook;
+}
+
+std::vector<std::function<void()>>& endWork()
+{
+    static std::vector<std::function<void()>> work;
+    return work;
 }
 
 } // namespace
@@ -69,8 +76,15 @@ void SetEndProcessHook(std::function<void(int)> hook)
     endHook() = std::move(hook);
 }
 
+void AtEndProcess(std::function<void()> work)
+{
+    endWork().push_back(std::move(work));
+}
+
 void EndProcess(int exitCode)
 {
+    for (const std::function<void()>& work : endWork())
+        work();
     if (endHook())
         endHook()(exitCode);
     std::fflush(nullptr);

@@ -1,0 +1,43 @@
+#pragma once
+// The system clipboard behind the classic calls: a moveable memory block filled with 8-bit
+// text, then opened, emptied, given the block and closed. Each call reports failure as the
+// original does (0 or a null pointer), so that the caller can tell it in words.
+#include <QString>
+
+namespace platform {
+
+using HGLOBAL = quintptr;
+
+constexpr unsigned GHND = 66; // moveable and zero-filled
+constexpr unsigned CF_TEXT = 1;
+
+// A block of `bytes` bytes, or 0.
+HGLOBAL GlobalAlloc(unsigned flags, qsizetype bytes);
+// The block's memory, locked once more; null for an unknown block.
+char* GlobalLock(HGLOBAL block);
+// The number of locks still held: 0 when the block is no longer locked.
+int GlobalUnlock(HGLOBAL block);
+// Copies the text into a locked block as 8-bit text in the system's code page, with its end
+// zero; never beyond the end of the block.
+char* lstrcpy(char* destination, const QString& source);
+
+// 0 when the clipboard can't be opened: another program holds it, or there is no clipboard.
+int OpenClipboard(quintptr owner);
+int EmptyClipboard();
+// Only plain 8-bit text (format 1), only while open; the clipboard then owns the block.
+HGLOBAL SetClipboardData(unsigned format, HGLOBAL block);
+// 0 when the clipboard was not open.
+int CloseClipboard();
+
+// The runtime's Clipboard.Clear.
+void ClipboardClear();
+// What other programs would paste now.
+QString ClipboardText();
+
+// Text this program still owns at EndProcess stays on the clipboard for other programs.
+void KeepClipboardAfterExit();
+
+// Tests: another program holds the clipboard open, so that OpenClipboard fails.
+void SetClipboardHeldElsewhere(bool held);
+
+} // namespace platform

@@ -1,0 +1,189 @@
+#include "platform/Clipboard.h"
+
+#include "platform/CodePage.h"
+#include "platform/Runtime.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QProcess>
+#include <QStandardPaths>
+
+#include <algorithm>
+#include <map>
+#include <vector>
+
+namespace platform {
+namespace {
+
+struct Block
+{
+    std::vector<char> bytes;
+    int locks = 0;
+};
+
+struct ClipboardState
+{
+    std::map<HGLOBAL, Block> blocks;
+    HGLOBAL nextHandle = 0x1000;
+    bool open = false;
+    bool heldElsewhere = false;
+};
+
+ClipboardState& state()
+{
+    static ClipboardState s;
+    return s;
+}
+
+QClipboard* systemClipboard()
+{
+    return qobject_cast<QGuiApplication*>(QCoreApplication::instance()) ? QGuiApplication::clipboard() : nullptr;
+}
+
+// On X11 and Wayland the contents of the clipboard leave with the program that put them there,
+// while on the original they stay until somebody replaces them. At the end of a run the text
+// we still own is handed to a small keeper (xclip or wl-copy), which serves it until another
+// program takes the clipboard. Without a keeper the text goes with us.
+void HandOverToKeeper()
+{
+    QClipboard* clipboard = systemClipboard();
+    if (!clipboard || !clipboard->ownsClipboard())
+        return;
+    const QString text = clipboard->text();
+    if (text.isEmpty())
+        return;
+    QString keeper;
+    QStringList arguments;
+    const QString platformName = QGuiApplication::platformName();
+    if (platformName == QLatin1String("xcb")) {
+        keeper = QStandardPaths::findExecutable(QStringLiteral("xclip"));
+        arguments = { QStringLiteral("-selection"), QStringLiteral("clipboard"), QStringLiteral("-in") };
+    } else if (platformName.startsWith(QLatin1String("wayland"))) {
+        keeper = QStandardPaths::findExecutable(QStringLiteral("wl-copy"));
+    }
+    if (keeper.isEmpty())
+        return;
+    QProcess process;
+    process.setStandardOutputFile(QProcess::nullDevice());
+    process.setStandardErrorFile(QProcess::nullDevice());
+    process.start(keeper, arguments);
+    if (!process.waitForStarted(2000))
+        return;
+    process.write(text.toUtf8());
+    process.closeWriteChannel();
+    // Both keepers read to the end, take the selection, and leave a child serving it.
+    process.waitForFinished(3000);
+}
+
+} // namespace
+
+HGLOBAL GlobalAlloc(unsigned flags, qsizetype bytes)
+{
+    Q_UNUSED(flags); // every block is zero-filled; "moveable" means nothing here
+    if (bytes < 0)
+        return 0;
+    ClipboardState& s = state();
+    const HGLOBAL handle = s.nextHandle++;
+    s.blocks[handle].bytes.assign(static_cast<size_t>(bytes), '\0');
+    return handle;
+}
+
+char* GlobalLock(HGLOBAL block)
+{
+    auto found = state().blocks.find(block);
+    if (found == state().blocks.end() || found->second.bytes.empty())
+        return nullptr;
+    ++found->second.locks;
+    return found->second.bytes.data();
+}
+
+int GlobalUnlock(HGLOBAL block)
+{
+    auto found = state().blocks.find(block);
+    if (found == state().blocks.end() || found->second.locks == 0)
+        return 0;
+    return --found->second.locks;
+}
+
+char* lstrcpy(char* destination, const QString& source)
+{
+    if (!destination)
+        return nullptr;
+    for (auto& [handle, block] : state().blocks) {
+        char* begin = block.bytes.data();
+        char* end = begin + block.bytes.size();
+        if (destination < begin || destination >= end)
+            continue;
+        const QByteArray bytes = ToCodePage(source);
+        const qsizetype room = (end - destination) - 1;
+        const qsizetype count = qMin(bytes.size(), room);
+        std::copy(bytes.constData(), bytes.constData() + count, destination);
+        destination[count] = '\0';
+        return destination;
+    }
+    return nullptr;
+}
+
+int OpenClipboard(quintptr owner)
+{
+    Q_UNUSED(owner);
+    ClipboardState& s = state();
+    if (s.heldElsewhere || !systemClipboard())
+        return 0;
+    s.open = true;
+    return 1;
+}
+
+int EmptyClipboard()
+{
+    if (!state().open)
+        return 0;
+    systemClipboard()->clear();
+    return 1;
+}
+
+HGLOBAL SetClipboardData(unsigned format, HGLOBAL block)
+{
+    ClipboardState& s = state();
+    auto found = s.blocks.find(block);
+    if (!s.open || format != CF_TEXT || found == s.blocks.end())
+        return 0;
+    // The block stays allocated, as on the original, where the clipboard owns it.
+    const std::vector<char>& bytes = found->second.bytes;
+    const auto end = std::find(bytes.begin(), bytes.end(), '\0');
+    systemClipboard()->setText(FromCodePage(QByteArray(bytes.data(), end - bytes.begin())));
+    return block;
+}
+
+int CloseClipboard()
+{
+    ClipboardState& s = state();
+    if (!s.open)
+        return 0;
+    s.open = false;
+    return 1;
+}
+
+void ClipboardClear()
+{
+    if (QClipboard* clipboard = systemClipboard())
+        clipboard->clear();
+}
+
+QString ClipboardText()
+{
+    QClipboard* clipboard = systemClipboard();
+    return clipboard ? clipboard->text() : QString();
+}
+
+void KeepClipboardAfterExit()
+{
+    AtEndProcess(&HandOverToKeeper);
+}
+
+void SetClipboardHeldElsewhere(bool held)
+{
+    state().heldElsewhere = held;
+}
+
+} // namespace platform

@@ -1,0 +1,85 @@
+#include "platform/NotifyIcon.h"
+
+#include <QCoreApplication>
+#include <QMouseEvent>
+#include <QPointer>
+#include <QSystemTrayIcon>
+#include <QWidget>
+
+namespace platform {
+namespace {
+
+struct Tray
+{
+    QSystemTrayIcon* icon = nullptr;
+    QPointer<QWidget> window;
+};
+
+Tray& tray()
+{
+    static Tray t;
+    return t;
+}
+
+// The icon's events as the window's mouse moves, X being the message.
+void Deliver(int message)
+{
+    QWidget* window = tray().window;
+    if (!window)
+        return;
+    QMouseEvent move(
+        QEvent::MouseMove, QPointF(message, 0), QPointF(message, 0), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(window, &move);
+}
+
+} // namespace
+
+int Shell_NotifyIconA(int operation, const NOTIFYICONDATA& data)
+{
+    if (operation != NIM_ADD || !QSystemTrayIcon::isSystemTrayAvailable())
+        return 0;
+    Tray& t = tray();
+    t.window = data.hWnd;
+    if (!t.icon) {
+        // Owned by nobody: it outlives the window, as the original's icon does.
+        t.icon = new QSystemTrayIcon;
+        QObject::connect(t.icon, &QSystemTrayIcon::activated, [](QSystemTrayIcon::ActivationReason reason) {
+            switch (reason) {
+            case QSystemTrayIcon::Trigger:
+                Deliver(WM_LBUTTONUP);
+                break;
+            case QSystemTrayIcon::DoubleClick:
+                Deliver(WM_LBUTTONDBLCLK);
+                break;
+            case QSystemTrayIcon::Context:
+                Deliver(WM_RBUTTONUP);
+                break;
+            default:
+                break;
+            }
+        });
+    }
+    t.icon->setIcon(data.hIcon);
+    QString tip = data.szTip.left(64);
+    tip = tip.left(tip.indexOf(QChar(0)));
+    tip.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    t.icon->setToolTip(tip);
+    t.icon->show();
+    return 1;
+}
+
+QString NotifyIconTip()
+{
+    return tray().icon ? tray().icon->toolTip() : QString();
+}
+
+int SetForegroundWindow(QWidget* window)
+{
+    if (!window)
+        return 0;
+    window->raise();
+    window->activateWindow();
+    return 1;
+}
+
+} // namespace platform

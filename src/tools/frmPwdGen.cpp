@@ -1,0 +1,252 @@
+#include "tools/frmPwdGen.h"
+
+#include "platform/Cursor.h"
+#include "platform/MessageBox.h"
+#include "platform/Random.h"
+#include "platform/Twips.h"
+#include "services/modLanguage.h"
+#include "startup/ProgramPictures.h"
+#include "vault/ImageControl.h"
+#include "vault/TextBox.h"
+#include "vault/frmMain.h"
+#include "vault/frmView.h"
+#include "vault/modClipboard.h"
+
+#include <QApplication>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMouseEvent>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTimer>
+
+#include <cmath>
+
+namespace {
+
+// floor(25·r + 65), lower-cased: a to y. The z is never drawn.
+QString DrawLetter()
+{
+    const int code = static_cast<int>(std::floor(25.0 * platform::Rnd() + 65.0));
+    return QString(QChar(code)).toLower();
+}
+
+// floor(9·r): 0 to 8. The 9 is never drawn.
+QString DrawDigit()
+{
+    return QString::number(static_cast<int>(std::floor(9.0 * platform::Rnd())));
+}
+
+} // namespace
+
+frmPwdGen::frmPwdGen(QWidget* owner)
+    : QDialog(owner)
+{
+    setObjectName(QStringLiteral("frmPwdGen"));
+    setWindowModality(Qt::ApplicationModal);
+    setFixedSize(Twips(4200), Twips(3000));
+    auto named = [](auto* w, const char* name) {
+        w->setObjectName(QLatin1String(name));
+        return w;
+    };
+
+    Label1 = named(new QLabel(QStringLiteral("0"), this), "Label1");
+    Label1->setVisible(false);
+
+    Frame1 = named(new QGroupBox(this), "Frame1");
+    PlaceTwips(Frame1, 120, 60, 1935, 1335);
+    Option1 = named(new QRadioButton(Frame1), "Option1");
+    PlaceTwips(Option1, 120, 300, 1700, 285);
+    Option2 = named(new QRadioButton(Frame1), "Option2");
+    PlaceTwips(Option2, 120, 630, 1700, 285);
+    Option3 = named(new QRadioButton(Frame1), "Option3");
+    PlaceTwips(Option3, 120, 960, 1700, 285);
+    Option3->setChecked(true);
+    connect(Option1, &QRadioButton::clicked, this, &frmPwdGen::Option1_Click);
+    connect(Option2, &QRadioButton::clicked, this, &frmPwdGen::Option2_Click);
+    connect(Option3, &QRadioButton::clicked, this, &frmPwdGen::Option3_Click);
+
+    Command1 = named(new QPushButton(QStringLiteral("<"), this), "Command1");
+    PlaceTwips(Command1, 2280, 300, 375, 375);
+    Text1 = named(new TextBox(TextBox::SingleLine, this), "Text1");
+    PlaceTwips(Text1, 2700, 300, 600, 375);
+    Text1->SetText(QStringLiteral("5"));
+    Text1->SetLocked(true);
+    Text1->LineEditor()->setAlignment(Qt::AlignCenter);
+    Command2 = named(new QPushButton(QStringLiteral(">"), this), "Command2");
+    PlaceTwips(Command2, 3345, 300, 375, 375);
+    connect(Command1, &QPushButton::clicked, this, &frmPwdGen::Command1_Click);
+    Command2->installEventFilter(this);
+
+    Command3 = named(new QPushButton(this), "Command3");
+    PlaceTwips(Command3, 2280, 900, 1440, 375);
+    connect(Command3, &QPushButton::clicked, this, &frmPwdGen::Command3_Click);
+
+    Label2 = named(new QLabel(this), "Label2");
+    PlaceTwips(Label2, 120, 1560, 3000, 255);
+    Text2 = named(new TextBox(TextBox::SingleLine, this), "Text2");
+    PlaceTwips(Text2, 120, 1860, 3480, 315);
+    Text2->SetLocked(true);
+    Text2->LineEditor()->setAlignment(Qt::AlignCenter);
+    Image4 = named(new ImageControl(this), "Image4");
+    PlaceTwips(Image4, 3720, 1897, 240, 240);
+    Image4->SetPicture(CopyPicture());
+    connect(Image4, &ImageControl::Click, this, &frmPwdGen::Image4_Click);
+    connect(Image4, &ImageControl::MouseMove, this, [this] { platform::SetCursor(Image4, platform::IDC_HAND); });
+
+    Command4 = named(new QPushButton(this), "Command4");
+    PlaceTwips(Command4, 1320, 2400, 1215, 375);
+    connect(Command4, &QPushButton::clicked, this, &frmPwdGen::Command4_Click);
+    Command5 = named(new QPushButton(this), "Command5");
+    PlaceTwips(Command5, 2640, 2400, 1215, 375);
+    connect(Command5, &QPushButton::clicked, this, &frmPwdGen::Command5_Click);
+
+    Timer1 = new QTimer(this);
+    Timer1->setObjectName(QStringLiteral("Timer1"));
+    Timer1->setInterval(10);
+    connect(Timer1, &QTimer::timeout, this, &frmPwdGen::Timer1_Timer);
+    Timer1->start();
+
+    Form_Load();
+}
+
+void frmPwdGen::Form_Load()
+{
+    selector = 3;
+    setWindowTitle(Lang(272));
+    Frame1->setTitle(Lang(273));
+    Option1->setText(Lang(274));
+    Option2->setText(Lang(275));
+    Option3->setText(Lang(276));
+    Command3->setText(Lang(277));
+    Label2->setText(Lang(278));
+    Command4->setText(Lang(279));
+    Command5->setText(Lang(147));
+}
+
+void frmPwdGen::Option1_Click()
+{
+    selector = 1;
+}
+
+void frmPwdGen::Option2_Click()
+{
+    selector = 2;
+}
+
+void frmPwdGen::Option3_Click()
+{
+    selector = 3;
+}
+
+void frmPwdGen::Command1_Click()
+{
+    Command2->setEnabled(true);
+    const int n = Text1->Text().toInt();
+    Text1->SetText(QString::number(n - 1));
+    if (n < 6)
+        Command1->setEnabled(false);
+}
+
+void frmPwdGen::Command2_MouseDown()
+{
+    Command1->setEnabled(true);
+    const int n = Text1->Text().toInt();
+    Text1->SetText(QString::number(n + 1));
+    if (n > 13)
+        Command2->setEnabled(false);
+}
+
+bool frmPwdGen::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == Command2 && event->type() == QEvent::MouseButtonPress)
+        Command2_MouseDown();
+    return QDialog::eventFilter(watched, event);
+}
+
+void frmPwdGen::Command3_Click()
+{
+    Text2->SetText(QString());
+    const int wanted = Text1->Text().toInt();
+    QLineEdit* result = Text2->LineEditor();
+    for (;;) {
+        // The source is seeded anew at the head of every pass, from the time of day.
+        platform::Randomize();
+        if (selector == 1) {
+            setName = QStringLiteral("all letter");
+            Text2->SetText(Text2->Text() + DrawLetter());
+        }
+        if (selector == 2) {
+            setName = QStringLiteral("all number");
+            Text2->SetText(QString());
+            for (int i = 0; i < wanted; ++i)
+                Text2->SetText(Text2->Text() + DrawDigit());
+        }
+        if (selector == 3) {
+            setName = QStringLiteral("number and letter");
+            const int coin = static_cast<int>(std::floor(2.0 * platform::Rnd()));
+            if (coin == 1) {
+                result->setCursorPosition(result->text().size());
+                Text2->SetText(Text2->Text() + DrawDigit());
+                result->setCursorPosition(result->text().size());
+            } else {
+                Text2->SetText(Text2->Text() + DrawLetter());
+            }
+        }
+        if (Text2->Text().size() >= wanted)
+            break;
+    }
+}
+
+void frmPwdGen::Timer1_Timer()
+{
+    const QString mode = Label1->text();
+    if (mode == QLatin1String("1") || mode == QLatin1String("2"))
+        Command4->setEnabled(!Text2->Text().isEmpty());
+    if (mode == QLatin1String("0"))
+        Command4->setEnabled(false);
+}
+
+TextBox* frmPwdGen::target() const
+{
+    const QString mode = Label1->text();
+    if (mode == QLatin1String("1"))
+        return frmMain::Instance()->txtAge;
+    if (mode == QLatin1String("2")) {
+        for (QWidget* w : QApplication::topLevelWidgets()) {
+            if (auto* view = qobject_cast<frmView*>(w); view && view->isVisible())
+                return view->txtAge;
+        }
+    }
+    return nullptr;
+}
+
+void frmPwdGen::Command4_Click()
+{
+    TextBox* box = target();
+    if (!box)
+        return;
+    if (!box->Text().isEmpty() && platform::MsgBox(Lang(271), 32 + 4) == platform::IDNO)
+        return;
+    box->SetText(Text2->Text());
+    accept();
+}
+
+void frmPwdGen::Command5_Click()
+{
+    reject();
+}
+
+void frmPwdGen::Image4_Click()
+{
+    QString text = Text2->Text();
+    SetClipboardText(text);
+}
+
+void ShowPasswordGenerator(QWidget* owner, const QString& deliveryMode)
+{
+    frmPwdGen dialog(owner);
+    dialog.Label1->setText(deliveryMode);
+    dialog.exec();
+}
