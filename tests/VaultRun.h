@@ -77,6 +77,14 @@ public:
         return ParseInnerText(LayerOff(f.readAll()));
     }
 
+    // Writes the vault of Administrator before the run starts.
+    void writeVault(QList<EntryRecord> entries) const
+    {
+        QDir().mkpath(data(QStringLiteral("Administrator")));
+        QCOMPARE(
+            SaveVault(platform::ToWindows(data(QStringLiteral("Administrator/list.dat"))), entries), VaultSave::Saved);
+    }
+
     frmLogin* login() const
     {
         for (QWidget* w : QApplication::topLevelWidgets()) {

@@ -52,6 +52,8 @@ frmContainer::frmContainer()
     setObjectName(QStringLiteral("frmContainer"));
     // Small enough to stay wholly outside the screen at -1000 twips when it is shown.
     setWindowFlags(Qt::Tool | Qt::FramelessWindowHint);
+    // The icon's messages come as moves without a button.
+    setMouseTracking(true);
     resize(Twips(600), Twips(600));
 }
 

@@ -160,7 +160,8 @@ void frmPwdGen::Command2_MouseDown()
 
 bool frmPwdGen::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched == Command2 && event->type() == QEvent::MouseButtonPress)
+    // Filters see the presses of a disabled button too; the button itself would not.
+    if (watched == Command2 && event->type() == QEvent::MouseButtonPress && Command2->isEnabled())
         Command2_MouseDown();
     return QDialog::eventFilter(watched, event);
 }

@@ -61,13 +61,6 @@ class tst_frmmain : public QObject
 {
     Q_OBJECT
 
-    static void writeVault(VaultRun& run, QList<EntryRecord> entries)
-    {
-        QDir().mkpath(run.data(QStringLiteral("Administrator")));
-        QCOMPARE(SaveVault(platform::ToWindows(run.data(QStringLiteral("Administrator/list.dat"))), entries),
-            VaultSave::Saved);
-    }
-
 private Q_SLOTS:
     void addSearchChangeDeleteCloseAndStartAgain()
     {
@@ -167,7 +160,7 @@ private Q_SLOTS:
         QVERIFY(!main->Command2->isVisible());
         run.close();
 
-        writeVault(run, { entry("Bank (old)", "u1"), entry("Mail", "u2"), entry("mail", "u3") });
+        run.writeVault({ entry("Bank (old)", "u1"), entry("Mail", "u2"), entry("mail", "u3") });
         main = run.start();
         VaultRun::activate(main);
         QCOMPARE(main->StatusBar1Panel[0]->text(), QStringLiteral("3 entries"));
@@ -276,7 +269,7 @@ private Q_SLOTS:
     void closingWithAnEmptyListSavesNothingAndEachLoadGrowsTheFile()
     {
         VaultRun run;
-        writeVault(run, { entry("One", "a"), entry("Two", "b") });
+        run.writeVault({ entry("One", "a"), entry("Two", "b") });
         const QString file = QStringLiteral("appdata/Brenmark/Tolvane/data/Administrator/list.dat");
         const QByteArray original = run.world.read(file);
         frmMain* main = run.start();
@@ -381,7 +374,7 @@ private Q_SLOTS:
     void tabCarriesTheHintAndAVaultTooLargeIsKept()
     {
         VaultRun run;
-        writeVault(run, { entry("One", "a") });
+        run.writeVault({ entry("One", "a") });
         const QString file = QStringLiteral("appdata/Brenmark/Tolvane/data/Administrator/list.dat");
         frmMain* main = run.start();
         VaultRun::activate(main);

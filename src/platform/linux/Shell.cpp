@@ -111,7 +111,9 @@ int OpenOnDesktop(QWidget* owner, const ShellCall& call)
         return QFileInfo(info.absolutePath()).isDir() ? FileNotFound : PathNotFound;
     if (!info.isReadable())
         return AccessDenied;
-    const QString mimeType = QMimeDatabase().mimeTypeForFile(info).name();
+    QString mimeType = QMimeDatabase().mimeTypeForFile(info).name();
+    if (mimeType.isEmpty()) // no database of kinds of files on this machine
+        mimeType = QStringLiteral("application/octet-stream");
     return OpenWithDesktop(info.absoluteFilePath(), mimeType);
 }
 

@@ -1,0 +1,79 @@
+#pragma once
+// A private X server for the tests that need a real display, and the small X tools that drive
+// and read it (xdotool, xclip) run as other processes would.
+#include <QElapsedTimer>
+#include <QFileInfo>
+#include <QProcess>
+#include <QProcessEnvironment>
+#include <QStandardPaths>
+#include <QTest>
+
+class XvfbServer
+{
+public:
+    ~XvfbServer()
+    {
+        xvfb.terminate();
+        xvfb.waitForFinished(3000);
+    }
+
+    // Starts Xvfb on the first free display from :60; the display name, or "" on failure.
+    QString start()
+    {
+        const QString server = QStandardPaths::findExecutable(QStringLiteral("Xvfb"));
+        if (server.isEmpty())
+            return QString();
+        for (int n = 60; n < 100 && display.isEmpty(); ++n) {
+            if (QFileInfo::exists(QStringLiteral("/tmp/.X%1-lock").arg(n)))
+                continue;
+            xvfb.start(server,
+                { QStringLiteral(":%1").arg(n), QStringLiteral("-screen"), QStringLiteral("0"),
+                    QStringLiteral("1280x1024x24"), QStringLiteral("-nolisten"), QStringLiteral("tcp") });
+            if (!xvfb.waitForStarted())
+                return QString();
+            const QString socket = QStringLiteral("/tmp/.X11-unix/X%1").arg(n);
+            QElapsedTimer waited;
+            waited.start();
+            while (xvfb.state() == QProcess::Running && waited.elapsed() < 5000 && !QFileInfo::exists(socket))
+                QTest::qWait(50);
+            if (xvfb.state() == QProcess::Running && QFileInfo::exists(socket))
+                display = QStringLiteral(":%1").arg(n);
+            else
+                xvfb.kill();
+        }
+        return display;
+    }
+
+    // The environment of a program on this display: no offscreen platform, no program-folder
+    // override (the program finds its folder beside itself).
+    QProcessEnvironment environment() const
+    {
+        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+        env.remove(QStringLiteral("TOLVANE_PROGRAM_DIR"));
+        env.remove(QStringLiteral("QT_QPA_PLATFORM"));
+        env.insert(QStringLiteral("DISPLAY"), display);
+        return env;
+    }
+
+    // Runs a tool to its end; its standard output, trimmed.
+    QString run(const QString& program, const QStringList& args) const
+    {
+        QProcess p;
+        p.setProcessEnvironment(environment());
+        p.start(program, args);
+        p.waitForFinished(10000);
+        return QString::fromUtf8(p.readAllStandardOutput()).trimmed();
+    }
+
+    // The first visible window whose name matches the pattern, "" while there is none.
+    QString window(const QString& namePattern) const
+    {
+        return run(QStringLiteral("xdotool"),
+            { QStringLiteral("search"), QStringLiteral("--onlyvisible"), QStringLiteral("--name"), namePattern })
+            .split(QLatin1Char('\n'))
+            .first();
+    }
+
+    QProcess xvfb;
+    QString display;
+};

@@ -1,0 +1,188 @@
+// The password generator as a user meets it: the length buttons and their bounds, the three
+// alphabets with their gaps, the Use button kept right by the timer, delivery into the password
+// box with its question, and the copy.
+#include "VaultRun.h"
+#include "platform/Clipboard.h"
+#include "tools/frmPwdGen.h"
+#include "vault/ImageControl.h"
+#include "vault/frmView.h"
+
+#include <QPushButton>
+#include <QRadioButton>
+#include <QRegularExpression>
+
+class tst_pwdgen : public QObject
+{
+    Q_OBJECT
+
+    static void longer(frmPwdGen& g) { QTest::mousePress(g.Command2, Qt::LeftButton); }
+
+private Q_SLOTS:
+    void lengthButtonsStopOneStepBeforeTheBounds()
+    {
+        TestWorld world;
+        LoadLanguage();
+        frmPwdGen g(nullptr);
+        g.show();
+        QCOMPARE(g.Text1->Text(), QStringLiteral("5"));
+        QCOMPARE(g.windowTitle(), Lang(272));
+        QVERIFY(g.Option3->isChecked());
+
+        // From 5 one click reaches 4 and disables "<" at once.
+        QTest::mouseClick(g.Command1, Qt::LeftButton);
+        QCOMPARE(g.Text1->Text(), QStringLiteral("4"));
+        QVERIFY(!g.Command1->isEnabled());
+        QTest::mouseClick(g.Command1, Qt::LeftButton); // disabled: nothing
+        QCOMPARE(g.Text1->Text(), QStringLiteral("4"));
+
+        // ">" acts as the button goes down, with any button, and never from the keyboard.
+        longer(g);
+        QVERIFY(g.Command1->isEnabled());
+        QCOMPARE(g.Text1->Text(), QStringLiteral("5"));
+        QTest::mousePress(g.Command2, Qt::RightButton);
+        QCOMPARE(g.Text1->Text(), QStringLiteral("6"));
+        QTest::mouseRelease(g.Command2, Qt::RightButton);
+        g.Command2->setFocus();
+        QTest::keyClick(g.Command2, Qt::Key_Space);
+        QCOMPARE(g.Text1->Text(), QStringLiteral("6"));
+        for (int n = 7; n <= 15; ++n)
+            longer(g);
+        QCOMPARE(g.Text1->Text(), QStringLiteral("15"));
+        QVERIFY(!g.Command2->isEnabled());
+        longer(g);
+        QCOMPARE(g.Text1->Text(), QStringLiteral("15"));
+        // "<" works from the keyboard and frees ">" again.
+        g.Command1->setFocus();
+        QTest::keyClick(g.Command1, Qt::Key_Space);
+        QCOMPARE(g.Text1->Text(), QStringLiteral("14"));
+        QVERIFY(g.Command2->isEnabled());
+    }
+
+    void resultsHaveTheLengthAndTheNarrowAlphabets()
+    {
+        TestWorld world;
+        LoadLanguage();
+        frmPwdGen g(nullptr);
+        const QRegularExpression letters(QStringLiteral("^[a-y]+$"));
+        const QRegularExpression digits(QStringLiteral("^[0-8]+$"));
+        const QRegularExpression both(QStringLiteral("^[a-y0-8]+$"));
+        QString seenLetters, seenDigits;
+        bool mixed = false;
+        for (int length = 4; length <= 15; ++length) {
+            g.Text1->SetText(QString::number(length));
+            for (int run = 0; run < 100; ++run) {
+                QTest::mouseClick(g.Option1, Qt::LeftButton);
+                g.Command3_Click();
+                QCOMPARE(g.Text2->Text().size(), length);
+                QVERIFY2(letters.match(g.Text2->Text()).hasMatch(), qPrintable(g.Text2->Text()));
+                seenLetters += g.Text2->Text();
+                QTest::mouseClick(g.Option2, Qt::LeftButton);
+                g.Command3_Click();
+                QCOMPARE(g.Text2->Text().size(), length);
+                QVERIFY2(digits.match(g.Text2->Text()).hasMatch(), qPrintable(g.Text2->Text()));
+                seenDigits += g.Text2->Text();
+                QTest::mouseClick(g.Option3, Qt::LeftButton);
+                g.Command3_Click();
+                const QString r = g.Text2->Text();
+                QCOMPARE(r.size(), length);
+                QVERIFY2(both.match(r).hasMatch(), qPrintable(r));
+                mixed |= r.contains(QRegularExpression(QStringLiteral("[0-8]")))
+                    && r.contains(QRegularExpression(QStringLiteral("[a-y]")));
+            }
+        }
+        QCOMPARE(g.setName, QStringLiteral("number and letter"));
+        // Over 1,200 results of each kind the whole of each narrow alphabet turns up.
+        for (QChar c = QLatin1Char('a'); c <= QLatin1Char('y'); c = QChar(c.unicode() + 1))
+            QVERIFY2(seenLetters.contains(c), qPrintable(QString(c)));
+        for (QChar c = QLatin1Char('0'); c <= QLatin1Char('8'); c = QChar(c.unicode() + 1))
+            QVERIFY2(seenDigits.contains(c), qPrintable(QString(c)));
+        QVERIFY(mixed);
+        // A new option keeps the result until the next press.
+        const QString before = g.Text2->Text();
+        QTest::mouseClick(g.Option2, Qt::LeftButton);
+        QCOMPARE(g.Text2->Text(), before);
+    }
+
+    void useNeedsATargetAndAResultAndAsksBeforeReplacing()
+    {
+        VaultRun run;
+        EntryRecord e;
+        e.title = "Mail";
+        e.age = "old-pass";
+        run.writeVault({ e });
+        frmMain* main = run.start();
+        QVERIFY(main);
+        VaultRun::activate(main);
+
+        // Opened from the menu: no target, Use never enabled, the copy still works.
+        VaultRun::onNextModal([](QWidget* w) {
+            auto* g = qobject_cast<frmPwdGen*>(w);
+            QVERIFY(g);
+            QCOMPARE(g->Label1->text(), QStringLiteral("0"));
+            QTest::mouseClick(g->Command3, Qt::LeftButton);
+            g->Timer1_Timer();
+            QVERIFY(!g->Command4->isEnabled());
+            QTest::mouseClick(g->Image4, Qt::LeftButton);
+            QCOMPARE(platform::ClipboardText(), g->Text2->Text());
+            QTest::mouseClick(g->Command5, Qt::LeftButton);
+        });
+        main->mnuPassGen->trigger();
+
+        // From the image beside the password box: Use comes with the first result; the box is
+        // empty, so nothing is asked.
+        VaultRun::onNextModal([](QWidget* w) {
+            auto* g = qobject_cast<frmPwdGen*>(w);
+            QCOMPARE(g->Label1->text(), QStringLiteral("1"));
+            g->Timer1_Timer();
+            QVERIFY(!g->Command4->isEnabled());
+            QTest::mouseClick(g->Command3, Qt::LeftButton);
+            QTRY_VERIFY(g->Command4->isEnabled()); // within a tick of its 10 ms timer
+            QTest::mouseClick(g->Command4, Qt::LeftButton);
+        });
+        QTest::mouseClick(main->Image6, Qt::LeftButton);
+        QCOMPARE(main->txtAge->Text().size(), 5);
+        QVERIFY(run.boxes.shown.isEmpty());
+
+        // A filled box asks (flags 36); No keeps the dialog and the box, Yes replaces.
+        VaultRun::clickRow(main->lstResults, 0);
+        QCOMPARE(main->txtAge->Text(), QStringLiteral("old-pass"));
+        run.boxes.answer(platform::IDNO);
+        run.boxes.answer(platform::IDYES);
+        QString delivered;
+        VaultRun::onNextModal([&delivered](QWidget* w) {
+            auto* g = qobject_cast<frmPwdGen*>(w);
+            QTest::mouseClick(g->Command3, Qt::LeftButton);
+            g->Timer1_Timer();
+            QTest::mouseClick(g->Command4, Qt::LeftButton);
+            QVERIFY(g->isVisible());
+            delivered = g->Text2->Text();
+            QTest::mouseClick(g->Command4, Qt::LeftButton);
+        });
+        QTest::mouseClick(main->Image6, Qt::LeftButton);
+        QCOMPARE(run.boxes.shown.size(), 2);
+        QCOMPARE(run.boxes.shown[0].text, Lang(271));
+        QCOMPARE(run.boxes.shown[0].flags, 36);
+        QCOMPARE(main->txtAge->Text(), delivered);
+
+        // From the new-entry dialog the result goes to that dialog's password box.
+        VaultRun::onNextModal([](QWidget* w) {
+            auto* view = qobject_cast<frmView*>(w);
+            QVERIFY(view);
+            VaultRun::onNextModal([](QWidget* w2) {
+                auto* g = qobject_cast<frmPwdGen*>(w2);
+                QCOMPARE(g->Label1->text(), QStringLiteral("2"));
+                QTest::mouseClick(g->Command1, Qt::LeftButton);
+                QTest::mouseClick(g->Command3, Qt::LeftButton);
+                g->Timer1_Timer();
+                QTest::mouseClick(g->Command4, Qt::LeftButton);
+            });
+            QTest::mouseClick(view->Image6, Qt::LeftButton);
+            QCOMPARE(view->txtAge->Text().size(), 4);
+            view->reject();
+        });
+        main->mnuNew->trigger();
+    }
+};
+
+QTEST_MAIN(tst_pwdgen)
+#include "tst_pwdgen.moc"

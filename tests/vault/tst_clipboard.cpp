@@ -1,0 +1,214 @@
+// The clipboard and the edit commands of the vault window, as a user meets them: the copy
+// images, the Edit menu and toolbar on the field clicked last, the option to minimise after a
+// copy and the one to empty the clipboard at the end.
+#include "VaultRun.h"
+#include "platform/Clipboard.h"
+#include "vault/ImageControl.h"
+
+#include <QAction>
+#include <QClipboard>
+#include <QPushButton>
+
+namespace {
+
+EntryRecord mail()
+{
+    EntryRecord e;
+    e.title = "Mail";
+    e.name = "annabel";
+    e.age = "secret-pass";
+    return e;
+}
+
+QString clipboard()
+{
+    return platform::ClipboardText();
+}
+
+} // namespace
+
+class tst_clipboard : public QObject
+{
+    Q_OBJECT
+
+    // A run with the one entry on show and the given options.
+    static frmMain* showMail(VaultRun& run, const QString& s4 = QStringLiteral("0"))
+    {
+        run.writeVault({ mail() });
+        frmMain* main = run.start();
+        if (!main)
+            return nullptr;
+        run.setIni(QStringLiteral("Administrator/cfg.txt"), QStringLiteral("setts"), QStringLiteral("s4"), s4);
+        VaultRun::activate(main);
+        VaultRun::clickRow(main->lstResults, 0);
+        main->Timer1_Timer();
+        return main;
+    }
+
+private Q_SLOTS:
+    void cleanup() { platform::SetClipboardHeldElsewhere(false); }
+
+    void editCommandsActOnTheFieldClickedLastAndNothingBeforeIt()
+    {
+        VaultRun run;
+        frmMain* main = showMail(run);
+        QVERIFY(main);
+        QApplication::clipboard()->setText(QStringLiteral("before"));
+
+        // No box clicked yet: the five commands do nothing, the copy images work.
+        QCOMPARE(main->Label4->text(), QStringLiteral("Label4"));
+        main->cmdCopy->trigger();
+        main->Command14->click();
+        main->cmdPaste->trigger();
+        main->mnuUndo->trigger();
+        QCOMPARE(clipboard(), QStringLiteral("before"));
+        QCOMPARE(main->txtFullName->Text(), QStringLiteral("annabel"));
+        QTest::mouseClick(main->Image4, Qt::LeftButton);
+        QCOMPARE(clipboard(), QStringLiteral("secret-pass")); // masked on screen, clear on the clipboard
+        QCOMPARE(main->txtAge->PasswordChar(), QStringLiteral("*"));
+        QCOMPARE(main->Label4->text(), QStringLiteral("Label4"));
+
+        // Copy takes the whole box, whatever is selected; cut takes the selection only.
+        VaultRun::clickInto(main->txtFullName);
+        QCOMPARE(main->Label4->text(), QStringLiteral("txtFullName"));
+        main->txtFullName->LineEditor()->setSelection(0, 4);
+        main->Command13->click();
+        QCOMPARE(clipboard(), QStringLiteral("annabel"));
+
+        // Tab moves the focus but not the field: the cut acts on the box clicked last.
+        QTest::keyClick(main->txtFullName->Editor(), Qt::Key_Tab);
+        QVERIFY(!main->txtFullName->Editor()->hasFocus());
+        QCOMPARE(main->Label4->text(), QStringLiteral("txtFullName"));
+        main->txtFullName->LineEditor()->setSelection(0, 4);
+        main->cmdCut->trigger();
+        QCOMPARE(main->txtFullName->Text(), QStringLiteral("bel"));
+        QCOMPARE(clipboard(), QStringLiteral("anna"));
+
+        // One step of undo: a second undo takes the first back, and redo is that second undo.
+        main->mnuUndo->trigger();
+        QCOMPARE(main->txtFullName->Text(), QStringLiteral("annabel"));
+        main->Command16->click();
+        QCOMPARE(main->txtFullName->Text(), QStringLiteral("bel"));
+        main->mnuRedo->trigger();
+        QCOMPARE(main->txtFullName->Text(), QStringLiteral("annabel"));
+        main->Command17->click();
+        QCOMPARE(main->txtFullName->Text(), QStringLiteral("bel"));
+
+        // Paste at the caret of that same box, and its change reaches the working copy only
+        // when the box loses the focus.
+        main->txtFullName->LineEditor()->setCursorPosition(0);
+        main->Command15->click();
+        QCOMPARE(main->txtFullName->Text(), QStringLiteral("annabel"));
+        QCOMPARE(currentEntry.name, QByteArray("annabel")); // the table's value, unchanged so far
+
+        // Typing is one step too: undo takes back the whole run of typing.
+        VaultRun::clickInto(main->txtExtra);
+        QTest::keyClicks(main->txtExtra->Editor(), QStringLiteral("note"));
+        main->mnuUndo->trigger();
+        QCOMPARE(main->txtExtra->Text(), QString());
+        main->mnuUndo->trigger();
+        QCOMPARE(main->txtExtra->Text(), QStringLiteral("note"));
+
+        // A locked box refuses cut, paste and undo; the current field stays after the delete.
+        platform::SetMessageBoxBackend([](const platform::MessageBoxCall&) { return int(platform::IDYES); });
+        main->Command10->click();
+        main->Timer1_Timer();
+        QVERIFY(main->txtExtra->Locked());
+        QCOMPARE(main->Label4->text(), QStringLiteral("txtExtra"));
+        QApplication::clipboard()->setText(QStringLiteral("pasted"));
+        main->cmdPaste->trigger();
+        main->mnuUndo->trigger();
+        QCOMPARE(main->txtExtra->Text(), QString());
+        // And copy of the now empty box empties what was there.
+        main->cmdCopy->trigger();
+        QCOMPARE(clipboard(), QString());
+    }
+
+    void copyImagesMinimiseWithTheOptionAndFailuresAreToldInWords()
+    {
+        VaultRun run;
+        frmMain* main = showMail(run, QStringLiteral("1"));
+        QVERIFY(main);
+
+        // The menu's copy never minimises; an image does when s4 is exactly "1", read each time.
+        VaultRun::clickInto(main->txtAge);
+        main->cmdCopy->trigger();
+        QVERIFY(!(main->windowState() & Qt::WindowMinimized));
+        QTest::mouseClick(main->Image1, Qt::LeftButton);
+        QCOMPARE(clipboard(), QStringLiteral("annabel"));
+        QVERIFY(main->windowState() & Qt::WindowMinimized);
+        main->mnuOpen_Click();
+        QVERIFY(!(main->windowState() & Qt::WindowMinimized));
+        run.setIni(QStringLiteral("Administrator/cfg.txt"), QStringLiteral("setts"), QStringLiteral("s4"),
+            QStringLiteral("True"));
+        QTest::mouseClick(main->Image3, Qt::LeftButton);
+        QVERIFY(!(main->windowState() & Qt::WindowMinimized));
+
+        // Another program holds the clipboard: the copy is refused in words, the old contents
+        // stay, and the image still minimises.
+        run.setIni(QStringLiteral("Administrator/cfg.txt"), QStringLiteral("setts"), QStringLiteral("s4"),
+            QStringLiteral("1"));
+        QApplication::clipboard()->setText(QStringLiteral("kept"));
+        platform::SetClipboardHeldElsewhere(true);
+        run.boxes.shown.clear();
+        QTest::mouseClick(main->Image4, Qt::LeftButton);
+        QCOMPARE(run.boxes.shown.size(), 1);
+        QCOMPARE(run.boxes.shown[0].text, QStringLiteral("Could not open the Clipboard. Copy aborted."));
+        QCOMPARE(run.boxes.shown[0].flags, 0);
+        QCOMPARE(run.boxes.shown[0].title, QStringLiteral("Tolvane"));
+        QCOMPARE(clipboard(), QStringLiteral("kept"));
+        QVERIFY(main->windowState() & Qt::WindowMinimized);
+        platform::SetClipboardHeldElsewhere(false);
+
+        // The clipboard holds 8-bit text: what the code page lacks becomes "?".
+        main->mnuOpen_Click();
+        main->txtExtra->SetText(QStringLiteral("Zażółć ☃ €"));
+        VaultRun::clickInto(main->txtExtra);
+        main->cmdCopy->trigger();
+        QCOMPARE(clipboard(), QStringLiteral("Za?ó?? ? €"));
+
+        // The menu's entry empties it, with no question.
+        run.boxes.shown.clear();
+        main->cmdClearClip->trigger();
+        QCOMPARE(clipboard(), QString());
+        QVERIFY(run.boxes.shown.isEmpty());
+    }
+
+    void theEndOfARunEmptiesTheClipboardOnlyWithTheOption()
+    {
+        for (const char* s3 : { "1", "0", "" }) {
+            VaultRun run;
+            frmMain* main = showMail(run);
+            QVERIFY(main);
+            run.setIni(QStringLiteral("Administrator/cfg.txt"), QStringLiteral("setts"), QStringLiteral("s3"),
+                QLatin1String(s3));
+            QTest::mouseClick(main->Image4, Qt::LeftButton);
+            QCOMPARE(clipboard(), QStringLiteral("secret-pass"));
+            QVERIFY_THROWS_EXCEPTION(ProcessEnded, main->mnuClose_Click());
+            QCOMPARE(clipboard(), qstrcmp(s3, "1") == 0 ? QString() : QStringLiteral("secret-pass"));
+        }
+    }
+
+    void theClassicCallsFailAsTheyDo()
+    {
+        using namespace platform;
+        // Closing a clipboard that is not open fails; a block is written no further than its end.
+        QCOMPARE(CloseClipboard(), 0);
+        const HGLOBAL block = GlobalAlloc(GHND, 4);
+        char* memory = GlobalLock(block);
+        QVERIFY(memory);
+        lstrcpy(memory, QStringLiteral("longer than four"));
+        QCOMPARE(QByteArray(memory), QByteArray("lon"));
+        QCOMPARE(GlobalUnlock(block), 0);
+        QCOMPARE(SetClipboardData(CF_TEXT, block), HGLOBAL(0)); // not open
+        QVERIFY(OpenClipboard(0) != 0);
+        QCOMPARE(SetClipboardData(2, block), HGLOBAL(0)); // text only
+        QCOMPARE(SetClipboardData(CF_TEXT, block), block);
+        QVERIFY(CloseClipboard() != 0);
+        QCOMPARE(ClipboardText(), QStringLiteral("lon"));
+        QCOMPARE(GlobalLock(0), nullptr);
+    }
+};
+
+QTEST_MAIN(tst_clipboard)
+#include "tst_clipboard.moc"
