@@ -5,12 +5,30 @@
 
 namespace {
 
-// A raised error with no handler anywhere up the calls ends the run.
-void Raise(bool raiseErrors, int number, const QString& description = QString())
+struct RaisedError
 {
-    if (raiseErrors)
-        platform::UnhandledError(number, description);
-}
+    int result;
+    int number;
+    const char* description; // null: the runtime's text for the number
+};
+
+// The shell's failures and the errors they raise. DDE time-out (28) raises 25, as it always has.
+constexpr RaisedError raisedErrors[] = {
+    { 0, 7, nullptr },
+    { 8, 7, nullptr },
+    { 2, 53, nullptr },
+    { 3, 76, nullptr },
+    { 5, 70, nullptr },
+    { 11, 321, nullptr },
+    { 26, 26, "A Sharing violation occurred." },
+    { 27, 27, "The filename association is incomplete or invalid." },
+    { 28, 25, "The DDE transaction could not be completed because the request timed out." },
+    { 29, 29, "The DDE transaction failed." },
+    { 30, 30, "The DDE transaction could not be completed because other DDE transactions were being processed." },
+    { 32, 48, nullptr },
+};
+
+constexpr int SE_ERR_NOASSOC = 31;
 
 } // namespace
 
@@ -22,49 +40,15 @@ void ShellOpen(
     const int result = platform::ShellExecuteA(owner, QStringLiteral("open"), file, parameters, directory, show);
     if (result > 32 || result < 0)
         return;
-    switch (result) {
-    case 0:
-    case 8:
-        Raise(raiseErrors, 7);
-        break;
-    case 2:
-        Raise(raiseErrors, 53);
-        break;
-    case 3:
-        Raise(raiseErrors, 76);
-        break;
-    case 5:
-        Raise(raiseErrors, 70);
-        break;
-    case 11:
-        Raise(raiseErrors, 321);
-        break;
-    case 26:
-        Raise(raiseErrors, 26, QStringLiteral("A Sharing violation occurred."));
-        break;
-    case 27:
-        Raise(raiseErrors, 27, QStringLiteral("The filename association is incomplete or invalid."));
-        break;
-    case 28: // the number differs from the result, as it always has
-        Raise(raiseErrors, 25,
-            QStringLiteral("The DDE transaction could not be completed because the request timed out."));
-        break;
-    case 29:
-        Raise(raiseErrors, 29, QStringLiteral("The DDE transaction failed."));
-        break;
-    case 30:
-        Raise(raiseErrors, 30,
-            QStringLiteral("The DDE transaction could not be completed because other DDE transactions were being "
-                           "processed."));
-        break;
-    case 31:
+    if (result == SE_ERR_NOASSOC) {
+        // The system's dialog for choosing a program.
         platform::ShellExecuteA(owner, QStringLiteral("open"), QStringLiteral("RUNDLL32.EXE"),
             QStringLiteral("shell32.dll,OpenAs_RunDLL ") + file, directory, show);
-        break;
-    case 32:
-        Raise(raiseErrors, 48);
-        break;
-    default:
-        break;
+        return;
+    }
+    for (const RaisedError& e : raisedErrors) {
+        // A raised error with no handler anywhere up the calls ends the run.
+        if (e.result == result && raiseErrors)
+            platform::UnhandledError(e.number, e.description ? QLatin1String(e.description) : QString());
     }
 }
