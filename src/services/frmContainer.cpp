@@ -1,5 +1,7 @@
 #include "services/frmContainer.h"
 
+#include "services/FormSlot.h"
+
 #include "platform/Clipboard.h"
 #include "platform/MessageBox.h"
 #include "platform/Twips.h"
@@ -15,9 +17,9 @@
 
 namespace {
 
-frmContainer*& instancePointer()
+FormSlot<frmContainer>& slot()
 {
-    static frmContainer* form = nullptr;
+    static FormSlot<frmContainer> form;
     return form;
 }
 
@@ -25,24 +27,19 @@ frmContainer*& instancePointer()
 
 frmContainer* frmContainer::Instance()
 {
-    if (!instancePointer()) {
-        instancePointer() = new frmContainer;
-        instancePointer()->Form_Load();
-    }
-    return instancePointer();
+    return slot().Touch([] { return new frmContainer; });
 }
 
 frmContainer* frmContainer::Loaded()
 {
-    return instancePointer();
+    return slot().Loaded();
 }
 
 void frmContainer::Unload()
 {
-    frmContainer* form = instancePointer();
+    frmContainer* form = slot().Take();
     if (!form)
         return;
-    instancePointer() = nullptr;
     form->Form_Unload();
     form->deleteLater();
 }

@@ -1,5 +1,7 @@
 #include "vault/frmMain.h"
 
+#include "services/FormSlot.h"
+
 #include "platform/Clipboard.h"
 #include "platform/Cursor.h"
 #include "platform/Dialogs.h"
@@ -34,9 +36,9 @@
 
 namespace {
 
-frmMain*& instancePointer()
+FormSlot<frmMain>& slot()
 {
-    static frmMain* form = nullptr;
+    static FormSlot<frmMain> form;
     return form;
 }
 
@@ -79,24 +81,19 @@ std::optional<QString> SearchRow(const EntryRecord& e, const QString& needle)
 
 frmMain* frmMain::Instance()
 {
-    if (!instancePointer()) {
-        instancePointer() = new frmMain;
-        instancePointer()->Form_Load();
-    }
-    return instancePointer();
+    return slot().Touch([] { return new frmMain; });
 }
 
 frmMain* frmMain::Loaded()
 {
-    return instancePointer();
+    return slot().Loaded();
 }
 
 void frmMain::Unload()
 {
-    frmMain* form = instancePointer();
+    frmMain* form = slot().Take();
     if (!form)
         return;
-    instancePointer() = nullptr;
     form->unloaded = true;
     form->Form_Unload();
     form->hide();
