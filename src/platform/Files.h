@@ -34,6 +34,9 @@ bool TouchFile(const QString& path);
 // Returns ErrNone, or the error number when the file can't be opened.
 int ReadLines(const QString& path, QList<QByteArray>& lines);
 
+// Every operation that names a drive letter which is not there (a removed medium) fails with
+// ErrDiskNotReady, as a drive without a medium does.
+
 // Make one folder (mode 0700). ErrPathFileAccess when it exists, ErrPathNotFound when the
 // parent is missing.
 int MkDir(const QString& path);
@@ -44,13 +47,21 @@ int FileCopy(const QString& source, const QString& target);
 // Delete a file.
 int Kill(const QString& path);
 
+// The runtime's Dir for one path: `found` gets the file's name, or stays empty when there is no
+// such file. The error number when the drive can't be read.
+int Dir(const QString& path, QString& found);
+
 // The members of the file-system object that the program uses.
 QString GetDriveName(const QString& path);
 bool DriveExists(const QString& drive);
 bool FolderExists(const QString& path);
 // Deletes a folder with all it holds. Refuses (ErrPermissionDenied) a drive root, the home
-// folder, any path with a ".." component, and any folder that holds the home folder: a
-// profile name is joined into this path and must never reach outside its tree.
+// folder, any path with a ".." component, a protected folder and any folder that holds the
+// home folder or a protected one: a profile name is joined into this path and must never
+// reach outside its tree.
 int DeleteFolder(const QString& path, bool force);
+
+// Marks a folder (and so every folder above it) as one that DeleteFolder never removes.
+void ProtectFolder(const QString& path);
 
 } // namespace platform

@@ -35,6 +35,11 @@ void YieldStep();
 QString TimeOfDayText();
 QString DateText();
 
+// The runtime's conversion of a text given to a whole-number property: blanks around it, a
+// decimal number (with exponent, rounded half to even) or &H / &O. False for a text that is
+// no number (above all the empty one) or lies outside 16 bits.
+bool CIntText(const QString& text, int& value);
+
 void InitCommonControls();
 void InitCommonControlsEx(int size, int flags);
 // Creates a named mutex that nobody looks at again; returns a handle or 0.

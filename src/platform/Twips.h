@@ -17,3 +17,16 @@ inline void PlaceTwips(QWidget* control, int left, int top, int width, int heigh
 {
     control->setGeometry(Twips(left), Twips(top), Twips(width), Twips(height));
 }
+
+// A control with its name (the name tests and accessibility find it by), placed in twips.
+template <typename Control> Control* Named(Control* control, const char* name)
+{
+    control->setObjectName(QLatin1String(name));
+    return control;
+}
+template <typename Control>
+Control* Placed(Control* control, const char* name, int left, int top, int width, int height)
+{
+    PlaceTwips(Named(control, name), left, top, width, height);
+    return control;
+}

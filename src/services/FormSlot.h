@@ -21,6 +21,13 @@ public:
         return taken;
     }
 
+    // A window that goes with its owner leaves the slot empty behind it.
+    void Forget(const Form* gone)
+    {
+        if (form == gone)
+            form = nullptr;
+    }
+
 private:
     Form* form = nullptr;
 };

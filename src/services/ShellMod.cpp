@@ -1,5 +1,6 @@
 #include "services/ShellMod.h"
 
+#include "platform/Paths.h"
 #include "platform/Runtime.h"
 #include "platform/Shell.h"
 
@@ -51,4 +52,11 @@ void ShellOpen(
         if (e.result == result && raiseErrors)
             platform::UnhandledError(e.number, e.description ? QLatin1String(e.description) : QString());
     }
+}
+
+void RestartProgram()
+{
+    platform::ShellExecuteA(nullptr, QStringLiteral("Open"), platform::AppPath() + QStringLiteral("\\tolvane.exe"),
+        QStringLiteral("/restart"), QString(), 1);
+    platform::EndProcess(0);
 }

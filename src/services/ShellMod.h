@@ -11,3 +11,8 @@ class QWidget;
 // none of the callers handles it, so the run ends there.
 void ShellOpen(
     QWidget* owner, const QString& file, const QString& parameters, QString& directory, qint32 show, bool raiseErrors);
+
+// A profile change or an import: a new process of the program with "/restart", then the end of
+// this one at once, with no window's unload, so nothing in memory is written back. Whether the
+// new process could be started is not looked at.
+[[noreturn]] void RestartProgram();

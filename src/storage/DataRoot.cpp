@@ -1,5 +1,6 @@
 #include "storage/DataRoot.h"
 
+#include "platform/Files.h"
 #include "platform/Paths.h"
 #include "storage/modIni2.h"
 
@@ -14,7 +15,11 @@ QString DataRoot()
 
 QString DataFolder()
 {
-    return DataRoot() + QStringLiteral("\\Brenmark\\Tolvane\\data\\");
+    const QString folder = DataRoot() + QStringLiteral("\\Brenmark\\Tolvane\\data\\");
+    // Profile names are joined onto this folder for a delete: an empty name or "." would name
+    // the folder itself. Whatever names it, the delete refuses it and everything above it.
+    platform::ProtectFolder(folder);
+    return folder;
 }
 
 QString ConfigFile()

@@ -1,17 +1,17 @@
 #include "vault/frmMain.h"
 
-#include "services/FormSlot.h"
-
 #include "platform/Clipboard.h"
 #include "platform/Cursor.h"
 #include "platform/Dialogs.h"
 #include "platform/MessageBox.h"
 #include "platform/Runtime.h"
 #include "platform/Twips.h"
+#include "services/FormSlot.h"
 #include "services/ShellMod.h"
 #include "services/frmContainer.h"
 #include "services/modLanguage.h"
 #include "services/modLinki.h"
+#include "settings/frmSettings.h"
 #include "startup/ProgramPictures.h"
 #include "storage/DataRoot.h"
 #include "storage/VaultFile.h"
@@ -200,6 +200,7 @@ void frmMain::buildMenus()
     connect(mnuOpenUrl, &QAction::triggered, this, &frmMain::mnuOpenUrl_Click);
     connect(mnuOpenDoc, &QAction::triggered, this, &frmMain::mnuOpenDoc_Click);
     connect(mnuPassGen, &QAction::triggered, this, &frmMain::mnuPassGen_Click);
+    connect(mnuSettings, &QAction::triggered, this, &frmMain::mnuSettings_Click);
     connect(mnuWWW, &QAction::triggered, this, &frmMain::mnuWWW_Click);
     connect(strwww, &QAction::triggered, this, &frmMain::strwww_Click);
     connect(mnuForum, &QAction::triggered, this, &frmMain::mnuForum_Click);
@@ -266,6 +267,7 @@ void frmMain::buildControls()
     connect(Command15, &QPushButton::clicked, this, &frmMain::Command15_Click);
     connect(Command16, &QPushButton::clicked, this, &frmMain::Command16_Click);
     connect(Command17, &QPushButton::clicked, this, &frmMain::Command17_Click);
+    connect(Command18, &QPushButton::clicked, this, &frmMain::Command18_Click);
 
     Label2 = label("Label2");
     PlaceTwips(Label2, 120, 405, 2415, 330);
@@ -828,6 +830,17 @@ void frmMain::Image6_Click()
 void frmMain::mnuPassGen_Click()
 {
     ShowPasswordGenerator(this, QStringLiteral("0"));
+}
+
+void frmMain::mnuSettings_Click()
+{
+    // Beside this window, not modal: the vault keeps working behind it.
+    frmSettings::Instance()->show();
+}
+
+void frmMain::Command18_Click()
+{
+    mnuSettings_Click();
 }
 
 void frmMain::mnuWWW_Click()

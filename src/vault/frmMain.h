@@ -79,6 +79,8 @@ public:
     void mnuOpenUrl_Click();
     void mnuOpenDoc_Click();
     void mnuPassGen_Click();
+    void mnuSettings_Click();
+    void Command18_Click();
     void mnuWWW_Click();
     void strwww_Click();
     void mnuForum_Click();

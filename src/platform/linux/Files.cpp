@@ -32,6 +32,19 @@ int errnoToError(int e)
     }
 }
 
+// A path on a drive letter that is not there now: the medium was taken out, or never was.
+bool driveMissing(const QString& path)
+{
+    return path.size() >= 2 && path.at(1) == QLatin1Char(':') && path.at(0).isLetter()
+        && DriveRoot(path.at(0)).isEmpty();
+}
+
+QStringList& protectedFolders()
+{
+    static QStringList folders;
+    return folders;
+}
+
 } // namespace
 
 qint64 FileLen(const QString& path)
@@ -122,6 +135,8 @@ int ReadLines(const QString& path, QList<QByteArray>& lines)
 
 int MkDir(const QString& path)
 {
+    if (driveMissing(path))
+        return ErrDiskNotReady;
     const QString native = ToNative(path);
     if (native.isEmpty())
         return ErrPathNotFound;
@@ -133,6 +148,8 @@ int MkDir(const QString& path)
 
 int FileCopy(const QString& source, const QString& target)
 {
+    if (driveMissing(source) || driveMissing(target))
+        return ErrDiskNotReady;
     const QString from = ToNative(source);
     const QString to = ToNative(target);
     if (from.isEmpty() || !QFileInfo(from).isFile())
@@ -161,10 +178,24 @@ int FileCopy(const QString& source, const QString& target)
 
 int Kill(const QString& path)
 {
+    if (driveMissing(path))
+        return ErrDiskNotReady;
     const QString native = ToNative(path);
     if (native.isEmpty() || !QFileInfo(native).isFile())
         return ErrFileNotFound;
     return QFile::remove(native) ? ErrNone : ErrPermissionDenied;
+}
+
+int Dir(const QString& path, QString& found)
+{
+    found.clear();
+    if (driveMissing(path))
+        return ErrDiskNotReady;
+    const QString native = ToNative(path);
+    const QFileInfo info(native);
+    if (!native.isEmpty() && info.isFile())
+        found = info.fileName();
+    return ErrNone;
 }
 
 QString GetDriveName(const QString& path)
@@ -199,17 +230,25 @@ int DeleteFolder(const QString& path, bool force)
     forward.replace(QLatin1Char('\\'), QLatin1Char('/'));
     if (forward.split(QLatin1Char('/')).contains(QStringLiteral("..")))
         return ErrPermissionDenied;
-    const QString native = ToNative(path);
+    if (driveMissing(path))
+        return ErrDiskNotReady;
+    QString native = ToNative(path);
+    while (native.size() > 1 && native.endsWith(QLatin1Char('/')))
+        native.chop(1);
     if (native.isEmpty() || !QFileInfo(native).isDir())
         return ErrPathNotFound;
+    // A link is taken away itself; what it points to is not this folder's to delete.
+    if (QFileInfo(native).isSymLink())
+        return QFile::remove(native) ? ErrNone : ErrPermissionDenied;
     const QString target = QFileInfo(native).canonicalFilePath();
-    const QString home = QFileInfo(DriveRoot(QLatin1Char('C'))).canonicalFilePath();
-    const QString realHome = QFileInfo(QDir::homePath()).canonicalFilePath();
-    for (const QString& protectedPath : { home, realHome }) {
-        if (protectedPath.isEmpty())
-            continue;
-        if (protectedPath == target || protectedPath.startsWith(target + QLatin1Char('/'))
-            || target == QLatin1String("/"))
+    QStringList kept { DriveRoot(QLatin1Char('C')), QDir::homePath() };
+    for (const QString& folder : std::as_const(protectedFolders()))
+        kept << ToNative(folder);
+    for (const QString& keptPath : std::as_const(kept)) {
+        const QString canonical = keptPath.isEmpty() ? QString() : QFileInfo(keptPath).canonicalFilePath();
+        if (canonical.isEmpty())
+            continue; // not there: nothing of it can go
+        if (canonical == target || canonical.startsWith(target + QLatin1Char('/')) || target == QLatin1String("/"))
             return ErrPermissionDenied;
     }
     for (const QString& letter : DriveLetters()) {
@@ -217,6 +256,13 @@ int DeleteFolder(const QString& path, bool force)
             return ErrPermissionDenied;
     }
     return QDir(target).removeRecursively() ? ErrNone : ErrPermissionDenied;
+}
+
+void ProtectFolder(const QString& path)
+{
+    // Kept in the program's form and resolved at each delete, so that a folder made later counts.
+    if (!protectedFolders().contains(path))
+        protectedFolders().append(path);
 }
 
 } // namespace platform

@@ -96,7 +96,9 @@ QString resolveCase(const QString& root, const QStringList& parts)
         if (exists && !QFileInfo::exists(next) && part != QLatin1String(".") && part != QLatin1String("..")) {
             const QString exe = nativeExecutableName(part);
             const QString base = path.endsWith(QLatin1Char('/')) ? path : path + QLatin1Char('/');
-            if (!exe.isEmpty() && QFileInfo::exists(base + exe)) {
+            // The program's own names: found under the native name, and a copy made under
+            // "tolvane.exe" (the portable install) gets the native name too.
+            if (!exe.isEmpty()) {
                 next = base + exe;
             } else {
                 const QStringList entries

@@ -12,6 +12,7 @@
 #include <QProcess>
 #include <QTime>
 
+#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <vector>
@@ -113,6 +114,29 @@ QString TimeOfDayText()
     if (!format.contains(QLatin1Char('s')))
         format.replace(QStringLiteral("mm"), QStringLiteral("mm:ss"));
     return QLocale::system().toString(QTime::currentTime(), format);
+}
+
+bool CIntText(const QString& text, int& value)
+{
+    const QString t = text.trimmed();
+    double number = 0;
+    bool ok = false;
+    if (t.startsWith(QLatin1String("&H"), Qt::CaseInsensitive)
+        || t.startsWith(QLatin1String("&O"), Qt::CaseInsensitive)) {
+        const int base = t.at(1).toUpper() == QLatin1Char('H') ? 16 : 8;
+        const qlonglong raw = t.mid(2).toLongLong(&ok, base);
+        // Four hex digits are a 16-bit pattern: &HFFFF is -1.
+        number = static_cast<double>(raw <= 0xFFFF && raw > 0x7FFF ? raw - 0x10000 : raw);
+    } else {
+        number = QLocale::c().toDouble(t, &ok);
+    }
+    if (!ok)
+        return false;
+    const double rounded = std::nearbyint(number); // the default rounding: half to even
+    if (rounded < -32768 || rounded > 32767)
+        return false;
+    value = static_cast<int>(rounded);
+    return true;
 }
 
 QString DateText()

@@ -1,0 +1,35 @@
+#pragma once
+// Adds a profile: its folder, settings.txt with the four values as typed (in the clear), the
+// marker copied from the program's folder, and the name list written anew. Opened modally from
+// the profile page of the settings window, whose list it adds to.
+#include <QDialog>
+
+class QLabel;
+class QLineEdit;
+class QPushButton;
+
+class frmNewUser : public QDialog
+{
+    Q_OBJECT
+public:
+    // The one dialog, loaded at its first use.
+    static frmNewUser* Instance(QWidget* owner);
+    static frmNewUser* Loaded();
+    static void Unload();
+    ~frmNewUser() override;
+
+    void Form_Load();
+    void Command1_Click();
+    void Command2_Click();
+
+    QLabel *Label1, *Label2, *Label3, *Label4, *Label5, *Label6;
+    QLineEdit *Text1, *Text2, *Text3, *Text4, *Text5;
+    QPushButton *Command1, *Command2;
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void reject() override;
+
+private:
+    explicit frmNewUser(QWidget* owner);
+};

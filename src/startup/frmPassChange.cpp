@@ -1,0 +1,161 @@
+#include "startup/frmPassChange.h"
+
+#include "platform/MessageBox.h"
+#include "platform/Twips.h"
+#include "services/FormSlot.h"
+#include "services/modLanguage.h"
+#include "startup/modMD5.h"
+#include "storage/DataRoot.h"
+#include "storage/modIni2.h"
+
+#include <QCloseEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTimer>
+
+namespace {
+
+FormSlot<frmPassChange>& slot()
+{
+    static FormSlot<frmPassChange> form;
+    return form;
+}
+
+} // namespace
+
+frmPassChange* frmPassChange::Instance(QWidget* owner)
+{
+    return slot().Touch([owner] { return new frmPassChange(owner); });
+}
+
+frmPassChange* frmPassChange::Loaded()
+{
+    return slot().Loaded();
+}
+
+void frmPassChange::Unload()
+{
+    if (frmPassChange* form = slot().Take()) {
+        form->Timer1->stop();
+        form->hide();
+        form->deleteLater();
+    }
+}
+
+frmPassChange::~frmPassChange()
+{
+    slot().Forget(this);
+}
+
+frmPassChange::frmPassChange(QWidget* owner)
+    : QDialog(owner)
+{
+    setObjectName(QStringLiteral("frmPassChange"));
+    setFixedSize(Twips(4920), Twips(3960));
+    Label3 = Placed(new QLabel(this), "Label3", 120, 120, 2400, 285);
+    Label1 = Placed(new QLabel(this), "Label1", 2580, 120, 2220, 285);
+    QFont heading = Label3->font();
+    heading.setBold(true);
+    Label3->setFont(heading);
+    Label1->setFont(heading);
+    struct Row
+    {
+        QLabel** label;
+        const char* labelName;
+        QLineEdit** box;
+        const char* boxName;
+    };
+    const Row rows[] = {
+        { &Label7, "Label7", &Text1, "Text1" },
+        { &Label2, "Label2", &Text2, "Text2" },
+        { &Label4, "Label4", &Text3, "Text3" },
+        { &Label6, "Label6", &Text5, "Text5" },
+        { &Label5, "Label5", &Text4, "Text4" },
+    };
+    int top = 540;
+    for (const Row& row : rows) {
+        *row.label = Placed(new QLabel(this), row.labelName, 120, top + 45, 1800, 285);
+        *row.box = Placed(new QLineEdit(this), row.boxName, 1980, top, 2820, 330);
+        (*row.label)->setBuddy(*row.box);
+        top += 450;
+    }
+    md5aa = Named(new QLineEdit(this), "md5aa");
+    md5aa->setVisible(false);
+    Command2 = Placed(new QPushButton(this), "Command2", 2280, 3300, 1200, 375);
+    Command2->setDefault(true);
+    Command1 = Placed(new QPushButton(this), "Command1", 3600, 3300, 1200, 375);
+    Command3 = Named(new QPushButton(this), "Command3"); // hidden, and nothing handles it
+    Command3->setVisible(false);
+    connect(Command2, &QPushButton::clicked, this, &frmPassChange::Command2_Click);
+    connect(Command1, &QPushButton::clicked, this, &frmPassChange::Command1_Click);
+    Timer1 = new QTimer(this);
+    Timer1->setObjectName(QStringLiteral("Timer1"));
+    Timer1->setInterval(50);
+    connect(Timer1, &QTimer::timeout, this, &frmPassChange::Timer1_Timer);
+    setTabOrder(Text1, Text2);
+    setTabOrder(Text2, Text3);
+    setTabOrder(Text3, Text5);
+    setTabOrder(Text5, Text4);
+    setTabOrder(Text4, Command2);
+    setTabOrder(Command2, Command1);
+}
+
+QString frmPassChange::settingsFile() const
+{
+    return DataFolder() + Label1->text() + QStringLiteral("\\settings.txt");
+}
+
+void frmPassChange::Form_Load()
+{
+    setWindowTitle(Lang(259));
+    Label3->setText(Lang(260));
+    Label7->setText(Lang(262));
+    Label2->setText(Lang(263));
+    Label4->setText(Lang(253));
+    Label6->setText(Lang(254));
+    Label5->setText(Lang(255));
+    Command2->setText(Lang(261));
+    Command1->setText(Lang(147));
+    Timer1->start();
+}
+
+void frmPassChange::Timer1_Timer()
+{
+    // The answer is not shown: what Text5 holds at the change is what is stored.
+    Text3->setText(GetIni(Keys::settings, Keys::question, settingsFile()));
+    Text4->setText(GetIni(Keys::settings, Keys::email, settingsFile()));
+    Timer1->stop();
+}
+
+void frmPassChange::Command2_Click()
+{
+    md5aa->setText(GetIni(Keys::settings, Keys::password, settingsFile()));
+    // An empty stored value equals no digest text: such a profile can't be given a password here.
+    if (md5aa->text() != MD5Hex(Text1->text())) {
+        platform::MsgBox(Lang(257), 64);
+        return;
+    }
+    WriteIni(Keys::settings, Keys::password, MD5Hex(Text2->text()), settingsFile());
+    WriteIni(Keys::settings, Keys::question, Text3->text(), settingsFile());
+    WriteIni(Keys::settings, Keys::answer, MD5Hex(Text5->text()), settingsFile());
+    WriteIni(Keys::settings, Keys::email, Text4->text(), settingsFile());
+    platform::MsgBox(Lang(258), 64);
+    Unload();
+}
+
+void frmPassChange::Command1_Click()
+{
+    Unload();
+}
+
+void frmPassChange::closeEvent(QCloseEvent* event)
+{
+    Unload();
+    event->accept();
+}
+
+void frmPassChange::reject()
+{
+    Unload();
+}

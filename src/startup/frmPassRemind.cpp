@@ -1,0 +1,117 @@
+#include "startup/frmPassRemind.h"
+
+#include "platform/MessageBox.h"
+#include "platform/Twips.h"
+#include "services/FormSlot.h"
+#include "services/modLanguage.h"
+#include "settings/frmSettings.h"
+#include "startup/modMD5.h"
+#include "storage/DataRoot.h"
+#include "storage/modIni2.h"
+
+#include <QCloseEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace {
+
+FormSlot<frmPassRemind>& slot()
+{
+    static FormSlot<frmPassRemind> form;
+    return form;
+}
+
+} // namespace
+
+frmPassRemind* frmPassRemind::Instance(QWidget* owner)
+{
+    return slot().Touch([owner] { return new frmPassRemind(owner); });
+}
+
+frmPassRemind* frmPassRemind::Loaded()
+{
+    return slot().Loaded();
+}
+
+void frmPassRemind::Unload()
+{
+    if (frmPassRemind* form = slot().Take()) {
+        form->hide();
+        form->deleteLater();
+    }
+}
+
+frmPassRemind::~frmPassRemind()
+{
+    slot().Forget(this);
+}
+
+frmPassRemind::frmPassRemind(QWidget* owner)
+    : QDialog(owner)
+{
+    setObjectName(QStringLiteral("frmPassRemind"));
+    setFixedSize(Twips(4920), Twips(2760));
+    Label2 = Placed(new QLabel(this), "Label2", 120, 120, 4680, 285);
+    QFont heading = Label2->font();
+    heading.setBold(true);
+    Label2->setFont(heading);
+    Label3 = Placed(new QLabel(this), "Label3", 120, 585, 1800, 285);
+    Label4 = Placed(new QLabel(this), "Label4", 1980, 585, 2820, 285);
+    Label6 = Placed(new QLabel(this), "Label6", 120, 1005, 1800, 285);
+    Label1 = Placed(new QLabel(this), "Label1", 1980, 1005, 2820, 285);
+    Label5 = Placed(new QLabel(this), "Label5", 120, 1485, 1800, 285);
+    Text1 = Placed(new QLineEdit(this), "Text1", 1980, 1440, 2820, 330);
+    Label5->setBuddy(Text1);
+    Text2 = Named(new QLineEdit(this), "Text2");
+    Text2->setVisible(false);
+    Text3 = Named(new QLineEdit(this), "Text3");
+    Text3->setVisible(false);
+    Command1 = Placed(new QPushButton(this), "Command1", 2280, 2100, 1200, 375);
+    Command1->setDefault(true);
+    Command2 = Placed(new QPushButton(this), "Command2", 3600, 2100, 1200, 375);
+    connect(Command1, &QPushButton::clicked, this, &frmPassRemind::Command1_Click);
+    connect(Command2, &QPushButton::clicked, this, &frmPassRemind::Command2_Click);
+}
+
+void frmPassRemind::Form_Load()
+{
+    setWindowTitle(Lang(266));
+    Label2->setText(Lang(267));
+    Label3->setText(Lang(242));
+    Label6->setText(Lang(268));
+    Label5->setText(Lang(269));
+    Command1->setText(Lang(270));
+    Command2->setText(Lang(147));
+    Label4->setText(frmSettings::Instance()->Label10->text());
+    const QString settings = DataFolder() + Label4->text() + QStringLiteral("\\settings.txt");
+    Label1->setText(GetIni(Keys::settings, Keys::question, settings));
+    Text2->setText(GetIni(Keys::settings, Keys::answer, settings));
+    Text3->setText(GetIni(Keys::settings, Keys::password, settings));
+}
+
+void frmPassRemind::Command1_Click()
+{
+    if (Text2->text() == MD5Hex(Text1->text())) {
+        platform::MsgBox(Lang(264) + QLatin1Char(' ') + Text3->text(), 0);
+        Unload();
+        return;
+    }
+    platform::MsgBox(Lang(265), 0); // as often as the user likes
+}
+
+void frmPassRemind::Command2_Click()
+{
+    Unload();
+}
+
+void frmPassRemind::closeEvent(QCloseEvent* event)
+{
+    Unload();
+    event->accept();
+}
+
+void frmPassRemind::reject()
+{
+    Unload();
+}
