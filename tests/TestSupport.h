@@ -3,6 +3,7 @@
 // message boxes answered by script and recorded for assertions.
 #include "platform/MessageBox.h"
 #include "platform/Runtime.h"
+#include "platform/Shell.h"
 
 #include <QDir>
 #include <QFile>
@@ -38,6 +39,21 @@ public:
 
     QList<platform::MessageBoxCall> shown;
     QList<int> answers;
+};
+
+// Records the shell's calls and answers each with the next result (then 42).
+struct ShellScript
+{
+    ShellScript()
+    {
+        platform::SetShellBackend([this](const platform::ShellCall& call) {
+            calls.append(call);
+            return results.isEmpty() ? 42 : results.takeFirst();
+        });
+    }
+    ~ShellScript() { platform::SetShellBackend({}); }
+    QList<platform::ShellCall> calls;
+    QList<int> results;
 };
 
 // A fresh world in a temporary folder. The program folder is a copy of the source tree's

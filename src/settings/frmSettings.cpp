@@ -29,6 +29,9 @@
 #include <QPushButton>
 #include <QTabBar>
 
+#include <algorithm>
+#include <iterator>
+
 namespace {
 
 FormSlot<frmSettings>& slot()
@@ -38,6 +41,26 @@ FormSlot<frmSettings>& slot()
 }
 
 const QString administrator = QStringLiteral("Administrator");
+
+// The runtime's check box: 0, 1 or 2 (greyed) from the program; a click clears a ticked box
+// and ticks any other.
+class CheckBox : public QCheckBox
+{
+public:
+    using QCheckBox::QCheckBox;
+
+protected:
+    void nextCheckState() override { setCheckState(checkState() == Qt::Checked ? Qt::Unchecked : Qt::Checked); }
+};
+
+// The runtime's values: 0 clear, 1 ticked, 2 greyed (the toolkit counts 1 greyed, 2 ticked).
+constexpr Qt::CheckState checkStates[] = { Qt::Unchecked, Qt::Checked, Qt::PartiallyChecked };
+
+int CheckValue(const QCheckBox* box)
+{
+    return static_cast<int>(
+        std::find(std::begin(checkStates), std::end(checkStates), box->checkState()) - std::begin(checkStates));
+}
 
 constexpr int colourInstalled = 32768; // green, as the runtime's colour number (blue, green, red)
 constexpr int colourNotInstalled = 255; // red
@@ -271,7 +294,7 @@ void frmSettings::Form_Load()
         const QString cfg = DataFolder() + CurrentProfile() + QStringLiteral("\\cfg.txt");
         int value = 0;
         if (platform::CIntText(GetIni(Keys::setts, Keys::option(n), cfg), value) && value >= 0 && value <= 2)
-            optionBox(n)->setCheckState(static_cast<Qt::CheckState>(value));
+            optionBox(n)->setCheckState(checkStates[value]);
     }
     Check14->setChecked(GetIni(Keys::user, Keys::tempChangeable, ConfigFile()) == QLatin1String("True"));
     Drive1->SetDrive(QStringLiteral("C:\\"));
@@ -292,7 +315,7 @@ void frmSettings::SaveOptions()
 {
     for (int n = 1; n <= 5; ++n) {
         const QString cfg = DataFolder() + CurrentProfile() + QStringLiteral("\\cfg.txt");
-        WriteIni(Keys::setts, Keys::option(n), QString::number(static_cast<int>(optionBox(n)->checkState())), cfg);
+        WriteIni(Keys::setts, Keys::option(n), QString::number(CheckValue(optionBox(n))), cfg);
     }
     WriteIni(Keys::user, Keys::tempChangeable, Check14->isChecked() ? QStringLiteral("True") : QStringLiteral("False"),
         ConfigFile());

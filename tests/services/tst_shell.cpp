@@ -14,25 +14,6 @@
 
 #include <unistd.h>
 
-namespace {
-
-// Records the shell's calls and answers each with the next result (then 42).
-struct ShellScript
-{
-    ShellScript()
-    {
-        platform::SetShellBackend([this](const platform::ShellCall& call) {
-            calls.append(call);
-            return results.isEmpty() ? 42 : results.takeFirst();
-        });
-    }
-    ~ShellScript() { platform::SetShellBackend({}); }
-    QList<platform::ShellCall> calls;
-    QList<int> results;
-};
-
-} // namespace
-
 class tst_shell : public QObject
 {
     Q_OBJECT

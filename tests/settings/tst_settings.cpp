@@ -1,0 +1,323 @@
+// The settings window beside a running vault window: options applied through the reload, the
+// language written where nobody reads it, and the profile page's rights and writes.
+#include "VaultRun.h"
+#include "platform/Registry.h"
+#include "services/modRegistry2.h"
+#include "settings/DriveListBox.h"
+#include "settings/frmSettings.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QTabBar>
+
+class tst_settings : public QObject
+{
+    Q_OBJECT
+
+    // The first start's tree plus the profiles named, each listed and with its marker; the run
+    // is left logged in as `current`.
+    static frmMain* startWith(VaultRun& run, const QStringList& more,
+        const QString& current = QStringLiteral("Administrator"),
+        const QString& defaultProfile = QStringLiteral("Administrator"))
+    {
+        run.start();
+        run.close();
+        QByteArray users = "Administrator\r\n";
+        for (const QString& name : more) {
+            users += name.toLatin1() + "\r\n";
+            run.world.write(
+                QStringLiteral("appdata/Brenmark/Tolvane/data/") + name + QStringLiteral("/dummy.dat"), "x");
+        }
+        run.world.write(QStringLiteral("appdata/Brenmark/Tolvane/data/users.txt"), users);
+        run.setIni(QStringLiteral("config.txt"), Keys::user, Keys::current, current);
+        run.setIni(QStringLiteral("config.txt"), Keys::user, Keys::defaultProfile, defaultProfile);
+        run.boxes.shown.clear();
+        frmMain* main = frmMain::Instance();
+        main->show();
+        return main;
+    }
+
+    static frmSettings* openSettings(frmMain* main)
+    {
+        main->mnuSettings->trigger();
+        frmSettings* settings = frmSettings::Loaded();
+        return settings && settings->isVisible() ? settings : nullptr;
+    }
+
+    static void selectRow(frmSettings* settings, const QString& name)
+    {
+        const int row = VaultRun::rows(settings->lstData).indexOf(name);
+        QVERIFY2(row >= 0, qPrintable(name));
+        VaultRun::clickRow(settings->lstData, row);
+        QCOMPARE(settings->Label10->text(), name);
+    }
+
+    static QString users(const VaultRun& run)
+    {
+        return QString::fromLatin1(run.world.read(QStringLiteral("appdata/Brenmark/Tolvane/data/users.txt")));
+    }
+
+private Q_SLOTS:
+    void optionsTakeEffectThroughTheReloadAfterOk()
+    {
+        VaultRun run;
+        frmMain* main = startWith(run, {});
+        QFile::remove(run.data(QStringLiteral("Administrator/cfg.txt")));
+        main->Command18->click(); // the toolbar opens the same window
+        frmSettings* settings = frmSettings::Loaded();
+        QVERIFY(settings && settings->isVisible());
+        QCOMPARE(settings->parentWidget(), main);
+        QVERIFY(!settings->isModal());
+        QCOMPARE(settings->windowTitle(), QStringLiteral("Ustawienia..."));
+        QVERIFY(settings->Frame2->isVisible() && !settings->Frame5->isVisible() && !settings->Frame6->isVisible());
+        QCOMPARE(settings->Check5->text(), QStringLiteral("Hide passwords"));
+        for (QCheckBox* box :
+            { settings->Check1, settings->Check2, settings->Check3, settings->Check4, settings->Check5 })
+            QCOMPARE(box->checkState(), Qt::Unchecked); // a missing cfg.txt: nothing ticked
+
+        // Pages: each tab shows its own frame only.
+        settings->TabStrip1->setCurrentIndex(2);
+        settings->TabStrip1_Click();
+        QVERIFY(!settings->Frame2->isVisible() && settings->Frame6->isVisible());
+        settings->TabStrip1->setCurrentIndex(0);
+        settings->TabStrip1_Click();
+
+        settings->Check5->click();
+        settings->Check2->click();
+        settings->Check1->click();
+        settings->Command13->click();
+        QCOMPARE(run.ini(QStringLiteral("Administrator/cfg.txt"), Keys::setts, Keys::option(1)), QStringLiteral("1"));
+        QCOMPARE(run.ini(QStringLiteral("Administrator/cfg.txt"), Keys::setts, Keys::option(2)), QStringLiteral("1"));
+        QCOMPARE(run.ini(QStringLiteral("Administrator/cfg.txt"), Keys::setts, Keys::option(3)), QStringLiteral("0"));
+        QCOMPARE(run.ini(QStringLiteral("Administrator/cfg.txt"), Keys::setts, Keys::option(4)), QStringLiteral("0"));
+        QCOMPARE(run.ini(QStringLiteral("Administrator/cfg.txt"), Keys::setts, Keys::option(5)), QStringLiteral("1"));
+        QCOMPARE(run.ini(QStringLiteral("config.txt"), Keys::user, Keys::tempChangeable), QStringLiteral("False"));
+        QVERIFY(!frmSettings::Loaded());
+        frmMain* reloaded = frmMain::Loaded();
+        QVERIFY(reloaded && reloaded != main && reloaded->isVisible());
+        QCOMPARE(reloaded->txtAge->LineEditor()->echoMode(), QLineEdit::Password);
+        // s1 on is a dead switch: the window stays an ordinary one.
+        QVERIFY(!(reloaded->windowFlags() & Qt::WindowStaysOnTopHint));
+
+        // Cancel stores nothing and reloads nothing; the close box is Cancel without the show.
+        settings = openSettings(reloaded);
+        QVERIFY(settings);
+        QCOMPARE(settings->Check5->checkState(), Qt::Checked);
+        settings->Check5->click();
+        settings->Check14->click();
+        settings->Command14->click();
+        QCOMPARE(frmMain::Loaded(), reloaded);
+        QCOMPARE(run.ini(QStringLiteral("Administrator/cfg.txt"), Keys::setts, Keys::option(5)), QStringLiteral("1"));
+        QCOMPARE(run.ini(QStringLiteral("config.txt"), Keys::user, Keys::tempChangeable), QStringLiteral("False"));
+        settings = openSettings(reloaded);
+        reloaded->hide();
+        settings->close();
+        QVERIFY(!frmSettings::Loaded());
+        QVERIFY(!reloaded->isVisible());
+
+        // Stored values are taken as numbers: blanks and a 2 (greyed) count, other text is passed over.
+        run.setIni(QStringLiteral("Administrator/cfg.txt"), Keys::setts, Keys::option(1), QStringLiteral("2"));
+        run.setIni(QStringLiteral("Administrator/cfg.txt"), Keys::setts, Keys::option(2), QStringLiteral("1.4"));
+        run.setIni(QStringLiteral("Administrator/cfg.txt"), Keys::setts, Keys::option(3), QStringLiteral("True"));
+        run.setIni(QStringLiteral("Administrator/cfg.txt"), Keys::setts, Keys::option(4), QStringLiteral("7"));
+        run.setIni(QStringLiteral("config.txt"), Keys::user, Keys::tempChangeable, QStringLiteral("true"));
+        settings = openSettings(reloaded);
+        QCOMPARE(settings->Check1->checkState(), Qt::PartiallyChecked);
+        QCOMPARE(settings->Check2->checkState(), Qt::Checked);
+        QCOMPARE(settings->Check3->checkState(), Qt::Unchecked);
+        QCOMPARE(settings->Check4->checkState(), Qt::Unchecked);
+        QVERIFY(!settings->Check14->isChecked()); // only "True" ticks it
+        settings->Check14->click();
+        settings->SaveOptions();
+        QCOMPARE(run.ini(QStringLiteral("Administrator/cfg.txt"), Keys::setts, Keys::option(1)), QStringLiteral("2"));
+        QCOMPARE(run.ini(QStringLiteral("Administrator/cfg.txt"), Keys::setts, Keys::option(3)), QStringLiteral("0"));
+        QCOMPARE(run.ini(QStringLiteral("config.txt"), Keys::user, Keys::tempChangeable), QStringLiteral("True"));
+        settings->Command14->click();
+        QVERIFY(run.boxes.shown.isEmpty());
+    }
+
+    void languageIsWrittenWhereNobodyReadsIt()
+    {
+        VaultRun run;
+        frmMain* main = startWith(run, {});
+        const QString before = GetProgramSetting(QStringLiteral("curLang"));
+        QCOMPARE(before, QStringLiteral("English"));
+        frmSettings* settings = openSettings(main);
+        QCOMPARE(settings->optLang->currentText(), QStringLiteral("English"));
+        settings->optLang->setCurrentIndex(2);
+        settings->Command1->click();
+        QCOMPARE(run.boxes.shown.size(), 1);
+        QCOMPARE(run.boxes.shown.first().text, Lang(306));
+        QCOMPARE(run.boxes.shown.first().flags, 0);
+        QCOMPARE(RegGetValue(QStringLiteral("Tolvane"), QStringLiteral("Settings"), QStringLiteral("curLang"),
+                     QString(), platform::HKEY_LOCAL_MACHINE, QStringLiteral("SOFTWARE"))
+                     .toString(),
+            QStringLiteral("Deutsch"));
+        QCOMPARE(GetProgramSetting(QStringLiteral("curLang")), before);
+        settings->Command14->click();
+        QCOMPARE(openSettings(main)->optLang->currentText(), QStringLiteral("English"));
+        frmSettings::Unload();
+    }
+
+    void profilePageSelectsByContainedNameAndShowsTheLastTime()
+    {
+        VaultRun run;
+        frmMain* main = startWith(run, { QStringLiteral("Ann"), QStringLiteral("Joanna") }, QStringLiteral("Ann"));
+        run.setIni(
+            QStringLiteral("Joanna/time.txt"), Keys::settings, Keys::time, QStringLiteral("10:00:00 01.02.2026"));
+        frmSettings* settings = openSettings(main);
+        QCOMPARE(settings->Label11->text(), QStringLiteral("Ann"));
+        QCOMPARE(settings->Label14->text(), QStringLiteral("Administrator"));
+        QCOMPARE(settings->lstData->Text(), QStringLiteral("Joanna")); // "ann" is inside "joanna", below it
+        QCOMPARE(settings->Label10->text(), QStringLiteral("Joanna"));
+        QCOMPARE(settings->Label1->text(), QStringLiteral("Last login: 10:00:00 01.02.2026"));
+        selectRow(settings, QStringLiteral("Administrator"));
+        // The close of the vault window at the start wrote Administrator's time; Ann has none.
+        QVERIFY(settings->Label1->text().size() > QStringLiteral("Last login: ").size());
+        selectRow(settings, QStringLiteral("Ann"));
+        QCOMPARE(settings->Label1->text(), QStringLiteral("Last login: "));
+
+        // Default: written at once, told, shown.
+        settings->Command10->click();
+        QCOMPARE(run.ini(QStringLiteral("config.txt"), Keys::user, Keys::defaultProfile), QStringLiteral("Ann"));
+        QCOMPARE(run.boxes.shown.last().text, QStringLiteral("The user 'Ann' is now the default user."));
+        QCOMPARE(run.boxes.shown.last().flags, 64);
+        QCOMPARE(settings->Label14->text(), QStringLiteral("Ann"));
+
+        // A password can only be changed for the profile in use.
+        selectRow(settings, QStringLiteral("Joanna"));
+        settings->Command11->click();
+        QCOMPARE(run.boxes.shown.last().text, Lang(293));
+        QCOMPARE(run.boxes.shown.last().flags, 64);
+        frmSettings::Unload();
+    }
+
+    void deletionFollowsTheRightsOfAdministrator()
+    {
+        VaultRun run;
+        frmMain* main = startWith(run, { QStringLiteral("Bob"), QStringLiteral("Carol"), QStringLiteral("Dave") },
+            QStringLiteral("Administrator"), QStringLiteral("Carol"));
+        frmSettings* settings = openSettings(main);
+        settings->Command3->click(); // Administrator selected: never deleted
+        QCOMPARE(run.boxes.shown.last().text, Lang(294));
+        QCOMPARE(run.boxes.shown.last().flags, 16);
+
+        selectRow(settings, QStringLiteral("Bob"));
+        run.boxes.answer(platform::IDNO);
+        settings->Command3->click();
+        QCOMPARE(run.boxes.shown.last().text, QStringLiteral("Do you really want to delete the user Bob?"));
+        QCOMPARE(run.boxes.shown.last().flags, 36);
+        QVERIFY(QFile::exists(run.data(QStringLiteral("Bob/dummy.dat"))));
+        QCOMPARE(VaultRun::rows(settings->lstData).size(), 4);
+
+        run.boxes.answer(platform::IDYES);
+        settings->Command3->click();
+        QVERIFY(!QFileInfo::exists(run.data(QStringLiteral("Bob"))));
+        QCOMPARE(users(run), QStringLiteral("Administrator\r\nCarol\r\nDave\r\n"));
+
+        // The default goes: Administrator becomes default and current.
+        selectRow(settings, QStringLiteral("Carol"));
+        run.boxes.answer(platform::IDYES);
+        settings->Command3->click();
+        QCOMPARE(
+            run.ini(QStringLiteral("config.txt"), Keys::user, Keys::defaultProfile), QStringLiteral("Administrator"));
+        QCOMPARE(users(run), QStringLiteral("Administrator\r\nDave\r\n"));
+        frmSettings::Unload();
+
+        // Another profile may not delete Dave, yet with Dave the default both keys turn back.
+        run.setIni(QStringLiteral("config.txt"), Keys::user, Keys::current, QStringLiteral("Dave"));
+        run.setIni(QStringLiteral("config.txt"), Keys::user, Keys::defaultProfile, QStringLiteral("Dave"));
+        run.world.write(QStringLiteral("appdata/Brenmark/Tolvane/data/Eve/dummy.dat"), "x");
+        run.world.write(QStringLiteral("appdata/Brenmark/Tolvane/data/users.txt"), "Administrator\r\nDave\r\nEve\r\n");
+        run.setIni(QStringLiteral("config.txt"), Keys::user, Keys::current, QStringLiteral("Eve"));
+        settings = openSettings(main);
+        selectRow(settings, QStringLiteral("Dave"));
+        run.boxes.shown.clear();
+        settings->Command3->click();
+        QCOMPARE(run.boxes.shown.size(), 1);
+        QCOMPARE(run.boxes.shown.first().text, Lang(296));
+        QCOMPARE(run.boxes.shown.first().flags, 16);
+        QVERIFY(QFile::exists(run.data(QStringLiteral("Dave/dummy.dat"))));
+        QCOMPARE(run.ini(QStringLiteral("config.txt"), Keys::user, Keys::current), QStringLiteral("Administrator"));
+        QCOMPARE(
+            run.ini(QStringLiteral("config.txt"), Keys::user, Keys::defaultProfile), QStringLiteral("Administrator"));
+        frmSettings::Unload();
+
+        // A profile may delete itself: the folder goes, then the restart; its name stays behind.
+        run.setIni(QStringLiteral("config.txt"), Keys::user, Keys::current, QStringLiteral("Eve"));
+        settings = openSettings(main);
+        selectRow(settings, QStringLiteral("Eve"));
+        ShellScript shell;
+        run.boxes.answer(platform::IDYES);
+        bool ended = false;
+        try {
+            settings->Command3->click();
+        } catch (const ProcessEnded& e) {
+            ended = e.code == 0;
+        }
+        QVERIFY(ended);
+        QVERIFY(!QFileInfo::exists(run.data(QStringLiteral("Eve"))));
+        QCOMPARE(shell.calls.size(), 1);
+        QCOMPARE(shell.calls.first().verb, QStringLiteral("Open"));
+        QCOMPARE(shell.calls.first().file, platform::AppPath() + QStringLiteral("\\tolvane.exe"));
+        QCOMPARE(shell.calls.first().parameters, QStringLiteral("/restart"));
+        QCOMPARE(shell.calls.first().show, 1);
+        QVERIFY(users(run).contains(QStringLiteral("Eve")));
+        QCOMPARE(run.ini(QStringLiteral("config.txt"), Keys::user, Keys::current), QStringLiteral("Eve"));
+        frmSettings::Unload();
+    }
+
+    void noProfileNameReachesOutsideItsFolder()
+    {
+        VaultRun run;
+        frmMain* main = startWith(run, {});
+        run.world.write(QStringLiteral("appdata/Brenmark/Tolvane/keep.txt"), "x");
+        run.world.write(QStringLiteral("appdata/Brenmark/Tolvane/data/users.txt"),
+            "Administrator\r\n\r\n..\r\n.\r\nx\\..\\..\r\n\\\r\n/\r\n");
+        frmSettings* settings = openSettings(main);
+        for (int tries = 0; tries < 6 && settings->lstData->ListCount() > 1; ++tries) {
+            settings->lstData->SetListIndex(1); // the rows move up as they go
+            settings->lstData_Click();
+            run.boxes.answer(platform::IDYES);
+            settings->Command3->click();
+        }
+        QCOMPARE(VaultRun::rows(settings->lstData), QStringList { QStringLiteral("Administrator") });
+        QVERIFY(QFile::exists(run.data(QStringLiteral("Administrator/dummy.dat"))));
+        QVERIFY(QFile::exists(run.data(QStringLiteral("config.txt"))));
+        QVERIFY(QFile::exists(run.world.path(QStringLiteral("appdata/Brenmark/Tolvane/keep.txt"))));
+        frmSettings::Unload();
+    }
+
+    void switchDeclinedChangesNothingAccepted()
+    {
+        VaultRun run;
+        frmMain* main = startWith(run, { QStringLiteral("Bob") });
+        frmSettings* settings = openSettings(main);
+        selectRow(settings, QStringLiteral("Bob"));
+        settings->Check3->click();
+        const QByteArray cfg = run.world.read(QStringLiteral("appdata/Brenmark/Tolvane/data/Administrator/cfg.txt"));
+        ShellScript shell;
+        settings->Command4->click(); // No is the default button
+        QCOMPARE(run.boxes.shown.last().text, Lang(297));
+        QCOMPARE(run.boxes.shown.last().flags, 324);
+        QVERIFY(shell.calls.isEmpty());
+        QCOMPARE(run.world.read(QStringLiteral("appdata/Brenmark/Tolvane/data/Administrator/cfg.txt")), cfg);
+        QCOMPARE(run.ini(QStringLiteral("config.txt"), Keys::user, Keys::switchTo), QString());
+
+        run.boxes.answer(platform::IDYES);
+        QVERIFY_THROWS_EXCEPTION(ProcessEnded, settings->Command4->click());
+        QCOMPARE(run.ini(QStringLiteral("Administrator/cfg.txt"), Keys::setts, Keys::option(3)), QStringLiteral("0"));
+        QCOMPARE(run.ini(QStringLiteral("config.txt"), Keys::user, Keys::current), QStringLiteral("Bob"));
+        QCOMPARE(run.ini(QStringLiteral("config.txt"), Keys::user, Keys::switchTo), QStringLiteral("Bob"));
+        QCOMPARE(shell.calls.size(), 1);
+        QCOMPARE(shell.calls.first().parameters, QStringLiteral("/restart"));
+        frmSettings::Unload();
+    }
+};
+
+QTEST_MAIN(tst_settings)
+#include "tst_settings.moc"

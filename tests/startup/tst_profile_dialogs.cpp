@@ -1,0 +1,227 @@
+// Adding a profile, changing its password and asking for a forgotten one, from the settings
+// window's profile page, and what the login then makes of it.
+#include "VaultRun.h"
+#include "settings/frmSettings.h"
+#include "startup/frmNewUser.h"
+#include "startup/frmPassChange.h"
+#include "startup/frmPassRemind.h"
+#include "startup/modMD5.h"
+
+#include <QAction>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+class tst_profile_dialogs : public QObject
+{
+    Q_OBJECT
+
+    static frmSettings* openSettings(VaultRun& run)
+    {
+        if (!frmMain::Loaded()) {
+            if (QFile::exists(run.data(QStringLiteral("config.txt"))))
+                run.setIni(
+                    QStringLiteral("config.txt"), Keys::user, Keys::defaultProfile, QStringLiteral("Administrator"));
+            run.start();
+        }
+        frmMain::Loaded()->mnuSettings->trigger();
+        return frmSettings::Loaded();
+    }
+
+    static void selectRow(frmSettings* settings, const QString& name)
+    {
+        const int row = VaultRun::rows(settings->lstData).indexOf(name);
+        QVERIFY2(row >= 0, qPrintable(name));
+        settings->lstData->SetListIndex(row);
+        settings->lstData_Click();
+    }
+
+    // Fills and sends the add dialog while it runs modally.
+    static void addProfile(frmSettings* settings, const QStringList& fields)
+    {
+        VaultRun::onNextModal([fields](QWidget*) {
+            frmNewUser* dialog = frmNewUser::Loaded();
+            QLineEdit* boxes[] = { dialog->Text1, dialog->Text2, dialog->Text3, dialog->Text4, dialog->Text5 };
+            for (int i = 0; i < 5; ++i)
+                boxes[i]->setText(fields.value(i));
+            dialog->Command2->click();
+            if (frmNewUser::Loaded())
+                frmNewUser::Loaded()->Command1->click(); // refused: the dialog stayed, cancel it
+        });
+        settings->Command8->click();
+    }
+
+    static QStringList logIn(VaultRun& run, const QString& profile, const QString& password)
+    {
+        run.close();
+        run.setIni(QStringLiteral("config.txt"), Keys::user, Keys::defaultProfile, profile);
+        run.boxes.shown.clear();
+        run.start();
+        frmLogin* login = run.login();
+        if (!login)
+            return { QStringLiteral("no prompt") };
+        login->Text2->setText(password);
+        login->Command1->click();
+        QStringList seen;
+        for (const auto& box : run.boxes.shown)
+            seen << box.text;
+        if (frmMain::Loaded())
+            seen << QStringLiteral("opened ") + run.ini(QStringLiteral("config.txt"), Keys::user, Keys::current);
+        return seen;
+    }
+
+private Q_SLOTS:
+    void newProfileIsStoredAsTypedAndCanNeverLogInWithAPassword()
+    {
+        VaultRun run;
+        frmSettings* settings = openSettings(run);
+        addProfile(settings,
+            { QStringLiteral("Bob"), QStringLiteral("pw=1"), QStringLiteral("Pet?"), QStringLiteral("bob@example.org"),
+                QStringLiteral("Rex") });
+        QVERIFY(!frmNewUser::Loaded());
+        QCOMPARE(run.world.read(QStringLiteral("appdata/Brenmark/Tolvane/data/users.txt")),
+            QByteArray("Administrator\r\nBob\r\n"));
+        QVERIFY(QFile::exists(run.data(QStringLiteral("Bob/dummy.dat"))));
+        QCOMPARE(run.ini(QStringLiteral("Bob/settings.txt"), Keys::settings, Keys::password), QStringLiteral("pw=1"));
+        QCOMPARE(run.ini(QStringLiteral("Bob/settings.txt"), Keys::settings, Keys::answer), QStringLiteral("Rex"));
+        QCOMPARE(run.ini(QStringLiteral("Bob/settings.txt"), Keys::settings, Keys::email),
+            QStringLiteral("bob@example.org"));
+        QCOMPARE(run.ini(QStringLiteral("config.txt"), Keys::user, Keys::current), QStringLiteral("Administrator"));
+        QCOMPARE(
+            run.ini(QStringLiteral("config.txt"), Keys::user, Keys::defaultProfile), QStringLiteral("Administrator"));
+        QVERIFY(run.boxes.shown.isEmpty());
+
+        // The clear-text password never matches a digest: the real login refuses it.
+        QCOMPARE(logIn(run, QStringLiteral("Bob"), QStringLiteral("pw=1")), QStringList { Lang(185) });
+        run.close();
+
+        // The same name again is refused and the dialog stays. Another case is another name
+        // in the list, but the same folder (names are looked up without regard to case): the
+        // new, empty values overwrite Bob's, whose profile then opens without a prompt.
+        settings = openSettings(run);
+        run.boxes.shown.clear();
+        addProfile(settings, { QStringLiteral("Bob") });
+        QCOMPARE(run.boxes.shown.size(), 1);
+        QCOMPARE(run.boxes.shown.first().text, Lang(249));
+        QCOMPARE(run.boxes.shown.first().flags, 16);
+        addProfile(settings, { QStringLiteral("bob"), QString(), QString(), QString(), QString() });
+        QCOMPARE(VaultRun::rows(settings->lstData).size(), 3);
+        QVERIFY(!QFileInfo::exists(run.data(QStringLiteral("bob"))));
+        QCOMPARE(run.ini(QStringLiteral("Bob/settings.txt"), Keys::settings, Keys::password), QString());
+        QCOMPARE(logIn(run, QStringLiteral("Bob"), QString()), QStringList { QStringLiteral("no prompt") });
+        QCOMPARE(run.ini(QStringLiteral("config.txt"), Keys::user, Keys::current), QStringLiteral("Bob"));
+    }
+
+    void missingMarkerTemplateStopsTheRunHalfWay()
+    {
+        VaultRun run;
+        frmSettings* settings = openSettings(run);
+        QFile::remove(run.world.path(QStringLiteral("program/dummy.dat")));
+        bool ended = false;
+        VaultRun::onNextModal([&ended](QWidget*) {
+            frmNewUser::Loaded()->Text1->setText(QStringLiteral("Carl"));
+            try {
+                frmNewUser::Loaded()->Command2->click();
+            } catch (const ProcessEnded& e) {
+                ended = e.code == 53;
+                frmNewUser::Unload();
+            }
+        });
+        settings->Command8->click();
+        QVERIFY(ended);
+        QCOMPARE(run.boxes.shown.last().text, QStringLiteral("Run-time error '53':\n\nFile not found"));
+        QCOMPARE(run.boxes.shown.last().flags, 16);
+        QVERIFY(QFile::exists(run.data(QStringLiteral("Carl/settings.txt"))));
+        QVERIFY(!QFile::exists(run.data(QStringLiteral("Carl/dummy.dat"))));
+        QCOMPARE(
+            run.world.read(QStringLiteral("appdata/Brenmark/Tolvane/data/users.txt")), QByteArray("Administrator\r\n"));
+    }
+
+    void changedPasswordLetsTheLoginInAndTheReminderShowsItsDigest()
+    {
+        VaultRun run;
+        run.start();
+        run.close();
+        run.world.write(QStringLiteral("appdata/Brenmark/Tolvane/data/Dora/dummy.dat"), "x");
+        run.world.write(QStringLiteral("appdata/Brenmark/Tolvane/data/users.txt"), "Administrator\r\nDora\r\n");
+        run.setIni(QStringLiteral("Dora/settings.txt"), Keys::settings, Keys::password, MD5Hex(QStringLiteral("old")));
+        run.setIni(QStringLiteral("Dora/settings.txt"), Keys::settings, Keys::question, QStringLiteral("Cat?"));
+        run.setIni(QStringLiteral("Dora/settings.txt"), Keys::settings, Keys::email, QStringLiteral("d@example.org"));
+        QCOMPARE(
+            logIn(run, QStringLiteral("Dora"), QStringLiteral("old")), QStringList { QStringLiteral("opened Dora") });
+
+        frmSettings* settings = openSettings(run);
+        selectRow(settings, QStringLiteral("Dora"));
+        settings->Command11->click();
+        frmPassChange* change = frmPassChange::Loaded();
+        QVERIFY(change && change->isVisible() && !change->isModal());
+        QCOMPARE(change->parentWidget(), settings);
+        QCOMPARE(change->Label1->text(), QStringLiteral("Dora"));
+        QVERIFY(change->Timer1->isActive());
+        QCOMPARE(change->Timer1->interval(), 50);
+        change->Timer1_Timer();
+        QVERIFY(!change->Timer1->isActive());
+        QCOMPARE(change->Text3->text(), QStringLiteral("Cat?"));
+        QCOMPARE(change->Text4->text(), QStringLiteral("d@example.org"));
+        QCOMPARE(change->Text5->text(), QString()); // the answer is never shown
+
+        change->Text1->setText(QStringLiteral("wrong"));
+        change->Command2->click();
+        QCOMPARE(run.boxes.shown.last().text, Lang(257));
+        QCOMPARE(run.boxes.shown.last().flags, 64);
+        QCOMPARE(frmPassChange::Loaded(), change);
+        change->Text1->setText(QStringLiteral("old"));
+        change->Text2->setText(QStringLiteral("new"));
+        change->Command2->click();
+        QCOMPARE(run.boxes.shown.last().text, Lang(258));
+        QVERIFY(!frmPassChange::Loaded());
+        QCOMPARE(run.ini(QStringLiteral("Dora/settings.txt"), Keys::settings, Keys::password),
+            MD5Hex(QStringLiteral("new")));
+        QCOMPARE(run.ini(QStringLiteral("Dora/settings.txt"), Keys::settings, Keys::answer), MD5Hex(QString()));
+
+        // The reminder: any wrong answer, as often as wanted; the right one (empty, after the
+        // change) shows the stored value, which is the digest, not the password.
+        settings->Command12->click();
+        frmPassRemind* remind = frmPassRemind::Loaded();
+        QVERIFY(remind && remind->isVisible());
+        QCOMPARE(remind->Label4->text(), QStringLiteral("Dora"));
+        QCOMPARE(remind->Label1->text(), QStringLiteral("Cat?"));
+        remind->Text1->setText(QStringLiteral("Tom"));
+        remind->Command1->click();
+        remind->Command1->click();
+        QCOMPARE(run.boxes.shown.last().text, Lang(265));
+        QCOMPARE(run.boxes.shown.last().flags, 0);
+        remind->Text1->clear();
+        remind->Command1->click();
+        QCOMPARE(run.boxes.shown.last().text, Lang(264) + QLatin1Char(' ') + MD5Hex(QStringLiteral("new")));
+        QCOMPARE(run.boxes.shown.last().text.right(33).at(0), QLatin1Char(' '));
+        QCOMPARE(run.boxes.shown.last().flags, 0);
+        QVERIFY(!frmPassRemind::Loaded());
+        frmSettings::Unload();
+
+        QCOMPARE(logIn(run, QStringLiteral("Dora"), QStringLiteral("old")), QStringList { Lang(185) });
+        QCOMPARE(
+            logIn(run, QStringLiteral("Dora"), QStringLiteral("new")), QStringList { QStringLiteral("opened Dora") });
+    }
+
+    void emptyStoredPasswordCanNeverBeChanged()
+    {
+        VaultRun run;
+        frmSettings* settings = openSettings(run); // Administrator, no password since the reset
+        settings->Command11->click();
+        frmPassChange* change = frmPassChange::Loaded();
+        change->Timer1_Timer();
+        for (const QString& old : { QString(), QStringLiteral(" ") }) {
+            change->Text1->setText(old);
+            change->Command2->click();
+            QCOMPARE(run.boxes.shown.last().text, Lang(257));
+        }
+        QVERIFY(!QFile::exists(run.data(QStringLiteral("Administrator/settings.txt"))));
+        frmSettings::Unload();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(!frmPassChange::Loaded()); // it goes with its owner
+    }
+};
+
+QTEST_MAIN(tst_profile_dialogs)
+#include "tst_profile_dialogs.moc"
