@@ -1,6 +1,7 @@
 #include "TestSupport.h"
 #include "platform/Files.h"
 #include "platform/Paths.h"
+#include "platform/Runtime.h"
 
 #include <QFileInfo>
 
@@ -40,6 +41,54 @@ private Q_SLOTS:
         QVERIFY(QFile::exists(world.path(QStringLiteral("home/keep.txt"))));
         QCOMPARE(platform::DeleteFolder(QStringLiteral("C:\\data\\profile"), true), 0);
         QVERIFY(!QFileInfo::exists(world.path(QStringLiteral("home/data/profile"))));
+    }
+
+    void protectedFoldersLinksAndTakenOutDrives()
+    {
+        TestWorld world;
+        world.write(QStringLiteral("home/tree/data/users.txt"), "x");
+        world.write(QStringLiteral("home/outside/keep.txt"), "x");
+        platform::ProtectFolder(QStringLiteral("C:\\tree\\data\\"));
+        for (const char* path : { "C:\\tree\\data", "C:\\tree\\data\\", "C:\\tree\\data\\.", "C:\\tree", "C:\\TREE" })
+            QCOMPARE(platform::DeleteFolder(QLatin1String(path), true), int(platform::ErrPermissionDenied));
+        QVERIFY(QFile::exists(world.path(QStringLiteral("home/tree/data/users.txt"))));
+
+        // A profile folder that is a link goes as a link; what it points to stays.
+        QVERIFY(
+            QFile::link(world.path(QStringLiteral("home/outside")), world.path(QStringLiteral("home/tree/data/p"))));
+        QCOMPARE(platform::DeleteFolder(QStringLiteral("C:\\tree\\data\\p"), true), 0);
+        QVERIFY(!QFileInfo::exists(world.path(QStringLiteral("home/tree/data/p"))));
+        QVERIFY(QFile::exists(world.path(QStringLiteral("home/outside/keep.txt"))));
+
+        // A drive letter with no medium behind it is not ready, for every operation.
+        QString found = QStringLiteral("x");
+        QCOMPARE(platform::Dir(QStringLiteral("E:\\TolvaneKey\\usb.inf"), found), int(platform::ErrDiskNotReady));
+        QVERIFY(found.isEmpty());
+        QCOMPARE(platform::FileCopy(QStringLiteral("C:\\outside\\keep.txt"), QStringLiteral("E:\\keep.txt")),
+            int(platform::ErrDiskNotReady));
+        QCOMPARE(platform::Kill(QStringLiteral("E:\\autorun.inf")), int(platform::ErrDiskNotReady));
+        QCOMPARE(platform::MkDir(QStringLiteral("E:\\TolvaneKey")), int(platform::ErrDiskNotReady));
+        QCOMPARE(platform::Dir(QStringLiteral("C:\\outside\\KEEP.TXT"), found), 0);
+        QCOMPARE(found, QStringLiteral("keep.txt"));
+    }
+
+    void textsTakenAsWholeNumbers()
+    {
+        // The runtime's conversion for a property: blanks, exponent, &H, half to even; else refused.
+        const QList<QPair<QString, int>> good = { { QStringLiteral(" 1 "), 1 }, { QStringLiteral("1.5"), 2 },
+            { QStringLiteral("2.5"), 2 }, { QStringLiteral("1e0"), 1 }, { QStringLiteral("&H1"), 1 },
+            { QStringLiteral("&HFFFF"), -1 }, { QStringLiteral("-0"), 0 } };
+        for (const auto& [text, number] : good) {
+            int value = 99;
+            QVERIFY2(platform::CIntText(text, value), qPrintable(text));
+            QCOMPARE(value, number);
+        }
+        for (const QString& text :
+            { QString(), QStringLiteral("True"), QStringLiteral("1x"), QStringLiteral("40000") }) {
+            int value = 99;
+            QVERIFY2(!platform::CIntText(text, value), qPrintable(text));
+            QCOMPARE(value, 99);
+        }
     }
 
     void lineInputEnds()

@@ -31,8 +31,11 @@ QStringList mediaMounts()
 {
     QStringList found;
     if (qEnvironmentVariableIsSet("TOLVANE_MEDIA")) {
-        for (const QString& p : envPath("TOLVANE_MEDIA").split(QLatin1Char(':'), Qt::SkipEmptyParts))
-            found << QDir::cleanPath(p);
+        // A folder that is not there stands for a medium taken out.
+        for (const QString& p : envPath("TOLVANE_MEDIA").split(QLatin1Char(':'), Qt::SkipEmptyParts)) {
+            if (QFileInfo(p).isDir())
+                found << QDir::cleanPath(p);
+        }
         return found;
     }
     QFile mounts(QStringLiteral("/proc/mounts"));
