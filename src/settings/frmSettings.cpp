@@ -219,18 +219,19 @@ void frmSettings::buildProfilePage()
         const char* text;
         int left;
         int top;
+        int width;
         void (frmSettings::*click)();
     };
     const Button buttons[] = {
-        { &Command8, "Command8", "Dodaj...", 2820, 1800, &frmSettings::Command8_Click },
-        { &Command3, "Command3", "Usuń", 4260, 1800, &frmSettings::Command3_Click },
-        { &Command4, "Command4", "Przełącz", 5700, 1800, &frmSettings::Command4_Click },
-        { &Command12, "Command12", "Przypomnij hasło", 2820, 2280, &frmSettings::Command12_Click },
-        { &Command11, "Command11", "Zmień hasło", 4260, 2280, &frmSettings::Command11_Click },
-        { &Command10, "Command10", "Ustaw jako domyślny", 5700, 2280, &frmSettings::Command10_Click },
+        { &Command8, "Command8", "Dodaj...", 2820, 1800, 1380, &frmSettings::Command8_Click },
+        { &Command3, "Command3", "Usuń", 4260, 1800, 1380, &frmSettings::Command3_Click },
+        { &Command4, "Command4", "Przełącz", 5700, 1800, 1380, &frmSettings::Command4_Click },
+        { &Command12, "Command12", "Przypomnij hasło", 2820, 2280, 2100, &frmSettings::Command12_Click },
+        { &Command11, "Command11", "Zmień hasło", 4980, 2280, 2100, &frmSettings::Command11_Click },
+        { &Command10, "Command10", "Ustaw jako domyślny", 2820, 2760, 2100, &frmSettings::Command10_Click },
     };
     for (const Button& b : buttons) {
-        *b.button = Placed(new QPushButton(QString::fromUtf8(b.text), Frame6), b.name, b.left, b.top, 1380, 375);
+        *b.button = Placed(new QPushButton(QString::fromUtf8(b.text), Frame6), b.name, b.left, b.top, b.width, 375);
         connect(*b.button, &QPushButton::clicked, this, b.click);
     }
     Check14 = Placed(new QCheckBox(QString::fromUtf8("Ustal ostatni profil jako domyślny"), Frame6), "Check14", 240,

@@ -53,8 +53,8 @@ frmPassChange::frmPassChange(QWidget* owner)
 {
     setObjectName(QStringLiteral("frmPassChange"));
     setFixedSize(Twips(4920), Twips(3960));
-    Label3 = Placed(new QLabel(this), "Label3", 120, 120, 2400, 285);
-    Label1 = Placed(new QLabel(this), "Label1", 2580, 120, 2220, 285);
+    Label3 = Placed(new QLabel(this), "Label3", 120, 120, 3060, 285);
+    Label1 = Placed(new QLabel(this), "Label1", 3240, 120, 1560, 285);
     QFont heading = Label3->font();
     heading.setBold(true);
     Label3->setFont(heading);
