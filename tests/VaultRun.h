@@ -102,6 +102,21 @@ public:
         return frmMain::Loaded();
     }
 
+    // The tree as the first start leaves it, plus the profiles named, each listed in users.txt
+    // after Administrator and with its marker. No window is left open.
+    void provision(const QStringList& more = {})
+    {
+        start();
+        close();
+        QByteArray users = "Administrator\r\n";
+        for (const QString& name : more) {
+            users += name.toLatin1() + "\r\n";
+            world.write(QStringLiteral("appdata/Brenmark/Tolvane/data/") + name + QStringLiteral("/dummy.dat"), "x");
+        }
+        world.write(QStringLiteral("appdata/Brenmark/Tolvane/data/users.txt"), users);
+        boxes.shown.clear();
+    }
+
     // Ends the run as the File menu does, up to the end of the process.
     void close()
     {

@@ -22,12 +22,56 @@ public:
     }
 
     // A window that goes with its owner leaves the slot empty behind it.
-    void Forget(const Form* gone)
+    void Forget(const void* gone)
     {
-        if (form == gone)
+        if (static_cast<const void*>(form) == gone)
             form = nullptr;
     }
 
 private:
     Form* form = nullptr;
+};
+
+#include <QCloseEvent>
+#include <QDialog>
+
+// A dialog that is the one window of its kind: loaded at its first use, unloaded by Unload, its
+// close box or Escape, and gone with the window that owns it. Form declares this its friend, so
+// that only Instance makes it.
+template <typename Form> class SingleDialog : public QDialog
+{
+public:
+    static Form* Instance(QWidget* owner)
+    {
+        return slot().Touch([owner] { return new Form(owner); });
+    }
+    static Form* Loaded() { return slot().Loaded(); }
+    static void Unload()
+    {
+        if (Form* form = slot().Take()) {
+            form->hide();
+            form->deleteLater();
+        }
+    }
+    // Form is the first and only base path here, so both name the same address.
+    ~SingleDialog() override { slot().Forget(static_cast<const void*>(this)); }
+
+protected:
+    explicit SingleDialog(QWidget* owner)
+        : QDialog(owner)
+    {
+    }
+    void closeEvent(QCloseEvent* event) override
+    {
+        Unload();
+        event->accept();
+    }
+    void reject() override { Unload(); }
+
+private:
+    static FormSlot<Form>& slot()
+    {
+        static FormSlot<Form> form;
+        return form;
+    }
 };

@@ -6,7 +6,6 @@
 #include "platform/Registry.h"
 #include "platform/Runtime.h"
 #include "platform/Twips.h"
-#include "services/FormSlot.h"
 #include "services/ShellMod.h"
 #include "services/modLanguage.h"
 #include "services/modRegistry.h"
@@ -22,7 +21,6 @@
 #include "vault/frmMain.h"
 
 #include <QCheckBox>
-#include <QCloseEvent>
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
@@ -33,12 +31,6 @@
 #include <iterator>
 
 namespace {
-
-FormSlot<frmSettings>& slot()
-{
-    static FormSlot<frmSettings> form;
-    return form;
-}
 
 const QString administrator = QStringLiteral("Administrator");
 
@@ -91,29 +83,11 @@ constexpr InstallStep installSteps[] = {
 
 frmSettings* frmSettings::Instance()
 {
-    return slot().Touch([] { return new frmSettings(frmMain::Loaded()); });
-}
-
-frmSettings* frmSettings::Loaded()
-{
-    return slot().Loaded();
-}
-
-void frmSettings::Unload()
-{
-    if (frmSettings* form = slot().Take()) {
-        form->hide();
-        form->deleteLater();
-    }
-}
-
-frmSettings::~frmSettings()
-{
-    slot().Forget(this);
+    return SingleDialog::Instance(frmMain::Loaded());
 }
 
 frmSettings::frmSettings(QWidget* owner)
-    : QDialog(owner)
+    : SingleDialog(owner)
 {
     setObjectName(QStringLiteral("frmSettings"));
     setWindowTitle(QStringLiteral("Ustawienia...")); // never from the language table
@@ -350,17 +324,6 @@ void frmSettings::Command1_Click()
     // Written where no reader looks: the choice shows neither at the next start nor here.
     modRegistry::RegSetValue(QStringLiteral("Tolvane"), QStringLiteral("Settings"), QStringLiteral("curLang"),
         optLang->currentText(), platform::HKEY_LOCAL_MACHINE, QStringLiteral("SOFTWARE"), platform::REG_SZ);
-}
-
-void frmSettings::closeEvent(QCloseEvent* event)
-{
-    Unload(); // as Cancel, without showing the vault window
-    event->accept();
-}
-
-void frmSettings::reject()
-{
-    Unload();
 }
 
 // --- Profiles -------------------------------------------------------------------------------

@@ -3,7 +3,7 @@
 // (first page), the portable copy on a removable drive (second), the profiles (third). The
 // option boxes hold their values until OK, which applies them by a reload of the vault window;
 // everything on the other pages takes effect at once.
-#include <QDialog>
+#include "services/FormSlot.h"
 
 class DriveListBox;
 class ListBox;
@@ -14,15 +14,14 @@ class QLabel;
 class QPushButton;
 class QTabBar;
 
-class frmSettings : public QDialog
+class frmSettings : public SingleDialog<frmSettings>
 {
     Q_OBJECT
+    friend class SingleDialog<frmSettings>;
+
 public:
-    // The one window, loaded at its first use, owned by the vault window.
+    // Owned by the vault window. Its close box and Escape are Cancel without showing that window.
     static frmSettings* Instance();
-    static frmSettings* Loaded();
-    static void Unload();
-    ~frmSettings() override;
 
     void Form_Load();
     void TabStrip1_Click();
@@ -63,10 +62,6 @@ public:
     QLabel *Label9, *Label11, *Label13, *Label14, *Label12, *Label10, *Label1;
     QPushButton *Command8, *Command3, *Command4, *Command12, *Command11, *Command10;
     QCheckBox* Check14;
-
-protected:
-    void closeEvent(QCloseEvent* event) override;
-    void reject() override;
 
 private:
     explicit frmSettings(QWidget* owner);

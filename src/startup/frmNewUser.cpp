@@ -5,93 +5,37 @@
 #include "platform/Paths.h"
 #include "platform/Runtime.h"
 #include "platform/Twips.h"
-#include "services/FormSlot.h"
 #include "services/modLanguage.h"
 #include "settings/frmSettings.h"
+#include "startup/ProfileFields.h"
 #include "storage/DataRoot.h"
 #include "storage/modDirectories.h"
 #include "storage/modIni2.h"
 #include "vault/ListBox.h"
 
-#include <QCloseEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 
-namespace {
-
-FormSlot<frmNewUser>& slot()
-{
-    static FormSlot<frmNewUser> form;
-    return form;
-}
-
-} // namespace
-
-frmNewUser* frmNewUser::Instance(QWidget* owner)
-{
-    return slot().Touch([owner] { return new frmNewUser(owner); });
-}
-
-frmNewUser* frmNewUser::Loaded()
-{
-    return slot().Loaded();
-}
-
-void frmNewUser::Unload()
-{
-    if (frmNewUser* form = slot().Take()) {
-        form->hide();
-        form->deleteLater();
-    }
-}
-
-frmNewUser::~frmNewUser()
-{
-    slot().Forget(this);
-}
-
 frmNewUser::frmNewUser(QWidget* owner)
-    : QDialog(owner)
+    : SingleDialog(owner)
 {
     setObjectName(QStringLiteral("frmNewUser"));
     setWindowModality(Qt::ApplicationModal);
     setFixedSize(Twips(4920), Twips(3540));
     Label3 = Placed(new QLabel(this), "Label3", 120, 120, 4680, 285);
-    QFont heading = Label3->font();
-    heading.setBold(true);
-    Label3->setFont(heading);
-    struct Row
-    {
-        QLabel** label;
-        const char* labelName;
-        QLineEdit** box;
-        const char* boxName;
-    };
-    // Top to bottom as the window shows them: name, password, question, answer, e-mail.
-    const Row rows[] = {
-        { &Label1, "Label1", &Text1, "Text1" },
-        { &Label2, "Label2", &Text2, "Text2" },
-        { &Label4, "Label4", &Text3, "Text3" },
-        { &Label6, "Label6", &Text5, "Text5" },
-        { &Label5, "Label5", &Text4, "Text4" },
-    };
-    int top = 540;
-    for (const Row& row : rows) {
-        *row.label = Placed(new QLabel(this), row.labelName, 120, top + 45, 1800, 285);
-        *row.box = Placed(new QLineEdit(this), row.boxName, 1980, top, 2820, 330);
-        (*row.label)->setBuddy(*row.box);
-        top += 450;
-    }
+    MakeHeading(Label3);
+    // Top to bottom: name, password, question, answer, e-mail.
+    PlaceFieldRows(this,
+        { { &Label1, "Label1", &Text1, "Text1" }, { &Label2, "Label2", &Text2, "Text2" },
+            { &Label4, "Label4", &Text3, "Text3" }, { &Label6, "Label6", &Text5, "Text5" },
+            { &Label5, "Label5", &Text4, "Text4" } },
+        540);
     Command2 = Placed(new QPushButton(this), "Command2", 2280, 2880, 1200, 375);
     Command2->setDefault(true);
     Command1 = Placed(new QPushButton(this), "Command1", 3600, 2880, 1200, 375);
     connect(Command2, &QPushButton::clicked, this, &frmNewUser::Command2_Click);
     connect(Command1, &QPushButton::clicked, this, &frmNewUser::Command1_Click);
-    setTabOrder(Text1, Text2);
-    setTabOrder(Text2, Text3);
-    setTabOrder(Text3, Text5);
-    setTabOrder(Text5, Text4);
     setTabOrder(Text4, Command2);
     setTabOrder(Command2, Command1);
 }
@@ -139,16 +83,5 @@ void frmNewUser::Command2_Click()
     if (copied != platform::ErrNone)
         platform::UnhandledError(copied);
     SaveListFile(DataFolder() + QStringLiteral("users.txt"), *list);
-    Unload();
-}
-
-void frmNewUser::closeEvent(QCloseEvent* event)
-{
-    Unload();
-    event->accept();
-}
-
-void frmNewUser::reject()
-{
     Unload();
 }

@@ -2,22 +2,18 @@
 // Adds a profile: its folder, settings.txt with the four values as typed (in the clear), the
 // marker copied from the program's folder, and the name list written anew. Opened modally from
 // the profile page of the settings window, whose list it adds to.
-#include <QDialog>
+#include "services/FormSlot.h"
 
 class QLabel;
 class QLineEdit;
 class QPushButton;
 
-class frmNewUser : public QDialog
+class frmNewUser : public SingleDialog<frmNewUser>
 {
     Q_OBJECT
-public:
-    // The one dialog, loaded at its first use.
-    static frmNewUser* Instance(QWidget* owner);
-    static frmNewUser* Loaded();
-    static void Unload();
-    ~frmNewUser() override;
+    friend class SingleDialog<frmNewUser>;
 
+public:
     void Form_Load();
     void Command1_Click();
     void Command2_Click();
@@ -25,10 +21,6 @@ public:
     QLabel *Label1, *Label2, *Label3, *Label4, *Label5, *Label6;
     QLineEdit *Text1, *Text2, *Text3, *Text4, *Text5;
     QPushButton *Command1, *Command2;
-
-protected:
-    void closeEvent(QCloseEvent* event) override;
-    void reject() override;
 
 private:
     explicit frmNewUser(QWidget* owner);

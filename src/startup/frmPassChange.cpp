@@ -2,84 +2,31 @@
 
 #include "platform/MessageBox.h"
 #include "platform/Twips.h"
-#include "services/FormSlot.h"
 #include "services/modLanguage.h"
+#include "startup/ProfileFields.h"
 #include "startup/modMD5.h"
 #include "storage/DataRoot.h"
 #include "storage/modIni2.h"
 
-#include <QCloseEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTimer>
 
-namespace {
-
-FormSlot<frmPassChange>& slot()
-{
-    static FormSlot<frmPassChange> form;
-    return form;
-}
-
-} // namespace
-
-frmPassChange* frmPassChange::Instance(QWidget* owner)
-{
-    return slot().Touch([owner] { return new frmPassChange(owner); });
-}
-
-frmPassChange* frmPassChange::Loaded()
-{
-    return slot().Loaded();
-}
-
-void frmPassChange::Unload()
-{
-    if (frmPassChange* form = slot().Take()) {
-        form->Timer1->stop();
-        form->hide();
-        form->deleteLater();
-    }
-}
-
-frmPassChange::~frmPassChange()
-{
-    slot().Forget(this);
-}
-
 frmPassChange::frmPassChange(QWidget* owner)
-    : QDialog(owner)
+    : SingleDialog(owner)
 {
     setObjectName(QStringLiteral("frmPassChange"));
     setFixedSize(Twips(4920), Twips(3960));
     Label3 = Placed(new QLabel(this), "Label3", 120, 120, 3060, 285);
     Label1 = Placed(new QLabel(this), "Label1", 3240, 120, 1560, 285);
-    QFont heading = Label3->font();
-    heading.setBold(true);
-    Label3->setFont(heading);
-    Label1->setFont(heading);
-    struct Row
-    {
-        QLabel** label;
-        const char* labelName;
-        QLineEdit** box;
-        const char* boxName;
-    };
-    const Row rows[] = {
-        { &Label7, "Label7", &Text1, "Text1" },
-        { &Label2, "Label2", &Text2, "Text2" },
-        { &Label4, "Label4", &Text3, "Text3" },
-        { &Label6, "Label6", &Text5, "Text5" },
-        { &Label5, "Label5", &Text4, "Text4" },
-    };
-    int top = 540;
-    for (const Row& row : rows) {
-        *row.label = Placed(new QLabel(this), row.labelName, 120, top + 45, 1800, 285);
-        *row.box = Placed(new QLineEdit(this), row.boxName, 1980, top, 2820, 330);
-        (*row.label)->setBuddy(*row.box);
-        top += 450;
-    }
+    MakeHeading(Label3);
+    MakeHeading(Label1);
+    PlaceFieldRows(this,
+        { { &Label7, "Label7", &Text1, "Text1" }, { &Label2, "Label2", &Text2, "Text2" },
+            { &Label4, "Label4", &Text3, "Text3" }, { &Label6, "Label6", &Text5, "Text5" },
+            { &Label5, "Label5", &Text4, "Text4" } },
+        540);
     md5aa = Named(new QLineEdit(this), "md5aa");
     md5aa->setVisible(false);
     Command2 = Placed(new QPushButton(this), "Command2", 2280, 3300, 1200, 375);
@@ -93,10 +40,6 @@ frmPassChange::frmPassChange(QWidget* owner)
     Timer1->setObjectName(QStringLiteral("Timer1"));
     Timer1->setInterval(50);
     connect(Timer1, &QTimer::timeout, this, &frmPassChange::Timer1_Timer);
-    setTabOrder(Text1, Text2);
-    setTabOrder(Text2, Text3);
-    setTabOrder(Text3, Text5);
-    setTabOrder(Text5, Text4);
     setTabOrder(Text4, Command2);
     setTabOrder(Command2, Command1);
 }
@@ -145,17 +88,6 @@ void frmPassChange::Command2_Click()
 }
 
 void frmPassChange::Command1_Click()
-{
-    Unload();
-}
-
-void frmPassChange::closeEvent(QCloseEvent* event)
-{
-    Unload();
-    event->accept();
-}
-
-void frmPassChange::reject()
 {
     Unload();
 }

@@ -3,22 +3,19 @@
 // old password is proved. Password and answer are stored as digest texts. Owned by the
 // settings window, not modal. Label1 is set by the opener after the load, so the fields are
 // filled by one tick of Timer1.
-#include <QDialog>
+#include "services/FormSlot.h"
 
 class QLabel;
 class QLineEdit;
 class QPushButton;
 class QTimer;
 
-class frmPassChange : public QDialog
+class frmPassChange : public SingleDialog<frmPassChange>
 {
     Q_OBJECT
-public:
-    static frmPassChange* Instance(QWidget* owner);
-    static frmPassChange* Loaded();
-    static void Unload();
-    ~frmPassChange() override;
+    friend class SingleDialog<frmPassChange>;
 
+public:
     void Form_Load();
     void Timer1_Timer();
     void Command1_Click();
@@ -29,10 +26,6 @@ public:
     QLineEdit *Text1, *Text2, *Text3, *Text4, *Text5, *md5aa;
     QPushButton *Command1, *Command2, *Command3;
     QTimer* Timer1;
-
-protected:
-    void closeEvent(QCloseEvent* event) override;
-    void reject() override;
 
 private:
     explicit frmPassChange(QWidget* owner);

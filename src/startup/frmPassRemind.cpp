@@ -2,60 +2,24 @@
 
 #include "platform/MessageBox.h"
 #include "platform/Twips.h"
-#include "services/FormSlot.h"
 #include "services/modLanguage.h"
 #include "settings/frmSettings.h"
+#include "startup/ProfileFields.h"
 #include "startup/modMD5.h"
 #include "storage/DataRoot.h"
 #include "storage/modIni2.h"
 
-#include <QCloseEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 
-namespace {
-
-FormSlot<frmPassRemind>& slot()
-{
-    static FormSlot<frmPassRemind> form;
-    return form;
-}
-
-} // namespace
-
-frmPassRemind* frmPassRemind::Instance(QWidget* owner)
-{
-    return slot().Touch([owner] { return new frmPassRemind(owner); });
-}
-
-frmPassRemind* frmPassRemind::Loaded()
-{
-    return slot().Loaded();
-}
-
-void frmPassRemind::Unload()
-{
-    if (frmPassRemind* form = slot().Take()) {
-        form->hide();
-        form->deleteLater();
-    }
-}
-
-frmPassRemind::~frmPassRemind()
-{
-    slot().Forget(this);
-}
-
 frmPassRemind::frmPassRemind(QWidget* owner)
-    : QDialog(owner)
+    : SingleDialog(owner)
 {
     setObjectName(QStringLiteral("frmPassRemind"));
     setFixedSize(Twips(4920), Twips(2760));
     Label2 = Placed(new QLabel(this), "Label2", 120, 120, 4680, 285);
-    QFont heading = Label2->font();
-    heading.setBold(true);
-    Label2->setFont(heading);
+    MakeHeading(Label2);
     Label3 = Placed(new QLabel(this), "Label3", 120, 585, 1800, 285);
     Label4 = Placed(new QLabel(this), "Label4", 1980, 585, 2820, 285);
     Label6 = Placed(new QLabel(this), "Label6", 120, 1005, 1800, 285);
@@ -101,17 +65,6 @@ void frmPassRemind::Command1_Click()
 }
 
 void frmPassRemind::Command2_Click()
-{
-    Unload();
-}
-
-void frmPassRemind::closeEvent(QCloseEvent* event)
-{
-    Unload();
-    event->accept();
-}
-
-void frmPassRemind::reject()
 {
     Unload();
 }

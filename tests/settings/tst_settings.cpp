@@ -24,18 +24,9 @@ class tst_settings : public QObject
         const QString& current = QStringLiteral("Administrator"),
         const QString& defaultProfile = QStringLiteral("Administrator"))
     {
-        run.start();
-        run.close();
-        QByteArray users = "Administrator\r\n";
-        for (const QString& name : more) {
-            users += name.toLatin1() + "\r\n";
-            run.world.write(
-                QStringLiteral("appdata/Brenmark/Tolvane/data/") + name + QStringLiteral("/dummy.dat"), "x");
-        }
-        run.world.write(QStringLiteral("appdata/Brenmark/Tolvane/data/users.txt"), users);
+        run.provision(more);
         run.setIni(QStringLiteral("config.txt"), Keys::user, Keys::current, current);
         run.setIni(QStringLiteral("config.txt"), Keys::user, Keys::defaultProfile, defaultProfile);
-        run.boxes.shown.clear();
         frmMain* main = frmMain::Instance();
         main->show();
         return main;

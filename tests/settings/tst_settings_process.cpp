@@ -19,15 +19,7 @@ class tst_settings_process : public QObject
     static frmSettings* openSettings(VaultRun& run, const QStringList& more = {})
     {
         TestWorld::copyTree(QStringLiteral(TOLVANE_BUILT_PROGRAM_DIR), run.world.path(QStringLiteral("program")));
-        run.start();
-        run.close();
-        QByteArray users = "Administrator\r\n";
-        for (const QString& name : more) {
-            users += name.toLatin1() + "\r\n";
-            run.world.write(
-                QStringLiteral("appdata/Brenmark/Tolvane/data/") + name + QStringLiteral("/dummy.dat"), "x");
-        }
-        run.world.write(QStringLiteral("appdata/Brenmark/Tolvane/data/users.txt"), users);
+        run.provision(more);
         run.start();
         frmMain::Loaded()->mnuSettings->trigger();
         return frmSettings::Loaded();

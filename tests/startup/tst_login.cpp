@@ -11,22 +11,6 @@ class tst_login : public QObject
 {
     Q_OBJECT
 
-    // A provisioned tree, as the first start leaves it, plus the profiles named, each listed
-    // in users.txt and with its marker.
-    static void provision(VaultRun& run, const QStringList& more = {})
-    {
-        QVERIFY(run.start());
-        run.close();
-        QByteArray users = "Administrator\r\n";
-        for (const QString& name : more) {
-            users += name.toLatin1() + "\r\n";
-            run.world.write(
-                QStringLiteral("appdata/Brenmark/Tolvane/data/") + name + QStringLiteral("/dummy.dat"), "x");
-        }
-        run.world.write(QStringLiteral("appdata/Brenmark/Tolvane/data/users.txt"), users);
-        run.boxes.shown.clear();
-    }
-
     static void setPassword(VaultRun& run, const QString& profile, const QString& password)
     {
         run.setIni(profile + QStringLiteral("/settings.txt"), Keys::settings, Keys::password, MD5Hex(password));
@@ -66,7 +50,7 @@ private Q_SLOTS:
     void passwordGateRefusesAsOftenAsTheUserLikes()
     {
         VaultRun run;
-        provision(run);
+        run.provision();
         setPassword(run, QStringLiteral("Administrator"), QStringLiteral("Zażółć 1"));
         QVERIFY(!run.start());
         frmLogin* login = run.login();
@@ -109,7 +93,7 @@ private Q_SLOTS:
     void oneTimeResetDeletesTheAdministratorPasswordOnce()
     {
         VaultRun run;
-        provision(run);
+        run.provision();
         SaveProgramSetting(QStringLiteral("SP1"), QString());
         setPassword(run, QStringLiteral("Administrator"), QStringLiteral("old"));
         QVERIFY(run.start()); // the reset ran: no password, no prompt
@@ -125,7 +109,7 @@ private Q_SLOTS:
     void preselectionRoutes()
     {
         VaultRun run;
-        provision(run, { QStringLiteral("Bob"), QStringLiteral("Eve") });
+        run.provision({ QStringLiteral("Bob"), QStringLiteral("Eve") });
         const QString config = QStringLiteral("config.txt");
         for (const QString& p : { QStringLiteral("Administrator"), QStringLiteral("Bob"), QStringLiteral("Eve") })
             setPassword(run, p, p);

@@ -140,10 +140,7 @@ private Q_SLOTS:
     void changedPasswordLetsTheLoginInAndTheReminderShowsItsDigest()
     {
         VaultRun run;
-        run.start();
-        run.close();
-        run.world.write(QStringLiteral("appdata/Brenmark/Tolvane/data/Dora/dummy.dat"), "x");
-        run.world.write(QStringLiteral("appdata/Brenmark/Tolvane/data/users.txt"), "Administrator\r\nDora\r\n");
+        run.provision({ QStringLiteral("Dora") });
         run.setIni(QStringLiteral("Dora/settings.txt"), Keys::settings, Keys::password, MD5Hex(QStringLiteral("old")));
         run.setIni(QStringLiteral("Dora/settings.txt"), Keys::settings, Keys::question, QStringLiteral("Cat?"));
         run.setIni(QStringLiteral("Dora/settings.txt"), Keys::settings, Keys::email, QStringLiteral("d@example.org"));

@@ -1,0 +1,25 @@
+#include "startup/ProfileFields.h"
+
+#include "platform/Twips.h"
+
+int PlaceFieldRows(QWidget* window, std::initializer_list<FieldRow> rows, int top)
+{
+    QWidget* previous = nullptr;
+    for (const FieldRow& row : rows) {
+        *row.caption = Placed(new QLabel(window), row.captionName, 120, top + 45, 1800, 285);
+        *row.box = Placed(new QLineEdit(window), row.boxName, 1980, top, 2820, 330);
+        (*row.caption)->setBuddy(*row.box);
+        if (previous)
+            QWidget::setTabOrder(previous, *row.box);
+        previous = *row.box;
+        top += 450;
+    }
+    return top;
+}
+
+void MakeHeading(QLabel* label)
+{
+    QFont heading = label->font();
+    heading.setBold(true);
+    label->setFont(heading);
+}
