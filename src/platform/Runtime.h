@@ -26,6 +26,10 @@ void SetEndProcessHook(std::function<void(int)> hook);
 // Lets pending window events run (the runtime's DoEvents).
 void DoEvents();
 
+// As DoEvents, but waits until there is at least one event: the turn of a loop that polls
+// something the events will change (a request on the network), without spinning.
+void DoEventsWaiting();
+
 // The yield of a long loop, called at every step: pending events run at once when the last
 // yield is a millisecond or more ago, so a click is served within a millisecond while a walk
 // over 32,767 bytes doesn't spend a hundred milliseconds asking an empty queue.
@@ -39,6 +43,14 @@ QString DateText();
 // decimal number (with exponent, rounded half to even) or &H / &O. False for a text that is
 // no number (above all the empty one) or lies outside 16 bits.
 bool CIntText(const QString& text, int& value);
+
+// The program's version as the runtime's App object gives it (the build's project version).
+int AppMajor();
+int AppMinor();
+int AppRevision();
+
+// The computer's name (GetComputerNameA); empty when it can't be had.
+QString GetComputerNameA();
 
 void InitCommonControls();
 void InitCommonControlsEx(int size, int flags);

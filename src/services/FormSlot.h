@@ -49,6 +49,8 @@ public:
     static void Unload()
     {
         if (Form* form = slot().Take()) {
+            if constexpr (requires { form->Form_Unload(); })
+                form->Form_Unload();
             form->hide();
             form->deleteLater();
         }

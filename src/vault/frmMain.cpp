@@ -7,8 +7,11 @@
 #include "platform/Runtime.h"
 #include "platform/Twips.h"
 #include "services/FormSlot.h"
+#include "services/FrmAbout.h"
 #include "services/ShellMod.h"
+#include "services/frmAutoUpd.h"
 #include "services/frmContainer.h"
+#include "services/frmUpdate.h"
 #include "services/modLanguage.h"
 #include "services/modLinki.h"
 #include "settings/frmSettings.h"
@@ -17,7 +20,10 @@
 #include "storage/VaultFile.h"
 #include "storage/modDirectories.h"
 #include "storage/modIni2.h"
+#include "tools/frmExport.h"
+#include "tools/frmImport.h"
 #include "tools/frmPwdGen.h"
+#include "tools/frmRaport.h"
 #include "vault/EntryBoxes.h"
 #include "vault/ImageControl.h"
 #include "vault/ListBox.h"
@@ -201,6 +207,14 @@ void frmMain::buildMenus()
     connect(mnuOpenDoc, &QAction::triggered, this, &frmMain::mnuOpenDoc_Click);
     connect(mnuPassGen, &QAction::triggered, this, &frmMain::mnuPassGen_Click);
     connect(mnuSettings, &QAction::triggered, this, &frmMain::mnuSettings_Click);
+    connect(mnuReportList, &QAction::triggered, this, &frmMain::mnuReportList_Click);
+    connect(mnuPrint, &QAction::triggered, this, &frmMain::mnuReportList_Click);
+    connect(mnuExport, &QAction::triggered, this, &frmMain::mnuExport_Click);
+    connect(mnuImport, &QAction::triggered, this, &frmMain::mnuImport_Click);
+    connect(aktul, &QAction::triggered, this, &frmMain::aktul_Click);
+    connect(mnuUpdate, &QAction::triggered, this, &frmMain::aktul_Click);
+    connect(mnuAbout, &QAction::triggered, this, &frmMain::mnuAbout_Click);
+    connect(mnuAbout2, &QAction::triggered, this, &frmMain::mnuAbout_Click);
     connect(mnuWWW, &QAction::triggered, this, &frmMain::mnuWWW_Click);
     connect(strwww, &QAction::triggered, this, &frmMain::strwww_Click);
     connect(mnuForum, &QAction::triggered, this, &frmMain::mnuForum_Click);
@@ -268,6 +282,8 @@ void frmMain::buildControls()
     connect(Command16, &QPushButton::clicked, this, &frmMain::Command16_Click);
     connect(Command17, &QPushButton::clicked, this, &frmMain::Command17_Click);
     connect(Command18, &QPushButton::clicked, this, &frmMain::Command18_Click);
+    connect(Command11, &QPushButton::clicked, this, &frmMain::mnuReportList_Click);
+    connect(Command12, &QPushButton::clicked, this, &frmMain::mnuReportList_Click);
 
     Label2 = label("Label2");
     PlaceTwips(Label2, 120, 405, 2415, 330);
@@ -552,7 +568,8 @@ void frmMain::Timer1_Timer()
 
 void frmMain::Timer3_Timer()
 {
-    // Its one tick starts the silent update check, which comes with the update window.
+    // Its one tick starts the silent update check.
+    StartSilentUpdateCheck();
     Timer3->stop();
 }
 
@@ -841,6 +858,31 @@ void frmMain::mnuSettings_Click()
 void frmMain::Command18_Click()
 {
     mnuSettings_Click();
+}
+
+void frmMain::mnuReportList_Click()
+{
+    ShowReport(this);
+}
+
+void frmMain::mnuExport_Click()
+{
+    frmExport::Instance(this)->exec();
+}
+
+void frmMain::mnuImport_Click()
+{
+    frmImport::Instance(this)->exec();
+}
+
+void frmMain::aktul_Click()
+{
+    ShowUpdateCheck(this);
+}
+
+void frmMain::mnuAbout_Click()
+{
+    ShowAbout(this);
 }
 
 void frmMain::mnuWWW_Click()

@@ -80,6 +80,12 @@ public:
     void mnuOpenDoc_Click();
     void mnuPassGen_Click();
     void mnuSettings_Click();
+    // Report (also mnuPrint and toolbar Command11/Command12), export, import, update, about.
+    void mnuReportList_Click();
+    void mnuExport_Click();
+    void mnuImport_Click();
+    void aktul_Click();
+    void mnuAbout_Click();
     void Command18_Click();
     void mnuWWW_Click();
     void strwww_Click();

@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QFileDialog>
+#include <QFileInfo>
 
 namespace platform {
 namespace {
@@ -11,6 +12,18 @@ namespace {
 OpenFileBackend& openFileBackend()
 {
     static OpenFileBackend b;
+    return b;
+}
+
+SaveFileBackend& saveFileBackend()
+{
+    static SaveFileBackend b;
+    return b;
+}
+
+BrowseFolderBackend& browseFolderBackend()
+{
+    static BrowseFolderBackend b;
     return b;
 }
 
@@ -51,6 +64,49 @@ QString ShowOpenFile(QWidget* owner, const QString& title, const QString& filter
 void SetOpenFileBackend(OpenFileBackend backend)
 {
     openFileBackend() = std::move(backend);
+}
+
+QString GetSaveFileNameA(QWidget* owner, const SaveFileCall& call)
+{
+    QString chosen;
+    if (saveFileBackend()) {
+        chosen = saveFileBackend()(call);
+    } else {
+        QFileDialog dialog(owner, call.title, ToNative(call.initialFolder), QtFilter(call.filter));
+        dialog.setAcceptMode(QFileDialog::AcceptSave);
+        dialog.selectFile(call.fileName);
+        // The extension is added below, as the classic dialog adds it, not by the toolkit.
+        if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+            return QString();
+        chosen = ToWindows(dialog.selectedFiles().constFirst());
+    }
+    if (chosen.isEmpty())
+        return QString();
+    const QString name = chosen.mid(chosen.lastIndexOf(QLatin1Char('\\')) + 1);
+    if (!name.contains(QLatin1Char('.')) && !call.defaultExtension.isEmpty())
+        chosen += QLatin1Char('.') + call.defaultExtension;
+    return chosen;
+}
+
+void SetSaveFileBackend(SaveFileBackend backend)
+{
+    saveFileBackend() = std::move(backend);
+}
+
+QString SHBrowseForFolderA(QWidget* owner, const BrowseFolderCall& call)
+{
+    if (browseFolderBackend())
+        return browseFolderBackend()(call);
+    QString start = ToNative(call.startPath);
+    if (!QFileInfo(start).isDir())
+        start = QFileInfo(start).absolutePath();
+    const QString chosen = QFileDialog::getExistingDirectory(owner, call.title, start);
+    return chosen.isEmpty() ? QString() : ToWindows(chosen);
+}
+
+void SetBrowseFolderBackend(BrowseFolderBackend backend)
+{
+    browseFolderBackend() = std::move(backend);
 }
 
 void Beep()

@@ -10,6 +10,7 @@
 #include <QHash>
 #include <QLocale>
 #include <QProcess>
+#include <QSysInfo>
 #include <QTime>
 
 #include <cmath>
@@ -98,6 +99,12 @@ void DoEvents()
         QCoreApplication::processEvents();
 }
 
+void DoEventsWaiting()
+{
+    if (QCoreApplication::instance())
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+}
+
 void YieldStep()
 {
     static QElapsedTimer sinceLast;
@@ -137,6 +144,26 @@ bool CIntText(const QString& text, int& value)
         return false;
     value = static_cast<int>(rounded);
     return true;
+}
+
+int AppMajor()
+{
+    return TOLVANE_VERSION_MAJOR;
+}
+
+int AppMinor()
+{
+    return TOLVANE_VERSION_MINOR;
+}
+
+int AppRevision()
+{
+    return TOLVANE_VERSION_PATCH;
+}
+
+QString GetComputerNameA()
+{
+    return QSysInfo::machineHostName();
 }
 
 QString DateText()

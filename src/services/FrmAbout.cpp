@@ -1,0 +1,108 @@
+#include "services/FrmAbout.h"
+
+#include "platform/Cursor.h"
+#include "platform/Runtime.h"
+#include "platform/Twips.h"
+#include "services/UpdateCheck.h"
+#include "services/modLanguage.h"
+#include "services/modLinki.h"
+#include "vault/ImageControl.h"
+
+#include <QPushButton>
+#include <QUrl>
+
+FrmAbout::FrmAbout(QWidget* owner)
+    : SingleDialog(owner)
+{
+    setObjectName(QStringLiteral("FrmAbout"));
+    setWindowModality(Qt::ApplicationModal);
+    setWindowTitle(QStringLiteral("Tolvane - O programie..."));
+    setFixedSize(Twips(5880), Twips(4560));
+    auto label = [this](const char* name, const char* text, int left, int top, int width) {
+        return Placed(new QLabel(QString::fromUtf8(text), this), name, left, top, width, 285);
+    };
+    auto link = [this](const char* name, int left, int top, int width) {
+        auto* l = Placed(new ImageControl(this), name, left, top, width, 285);
+        QPalette blue = l->palette();
+        blue.setColor(QPalette::WindowText, QColor(0, 0, 255));
+        l->setPalette(blue);
+        connect(l, &ImageControl::MouseMove, this, [this, l] { LinkLabel_MouseMove(l); });
+        return l;
+    };
+    Label88 = label("Label88", "Tolvane", 120, 120, 5640);
+    QFont bold = Label88->font();
+    bold.setBold(true);
+    bold.setPointSizeF(bold.pointSizeF() * 1.5);
+    Label88->setFont(bold);
+    Label86 = label("Label86", "Wersja:", 120, 600, 2100);
+    Label1 = Placed(new ImageControl(this), "Label1", 2280, 600, 3480, 285);
+    Label84 = label("Label84", "", 120, 960, 5640);
+    Label84->setWordWrap(true);
+    Label81 = label("Label81", "Strona producenta:", 120, 1440, 2100);
+    Label14 = link("Label14", 2280, 1440, 3480);
+    Label79 = label("Label79", "Autor programu:", 120, 1800, 2100);
+    Label78 = label("Label78", "Brenmark", 2280, 1800, 3480);
+    Label5 = label("Label5", "Nazwa komputera:", 120, 2160, 2100);
+    Label4 = label("Label4", "", 2280, 2160, 3480);
+    Label6 = label("Label6", "Pomoc techniczna", 120, 2640, 5640);
+    Label6->setFont(bold);
+    Label7 = label("Label7", "Strona WWW pomocy technicznej:", 120, 3000, 3600);
+    Label15 = link("Label15", 3780, 3000, 1980);
+    Label8 = label("Label8", "Forum dyskusyjne Brenmark:", 120, 3300, 3600);
+    Label16 = link("Label16", 3780, 3300, 1980);
+    Label9 = label("Label9", "Kontakt z Brenmark:", 120, 3600, 3600);
+    Label17 = link("Label17", 3780, 3600, 1980);
+    Command3 = Placed(new QPushButton(QStringLiteral("OK"), this), "Command3", 4440, 4020, 1320, 375);
+    Command3->setDefault(true);
+    connect(Command3, &QPushButton::clicked, this, &FrmAbout::Command3_Click);
+    connect(Label1, &ImageControl::Click, this, &FrmAbout::Label1_Click);
+    connect(Label14, &ImageControl::Click, this, [] { LinkHomePage(); });
+    connect(Label15, &ImageControl::Click, this, [] { LinkSupportPage(); });
+    connect(Label16, &ImageControl::Click, this, [] { LinkForum(); });
+    connect(Label17, &ImageControl::Click, this, [] { LinkContactPage(); });
+}
+
+void FrmAbout::Form_Load()
+{
+    setWindowTitle(Lang(118));
+    Label86->setText(Lang(119));
+    Label84->setText(Lang(100));
+    Label81->setText(Lang(120));
+    Label79->setText(Lang(121));
+    Label5->setText(Lang(122));
+    Label6->setText(Lang(125));
+    Label7->setText(Lang(126));
+    Label8->setText(Lang(127));
+    Label9->setText(Lang(128));
+    for (ImageControl* l : { Label15, Label16, Label17 })
+        l->setText(Lang(135));
+    Label14->setText(QUrl(ServerAddress()).host());
+    Label1->setText(LocalVersionText());
+    const QString name = platform::GetComputerNameA().left(256);
+    Label4->setText(name.left(name.indexOf(QChar(0))));
+}
+
+void FrmAbout::LinkLabel_MouseMove(ImageControl* link)
+{
+    platform::SetCursor(link, platform::IDC_HAND);
+    for (ImageControl* l : { Label14, Label15, Label16, Label17 }) {
+        QFont f = l->font();
+        f.setUnderline(l == link);
+        l->setFont(f);
+    }
+}
+
+void FrmAbout::Command3_Click()
+{
+    Unload();
+}
+
+void FrmAbout::Label1_Click()
+{
+    Unload();
+}
+
+void ShowAbout(QWidget* owner)
+{
+    FrmAbout::Instance(owner)->exec();
+}

@@ -1,0 +1,24 @@
+#pragma once
+// What the silent and the shown update check share: the local version text, the manifest's
+// address, the fetch and the comparison.
+#include <QString>
+
+namespace platform {
+class Inet;
+}
+
+// Major, ".", minor and revision: 2, 1, 0 gives "2.10". The one dot is how it has always been.
+QString LocalVersionText();
+
+// The manifest on the maker's server.
+QString ManifestUrl();
+
+// GET `url` and wait, letting events run, for as long as the client executes. The body (code
+// page text, whole) only for the status "200"; false for anything else or no answer at all.
+bool FetchText(platform::Inet& inet, const QString& url, QString& body);
+
+// Newer by plain comparison of text: "2.9" is newer than "2.10", and "2.10\r\n" too.
+bool UpdateAvailable(bool fetched, const QString& body);
+
+// The news told: slot 144 with Yes and No; Yes opens the update page.
+void OfferUpdate();

@@ -1,0 +1,34 @@
+#pragma once
+// The silent update check after a typed login: out of sight, speaking only when the maker's
+// server has a newer version, gone after one check.
+#include "services/FormSlot.h"
+
+#include <memory>
+
+class QTimer;
+
+namespace platform {
+class Inet;
+}
+
+class frmAutoUpd : public SingleDialog<frmAutoUpd>
+{
+    Q_OBJECT
+    friend class SingleDialog<frmAutoUpd>;
+
+public:
+    ~frmAutoUpd() override;
+    void Form_Load();
+    void Form_Unload();
+    void Timer1_Timer();
+
+    QTimer* Timer1;
+    std::unique_ptr<platform::Inet> Inet;
+
+private:
+    explicit frmAutoUpd(QWidget* owner);
+    bool checking = false;
+};
+
+// Loads the silent check (never shown).
+void StartSilentUpdateCheck();

@@ -1,0 +1,42 @@
+#pragma once
+// The update check on the user's request: a bar that runs through whatever the network does,
+// and a closing message in every case.
+#include "services/FormSlot.h"
+
+#include <memory>
+
+class QLabel;
+class QProgressBar;
+class QPushButton;
+class QTimer;
+
+namespace platform {
+class Inet;
+}
+
+class frmUpdate : public SingleDialog<frmUpdate>
+{
+    Q_OBJECT
+    friend class SingleDialog<frmUpdate>;
+
+public:
+    ~frmUpdate() override;
+    void Form_Load();
+    void Form_Unload();
+    void Timer1_Timer();
+    void Timer2_Timer();
+    void cmdCanc_Click();
+
+    QLabel* lblInfo;
+    QProgressBar* PB1;
+    QPushButton* cmdCanc;
+    QTimer *Timer1, *Timer2;
+    std::unique_ptr<platform::Inet> Inet;
+
+private:
+    explicit frmUpdate(QWidget* owner);
+    bool checking = false;
+};
+
+// Shows the check modally over `owner`.
+void ShowUpdateCheck(QWidget* owner);

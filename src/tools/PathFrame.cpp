@@ -1,0 +1,22 @@
+#include "tools/PathFrame.h"
+
+#include "platform/Twips.h"
+
+PathFrame MakePathFrame(QWidget* window, const char* pathName, const char* actionName, const char* cancelName)
+{
+    window->setFixedSize(Twips(5880), Twips(2520));
+    PathFrame f {};
+    f.frame = Placed(new QGroupBox(window), "Frame1", 120, 60, 5640, 1740);
+    f.lead = Placed(new QLabel(f.frame), "Label2", 240, 360, 2700, 285);
+    f.profile = Placed(new QLabel(f.frame), "Label1", 3000, 360, 2520, 285);
+    QFont bold = f.profile->font();
+    bold.setBold(true);
+    f.profile->setFont(bold);
+    f.path = Placed(new QLineEdit(f.frame), pathName, 240, 900, 4740, 330);
+    f.path->setReadOnly(true);
+    f.browse = Placed(new QPushButton(QStringLiteral("..."), f.frame), "Command3", 5040, 885, 480, 360);
+    f.action = Placed(new QPushButton(window), actionName, 3060, 1980, 1335, 375);
+    f.action->setDefault(true);
+    f.cancel = Placed(new QPushButton(window), cancelName, 4440, 1980, 1335, 375);
+    return f;
+}

@@ -1,0 +1,20 @@
+#pragma once
+// The look export and import share: a frame with the profile's name, a read-only path and a
+// browse button, and two buttons below it.
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+struct PathFrame
+{
+    QGroupBox* frame;
+    QLabel* lead; // Label2
+    QLabel* profile; // Label1
+    QLineEdit* path;
+    QPushButton* browse; // "..."
+    QPushButton* action;
+    QPushButton* cancel;
+};
+
+PathFrame MakePathFrame(QWidget* window, const char* pathName, const char* actionName, const char* cancelName);

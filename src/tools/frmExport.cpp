@@ -1,0 +1,75 @@
+#include "tools/frmExport.h"
+
+#include "platform/Dialogs.h"
+#include "platform/Files.h"
+#include "platform/MessageBox.h"
+#include "platform/Runtime.h"
+#include "services/modLanguage.h"
+#include "storage/DataRoot.h"
+#include "tools/PathFrame.h"
+
+namespace {
+const QString defaultTarget = QStringLiteral("C:\\tolvane_data.tvd");
+}
+
+frmExport::frmExport(QWidget* owner)
+    : SingleDialog(owner)
+{
+    setObjectName(QStringLiteral("frmExport"));
+    setWindowModality(Qt::ApplicationModal);
+    const PathFrame f = MakePathFrame(this, "txtSelected", "Command2", "Command1");
+    Frame1 = f.frame;
+    Label2 = f.lead;
+    Label1 = f.profile;
+    txtSelected = f.path;
+    Command3 = f.browse;
+    Command2 = f.action;
+    Command1 = f.cancel;
+    setWindowTitle(QStringLiteral("Eksport..."));
+    Frame1->setTitle(QStringLiteral("Eksportuj..."));
+    Label2->setText(QString::fromUtf8("Eksport danych użytkownika:"));
+    txtSelected->setText(defaultTarget);
+    Command2->setText(QStringLiteral("&Eksport..."));
+    Command1->setText(QStringLiteral("&Anuluj"));
+    connect(Command1, &QPushButton::clicked, this, &frmExport::Command1_Click);
+    connect(Command2, &QPushButton::clicked, this, &frmExport::Command2_Click);
+    connect(Command3, &QPushButton::clicked, this, &frmExport::Command3_Click);
+}
+
+void frmExport::Form_Load()
+{
+    Label1->setText(CurrentProfile());
+    setWindowTitle(Lang(179));
+    Frame1->setTitle(Lang(179));
+    Label2->setText(Lang(180));
+    Command2->setText(Lang(179));
+    Command1->setText(Lang(147));
+}
+
+QString frmExport::BrowseForFolder(const QString& path)
+{
+    return platform::SHBrowseForFolderA(this, { Lang(177), path });
+}
+
+void frmExport::Command3_Click()
+{
+    // The constant, not the box: a cancelled browse drops an earlier choice as well.
+    const QString folder = BrowseForFolder(defaultTarget);
+    txtSelected->setText(folder.isEmpty() ? defaultTarget : folder + QStringLiteral("\\tolvane_data.tvd"));
+}
+
+void frmExport::Command2_Click()
+{
+    // The file on disk, as the last save left it; nothing guards the copy.
+    const int error
+        = platform::FileCopy(DataFolder() + CurrentProfile() + QStringLiteral("\\list.dat"), txtSelected->text());
+    if (error != platform::ErrNone)
+        platform::UnhandledError(error);
+    platform::MsgBox(Lang(178), 64);
+    Unload();
+}
+
+void frmExport::Command1_Click()
+{
+    Unload();
+}

@@ -1,0 +1,31 @@
+#pragma once
+// Copies the vault file of the profile in use, as it is on disk, to a chosen folder under the
+// fixed name tolvane_data.tvd. The open vault is not saved first.
+#include "services/FormSlot.h"
+
+class QGroupBox;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+
+class frmExport : public SingleDialog<frmExport>
+{
+    Q_OBJECT
+    friend class SingleDialog<frmExport>;
+
+public:
+    void Form_Load();
+    void Command1_Click(); // cancel
+    void Command2_Click(); // export
+    void Command3_Click(); // browse
+    // The folder browser opened at `path`: the chosen folder, or empty.
+    QString BrowseForFolder(const QString& path);
+
+    QGroupBox* Frame1;
+    QLabel *Label1, *Label2;
+    QLineEdit* txtSelected;
+    QPushButton *Command1, *Command2, *Command3;
+
+private:
+    explicit frmExport(QWidget* owner);
+};

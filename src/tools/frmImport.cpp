@@ -1,0 +1,72 @@
+#include "tools/frmImport.h"
+
+#include "platform/Dialogs.h"
+#include "platform/Files.h"
+#include "platform/MessageBox.h"
+#include "platform/Runtime.h"
+#include "services/ShellMod.h"
+#include "services/modLanguage.h"
+#include "storage/DataRoot.h"
+#include "storage/modIni2.h"
+#include "tools/PathFrame.h"
+
+frmImport::frmImport(QWidget* owner)
+    : SingleDialog(owner)
+{
+    setObjectName(QStringLiteral("frmImport"));
+    setWindowModality(Qt::ApplicationModal);
+    const PathFrame f = MakePathFrame(this, "txtZipFName", "Command1", "Command4");
+    Frame1 = f.frame;
+    Label2 = f.lead;
+    Label1 = f.profile;
+    txtZipFName = f.path;
+    Command3 = f.browse;
+    Command1 = f.action;
+    Command4 = f.cancel;
+    setWindowTitle(QStringLiteral("Import..."));
+    Frame1->setTitle(QStringLiteral("Importuj..."));
+    Label2->setText(QString::fromUtf8("Import danych użytkownika:"));
+    txtZipFName->setText(QStringLiteral("C:\\"));
+    Command1->setText(QStringLiteral("&Importuj..."));
+    Command1->setEnabled(false);
+    Command4->setText(QStringLiteral("&Anuluj"));
+    connect(Command1, &QPushButton::clicked, this, &frmImport::Command1_Click);
+    connect(Command3, &QPushButton::clicked, this, &frmImport::Command3_Click);
+    connect(Command4, &QPushButton::clicked, this, &frmImport::Command4_Click);
+}
+
+void frmImport::Form_Load()
+{
+    Label1->setText(CurrentProfile());
+    setWindowTitle(Lang(183));
+    Frame1->setTitle(Lang(183));
+    Label2->setText(Lang(184));
+    Command1->setText(Lang(183));
+    Command4->setText(Lang(147));
+}
+
+void frmImport::Command3_Click()
+{
+    // The title is this text in every language. A cancel withdraws an earlier choice.
+    const QString chosen = platform::ShowOpenFile(this, QString::fromUtf8("Otwórz..."), Lang(182));
+    txtZipFName->setText(chosen.isEmpty() ? QStringLiteral("C:\\") : chosen);
+    Command1->setEnabled(!chosen.isEmpty());
+}
+
+void frmImport::Command1_Click()
+{
+    if (platform::MsgBox(Lang(181), 324) != platform::IDYES)
+        return;
+    // Not read, not kept: the chosen file is the vault from now on.
+    const int error
+        = platform::FileCopy(txtZipFName->text(), DataFolder() + CurrentProfile() + QStringLiteral("\\list.dat"));
+    if (error != platform::ErrNone)
+        platform::UnhandledError(error);
+    WriteIni(Keys::user, Keys::switchTo, Label1->text(), ConfigFile());
+    RestartProgram();
+}
+
+void frmImport::Command4_Click()
+{
+    Unload();
+}
