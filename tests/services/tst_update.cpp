@@ -1,0 +1,191 @@
+// The update check against a small HTTP server on 127.0.0.1: newer, equal, equal with a line
+// end, an error status, a redirect, a large body and no answer at all; and the about box.
+#include "VaultRun.h"
+#include "services/FrmAbout.h"
+#include "services/UpdateCheck.h"
+#include "services/frmAutoUpd.h"
+#include "services/frmUpdate.h"
+#include "services/modLinki.h"
+#include "vault/ImageControl.h"
+
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTcpServer>
+#include <QTcpSocket>
+
+namespace {
+
+// Answers every request with the one response it holds; an empty one never answers.
+class ManifestServer : public QTcpServer
+{
+public:
+    ManifestServer()
+    {
+        listen(QHostAddress::LocalHost);
+        qputenv("TOLVANE_SERVER_ADDRESS", QStringLiteral("http://127.0.0.1:%1").arg(serverPort()).toLatin1());
+        connect(this, &QTcpServer::newConnection, this, [this] {
+            QTcpSocket* socket = nextPendingConnection();
+            connect(socket, &QTcpSocket::readyRead, socket, [this, socket] {
+                request += socket->readAll();
+                if (!request.contains("\r\n\r\n") || response.isEmpty())
+                    return;
+                socket->write(response);
+                socket->disconnectFromHost();
+            });
+        });
+    }
+    ~ManifestServer() override { qputenv("TOLVANE_SERVER_ADDRESS", "http://127.0.0.1:9"); }
+    void serve(const QByteArray& status, const QByteArray& body, const QByteArray& extra = {})
+    {
+        request.clear();
+        response = "HTTP/1.1 " + status + "\r\nContent-Length: " + QByteArray::number(body.size()) + "\r\n" + extra
+            + "Connection: close\r\n\r\n" + body;
+    }
+    QByteArray request;
+    QByteArray response;
+};
+
+} // namespace
+
+class tst_update : public QObject
+{
+    Q_OBJECT
+
+    // One check of the shown window; the boxes it showed.
+    static QStringList checkShown(VaultRun& run)
+    {
+        run.boxes.shown.clear();
+        frmUpdate* update = frmUpdate::Instance(nullptr);
+        update->show();
+        update->Timer1_Timer();
+        QStringList texts;
+        for (const auto& box : run.boxes.shown)
+            texts << QStringLiteral("%1 %2").arg(box.flags).arg(box.text);
+        if (frmUpdate::Loaded())
+            texts << QStringLiteral("the window stayed");
+        return texts;
+    }
+
+private Q_SLOTS:
+    void versionTextHasOneDot()
+    {
+        QCOMPARE(LocalVersionText(), QStringLiteral("2.10"));
+        QVERIFY(UpdateAvailable(true, QStringLiteral("2.9")));
+        QVERIFY(!UpdateAvailable(true, QStringLiteral("2.10")));
+        QVERIFY(UpdateAvailable(true, QStringLiteral("2.10\n")));
+        QVERIFY(!UpdateAvailable(true, QStringLiteral("10.0")));
+        QVERIFY(!UpdateAvailable(false, QStringLiteral("9")));
+    }
+
+    void shownCheckAnswersEveryServer()
+    {
+        VaultRun run;
+        ManifestServer server;
+        ShellScript shell;
+        const QString news = QStringLiteral("36 ") + Lang(144);
+        const QString nothing = QStringLiteral("64 ") + Lang(146);
+
+        server.serve("200 OK", "2.9");
+        run.boxes.answer(platform::IDYES);
+        QCOMPARE(checkShown(run), QStringList { news });
+        QVERIFY(server.request.startsWith("GET /updates/tolvane-updates.txt HTTP/1.1\r\n"));
+        QCOMPARE(shell.calls.size(), 1); // Yes opens the update page
+        QVERIFY(shell.calls[0].file.contains(QStringLiteral("127.0.0.1")));
+
+        server.serve("200 OK", "2.10");
+        QCOMPARE(checkShown(run), QStringList { nothing });
+        server.serve("200 OK", "2.10\r\n");
+        run.boxes.answer(platform::IDNO);
+        QCOMPARE(checkShown(run), QStringList { news }); // No: nothing opens
+        QCOMPARE(shell.calls.size(), 1);
+        server.serve("404 Not Found", "9.9");
+        QCOMPARE(checkShown(run), QStringList { nothing });
+        server.serve("301 Moved Permanently", "9.9", "Location: http://127.0.0.1:9/x\r\n");
+        QCOMPARE(checkShown(run), QStringList { nothing });
+        server.serve("200 OK", QByteArray(10 * 1000 * 1000, '9'));
+        QCOMPARE(checkShown(run), QStringList { news });
+        server.close(); // nobody listens: refused at once
+        QCOMPARE(checkShown(run), QStringList { nothing });
+    }
+
+    void cancelCloseWithoutAWordWhileTheServerIsSilent()
+    {
+        VaultRun run;
+        ManifestServer server;
+        server.response.clear(); // takes the request, never answers
+        frmUpdate* update = frmUpdate::Instance(nullptr);
+        update->show();
+        QCOMPARE(update->lblInfo->text(), Lang(145));
+        QTimer::singleShot(300, update->cmdCanc, &QPushButton::click);
+        update->Timer1_Timer(); // waits, with events running, until the cancel
+        QVERIFY(!frmUpdate::Loaded());
+        QVERIFY(run.boxes.shown.isEmpty());
+        QVERIFY(server.request.startsWith("GET "));
+
+        // The bar is a sign of life only: ten ticks to 100, then its timer stops.
+        update = frmUpdate::Instance(nullptr);
+        for (int i = 0; i < 10; ++i)
+            update->Timer2_Timer();
+        QCOMPARE(update->PB1->value(), 100);
+        QVERIFY(update->Timer2->isActive());
+        update->Timer2_Timer();
+        QVERIFY(!update->Timer2->isActive());
+        frmUpdate::Unload();
+    }
+
+    void silentCheckSpeaksOnlyOfNews()
+    {
+        VaultRun run;
+        ManifestServer server;
+        for (const QByteArray& body : { QByteArray("2.10"), QByteArray("2.0") }) {
+            server.serve("200 OK", body);
+            StartSilentUpdateCheck();
+            frmAutoUpd* check = frmAutoUpd::Loaded();
+            QVERIFY(check && !check->isVisible());
+            QCOMPARE(check->Timer1->interval(), 600);
+            check->Timer1_Timer();
+            QVERIFY(!frmAutoUpd::Loaded());
+        }
+        QVERIFY(run.boxes.shown.isEmpty());
+        server.serve("200 OK", "3.0");
+        StartSilentUpdateCheck();
+        frmAutoUpd::Loaded()->Timer1_Timer();
+        QCOMPARE(run.boxes.shown.size(), 1);
+        QCOMPARE(run.boxes.shown[0].text, Lang(144));
+
+        // Only a typed login starts it: the vault window's Timer3 loads it at its first tick.
+        frmMain* main = run.start();
+        QVERIFY(!main->Timer3->isActive());
+        main->Timer3_Timer();
+        QVERIFY(frmAutoUpd::Loaded());
+        QVERIFY(!main->Timer3->isActive());
+        frmAutoUpd::Unload();
+    }
+
+    void aboutBoxShowsVersionAndUnderlinesTheLastLink()
+    {
+        VaultRun run;
+        FrmAbout* about = FrmAbout::Instance(nullptr);
+        about->show();
+        QCOMPARE(about->windowTitle(), Lang(118));
+        QCOMPARE(about->Label1->text(), QStringLiteral("2.10"));
+        QCOMPARE(about->Label88->text(), QStringLiteral("Tolvane"));
+        QCOMPARE(about->Label4->text(), QSysInfo::machineHostName());
+        QCOMPARE(about->Label15->text(), Lang(135));
+        about->LinkLabel_MouseMove(about->Label15);
+        about->LinkLabel_MouseMove(about->Label17);
+        QVERIFY(about->Label17->font().underline());
+        for (ImageControl* other : { about->Label14, about->Label15, about->Label16 })
+            QVERIFY(!other->font().underline());
+        QCOMPARE(about->Label17->cursor().shape(), Qt::PointingHandCursor);
+        ShellScript shell;
+        QTest::mouseClick(about->Label16, Qt::LeftButton);
+        QCOMPARE(shell.calls.size(), 1);
+        QTest::mouseClick(about->Label1, Qt::LeftButton); // the version closes the window
+        QVERIFY(!FrmAbout::Loaded());
+    }
+};
+
+QTEST_MAIN(tst_update)
+#include "tst_update.moc"

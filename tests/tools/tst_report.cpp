@@ -1,0 +1,152 @@
+// The report: its text for a full and a narrowed list, printing through the printer layer into a
+// PDF read back as text, a printer that fails, and saving under the dialog's default extension.
+#include "VaultRun.h"
+#include "platform/CodePage.h"
+#include "platform/Dialogs.h"
+#include "tools/frmRaport.h"
+
+#include <QAction>
+#include <QProcess>
+#include <QPushButton>
+
+class tst_report : public QObject
+{
+    Q_OBJECT
+
+    static EntryRecord entry(const char* title, const char* name, const char* password)
+    {
+        EntryRecord e;
+        e.title = title;
+        e.name = name;
+        e.age = password;
+        e.interests = "C:\\doc.txt";
+        return e;
+    }
+
+    // The report window over a vault of three entries, opened from the menu.
+    static frmRaport* openReport(VaultRun& run, frmMain*& main)
+    {
+        run.writeVault({ entry("Bank", "ann", "b4n"), entry("Alpha", "", ""), entry("Mail", "ann@xy", "m41l") });
+        main = run.start();
+        // The menu, the print entry and both toolbar buttons open it modally.
+        int opened = 0;
+        for (int i = 0; i < 4; ++i) {
+            VaultRun::onNextModal([&opened](QWidget* w) {
+                opened += qobject_cast<frmRaport*>(w) && w->isModal();
+                frmRaport::Unload();
+            });
+            if (i == 0)
+                main->mnuReportList->trigger();
+            else if (i == 1)
+                main->mnuPrint->trigger();
+            else
+                (i == 2 ? main->Command11 : main->Command12)->click();
+        }
+        if (opened != 4)
+            return nullptr;
+        frmRaport* report = frmRaport::Instance(main);
+        report->show();
+        return report;
+    }
+
+    static QStringList lines(const QString& text) { return text.split(QStringLiteral("\r\n")); }
+
+private Q_SLOTS:
+    void textCountsTheListAndTakesTheTable()
+    {
+        VaultRun run;
+        frmMain* main = nullptr;
+        frmRaport* report = openReport(run, main);
+        QVERIFY(report);
+        const QStringList full = lines(report->TxtLaporan->Text());
+        QCOMPARE(full.size(), 7);
+        QCOMPARE(full[0], QStringLiteral("Tolvane"));
+        QVERIFY(full[1].startsWith(Lang(284) + QLatin1Char(' ') + platform::TimeOfDayText().left(2)));
+        QCOMPARE(full[2], Lang(285) + QStringLiteral(" Administrator"));
+        QCOMPARE(full[3], QStringLiteral("==="));
+        QCOMPARE(full[4], QStringLiteral("1) %1 Bank  %2 ann  %3 b4n  ").arg(Lang(286), Lang(242), Lang(244)));
+        QCOMPARE(full[5], QStringLiteral("2) %1 Alpha  %2   %3   ").arg(Lang(286), Lang(242), Lang(244)));
+        // The codec keeps its padding as zeros, and the box's text ends at the first: "m41l"
+        // (four characters) ends the report there, as the classic edit box ends it.
+        QCOMPARE(full[6], QStringLiteral("3) %1 Mail  %2 ann@xy  %3 m41l").arg(Lang(286), Lang(242), Lang(244)));
+        QVERIFY(ReportText(3).endsWith(QStringLiteral("m41l") + QChar(0) + QChar(0) + QStringLiteral("  ")));
+        QVERIFY(!report->TxtLaporan->Text().contains(QStringLiteral("doc.txt")));
+        report->Command4->click();
+        QVERIFY(!frmRaport::Loaded());
+
+        // A search for "mail" lists one row: the report shows one line, the table's first.
+        main->txtSearch->SetText(QStringLiteral("m41l"));
+        main->Command1_Click();
+        QCOMPARE(main->lstResults->ListCount(), 1);
+        QStringList narrowed = lines(ReportText(main->lstResults->ListCount()));
+        QCOMPARE(narrowed.size(), 5);
+        QVERIFY(narrowed[4].startsWith(QStringLiteral("1) %1 Bank ").arg(Lang(286))));
+        QCOMPARE(lines(ReportText(0)).size(), 4);
+    }
+
+    void printsAfterTheWarningOrTellsTheFailure()
+    {
+        VaultRun run;
+        frmMain* main = nullptr;
+        frmRaport* report = openReport(run, main);
+        QVERIFY(report);
+        const QString pdf = run.world.path(QStringLiteral("printed.pdf"));
+        qputenv("TOLVANE_PRINTER_OUTPUT", pdf.toLocal8Bit());
+        report->Command1->click();
+        QCOMPARE(run.boxes.shown.size(), 1); // the warning, and nothing after it
+        QCOMPARE(run.boxes.shown[0].text, Lang(283));
+        QCOMPARE(run.boxes.shown[0].flags, 16);
+        QProcess text;
+        text.start(QStringLiteral("pdftotext"), { QStringLiteral("-layout"), pdf, QStringLiteral("-") });
+        QVERIFY(text.waitForFinished(20000));
+        const QString printed = QString::fromUtf8(text.readAllStandardOutput());
+        QVERIFY2(printed.contains(QStringLiteral("1) %1 Bank").arg(Lang(286))), qPrintable(printed));
+        QVERIFY(printed.contains(QStringLiteral("b4n")) && printed.contains(QStringLiteral("ann@xy")));
+        QVERIFY(printed.contains(platform::DateText()));
+
+        // A printer that can't take the job: the warning first, then the description; the
+        // report stays.
+        qputenv("TOLVANE_PRINTER_OUTPUT", run.world.path(QStringLiteral("no/such/folder/p.pdf")).toLocal8Bit());
+        run.boxes.shown.clear();
+        report->Command1->click();
+        QCOMPARE(run.boxes.shown.size(), 2);
+        QCOMPARE(run.boxes.shown[0].text, Lang(283));
+        QVERIFY(run.boxes.shown[1].text.startsWith(QStringLiteral("Printer error")));
+        QCOMPARE(run.boxes.shown[1].flags, 16);
+        QCOMPARE(frmRaport::Loaded(), report);
+        qunsetenv("TOLVANE_PRINTER_OUTPUT");
+        report->Command4->click();
+    }
+
+    void savesPlainTextUnderTheDefaultExtension()
+    {
+        VaultRun run;
+        frmMain* main = nullptr;
+        frmRaport* report = openReport(run, main);
+        QVERIFY(report);
+        QList<platform::SaveFileCall> calls;
+        QString typed = QStringLiteral("C:\\report");
+        platform::SetSaveFileBackend([&](const platform::SaveFileCall& call) {
+            calls.append(call);
+            return typed;
+        });
+        report->Command2->click();
+        QCOMPARE(calls.size(), 1);
+        QCOMPARE(calls[0].filter, QStringLiteral("Text (*.txt)|*.txt"));
+        QCOMPARE(calls[0].defaultExtension, QStringLiteral("pdf"));
+        QCOMPARE(run.world.read(QStringLiteral("home/report.pdf")),
+            platform::ToCodePage(report->TxtLaporan->Text() + QStringLiteral("\r\n")));
+        typed = QStringLiteral("C:\\report.txt");
+        report->Command2->click();
+        QVERIFY(QFile::exists(run.world.path(QStringLiteral("home/report.txt"))));
+        typed = QStringLiteral("C:\\no\\such\\r.txt"); // can't be written: nothing is said
+        typed.clear(); // and a cancel does nothing at all
+        report->Command2->click();
+        QVERIFY(run.boxes.shown.isEmpty());
+        platform::SetSaveFileBackend({});
+        report->Command4->click();
+    }
+};
+
+QTEST_MAIN(tst_report)
+#include "tst_report.moc"
