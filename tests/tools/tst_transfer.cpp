@@ -1,0 +1,138 @@
+// Export and import: the file on disk goes out as it is, a chosen file comes in over the vault,
+// and the program comes back through a real restart with that profile.
+#include "VaultRun.h"
+#include "platform/Dialogs.h"
+#include "tools/frmExport.h"
+#include "tools/frmImport.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+#include <csignal>
+
+class tst_transfer : public QObject
+{
+    Q_OBJECT
+
+    static EntryRecord entry(const char* title)
+    {
+        EntryRecord e;
+        e.title = title;
+        e.age = "pw1";
+        return e;
+    }
+
+    static qint64 lockHolder(const TestWorld& world)
+    {
+        const QStringList locks = QDir(world.path(QStringLiteral("run"))).entryList({ QStringLiteral("*.lock") });
+        return locks.isEmpty() ? 0
+                               : world.read(QStringLiteral("run/") + locks.first()).split('\n').value(0).toLongLong();
+    }
+
+private Q_SLOTS:
+    void cleanup()
+    {
+        platform::SetBrowseFolderBackend({});
+        platform::SetOpenFileBackend({});
+        qunsetenv("TOLVANE_MSGBOX_LOG");
+        qunsetenv("TOLVANE_MSGBOX_ANSWERS");
+    }
+
+    void exportTakesTheFileOnDisk()
+    {
+        VaultRun run;
+        run.writeVault({ entry("Saved") });
+        frmMain* main = run.start();
+        // A change only in memory is not in the export.
+        entryTable[1].age = "changed";
+        const QByteArray onDisk
+            = run.world.read(QStringLiteral("appdata/Brenmark/Tolvane/data/Administrator/list.dat"));
+
+        frmExport* dialog = frmExport::Instance(main);
+        QCOMPARE(dialog->Label1->text(), QStringLiteral("Administrator"));
+        QCOMPARE(dialog->txtSelected->text(), QStringLiteral("C:\\tolvane_data.tvd"));
+        QStringList answers { QStringLiteral("C:\\out"), QString(), QStringLiteral("C:\\") };
+        QList<platform::BrowseFolderCall> calls;
+        platform::SetBrowseFolderBackend([&](const platform::BrowseFolderCall& call) {
+            calls.append(call);
+            return answers.takeFirst();
+        });
+        dialog->Command3->click();
+        QCOMPARE(dialog->txtSelected->text(), QStringLiteral("C:\\out\\tolvane_data.tvd"));
+        dialog->Command3->click(); // cancelled: back to the default, not the first choice
+        QCOMPARE(dialog->txtSelected->text(), QStringLiteral("C:\\tolvane_data.tvd"));
+        dialog->Command3->click(); // a root: the backslash doubles, harmlessly
+        QCOMPARE(dialog->txtSelected->text(), QStringLiteral("C:\\\\tolvane_data.tvd"));
+        QCOMPARE(calls[1].startPath, QStringLiteral("C:\\tolvane_data.tvd"));
+        QCOMPARE(calls[0].title, Lang(177));
+
+        for (int twice = 0; twice < 2; ++twice) {
+            dialog = frmExport::Instance(main);
+            dialog->Command2->click();
+            QCOMPARE(run.boxes.shown.last().text, Lang(178));
+            QCOMPARE(run.boxes.shown.last().flags, 64);
+            QVERIFY(!frmExport::Loaded());
+            QCOMPARE(run.world.read(QStringLiteral("home/tolvane_data.tvd")), onDisk);
+        }
+
+        // A target that can't be written ends the run through the unhandled error.
+        dialog = frmExport::Instance(main);
+        dialog->txtSelected->setText(QStringLiteral("C:\\no\\such\\folder\\x.tvd"));
+        QVERIFY_THROWS_EXCEPTION(ProcessEnded, dialog->Command2->click());
+        QVERIFY(run.boxes.shown.last().text.startsWith(QStringLiteral("Run-time error '76'")));
+        frmExport::Unload();
+    }
+
+    void importReplacesTheVaultThroughARealRestart()
+    {
+        VaultRun run;
+        TestWorld::copyTree(QStringLiteral(TOLVANE_BUILT_PROGRAM_DIR), run.world.path(QStringLiteral("program")));
+        run.provision({ QStringLiteral("Bob") });
+        // The file to import: a vault of two entries, made where a user keeps such a file.
+        QDir().mkpath(run.data(QStringLiteral("Bob")));
+        QList<EntryRecord> imported { entry("One"), entry("Two") };
+        QCOMPARE(SaveVault(QStringLiteral("C:\\import.tvd"), imported), VaultSave::Saved);
+        run.writeVault({ entry("Old") });
+        frmMain* main = run.start();
+
+        frmImport* dialog = frmImport::Instance(main);
+        QVERIFY(!dialog->Command1->isEnabled());
+        QString chosen = QStringLiteral("C:\\import.tvd");
+        platform::SetOpenFileBackend([&chosen](const platform::OpenFileCall& call) {
+            return call.title == QString::fromUtf8("Otwórz...") ? chosen : QStringLiteral("wrong title");
+        });
+        dialog->Command3->click();
+        QCOMPARE(dialog->txtZipFName->text(), chosen);
+        QVERIFY(dialog->Command1->isEnabled());
+        chosen.clear();
+        dialog->Command3->click(); // cancelled: the choice is withdrawn
+        QCOMPARE(dialog->txtZipFName->text(), QStringLiteral("C:\\"));
+        QVERIFY(!dialog->Command1->isEnabled());
+        chosen = QStringLiteral("C:\\import.tvd");
+        dialog->Command3->click();
+
+        dialog->Command1->click(); // No is the default: nothing happens
+        QCOMPARE(run.boxes.shown.last().text, Lang(181));
+        QCOMPARE(run.boxes.shown.last().flags, 324);
+        QCOMPARE(run.vaultOnDisk().size(), 1);
+
+        qputenv("TOLVANE_MSGBOX_LOG", run.world.path(QStringLiteral("boxes.log")).toLocal8Bit());
+        qputenv("TOLVANE_MSGBOX_ANSWERS", "6");
+        QVERIFY_THROWS_EXCEPTION(ProcessEnded, dialog->Command1->click());
+        QCOMPARE(run.ini(QStringLiteral("config.txt"), Keys::user, Keys::switchTo), QStringLiteral("Administrator"));
+        QCOMPARE(run.vaultOnDisk().size(), 2); // replaced, and the open vault was not written back
+
+        // The new process opens the imported vault: its load empties `switch`, and it lists two.
+        QTRY_VERIFY_WITH_TIMEOUT(lockHolder(run.world) > 0, 15000);
+        const qint64 child = lockHolder(run.world);
+        QTRY_COMPARE_WITH_TIMEOUT(run.ini(QStringLiteral("config.txt"), Keys::user, Keys::switchTo), QString(), 20000);
+        const QList<EntryRecord> loaded = run.vaultOnDisk();
+        QCOMPARE(loaded.size(), 2);
+        QCOMPARE(loaded[0].title, QByteArray("One"));
+        ::kill(static_cast<pid_t>(child), SIGKILL);
+    }
+};
+
+QTEST_MAIN(tst_transfer)
+#include "tst_transfer.moc"
