@@ -1,11 +1,10 @@
 #pragma once
 // What the silent and the shown update check share: the local version text, the manifest's
 // address, the fetch and the comparison.
-#include <QString>
+#include "platform/Inet.h"
 
-namespace platform {
-class Inet;
-}
+#include <QPointer>
+#include <QString>
 
 // Major, ".", minor and revision: 2, 1, 0 gives "2.10". The one dot is how it has always been.
 QString LocalVersionText();
@@ -22,3 +21,23 @@ bool UpdateAvailable(bool fetched, const QString& body);
 
 // The news told: slot 144 with Yes and No; Yes opens the update page.
 void OfferUpdate();
+
+// The tick of both check windows: one check at a time (a tick while it waits or asks does
+// nothing), no word when the window was unloaded meanwhile, the news offered, or else
+// `noNews`, then the window unloaded.
+template <typename Form> void CheckOnce(Form* form, void (*noNews)())
+{
+    if (form->checking)
+        return;
+    form->checking = true;
+    QPointer<Form> self(form);
+    QString body;
+    const bool fetched = FetchText(*form->Inet, ManifestUrl(), body);
+    if (!self || Form::Loaded() != form)
+        return;
+    if (UpdateAvailable(fetched, body))
+        OfferUpdate();
+    else if (noNews)
+        noNews();
+    Form::Unload();
+}

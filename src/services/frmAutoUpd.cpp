@@ -4,7 +4,6 @@
 #include "platform/Twips.h"
 #include "services/UpdateCheck.h"
 
-#include <QPointer>
 #include <QTimer>
 
 frmAutoUpd::frmAutoUpd(QWidget* owner)
@@ -34,18 +33,7 @@ void frmAutoUpd::Form_Unload()
 
 void frmAutoUpd::Timer1_Timer()
 {
-    // A tick while the check waits or asks would start a second one; it does nothing.
-    if (checking)
-        return;
-    checking = true;
-    QPointer<frmAutoUpd> self(this);
-    QString body;
-    const bool fetched = FetchText(*Inet, ManifestUrl(), body);
-    if (!self || Loaded() != this)
-        return; // unloaded meanwhile
-    if (UpdateAvailable(fetched, body))
-        OfferUpdate();
-    Unload(); // a failed fetch is no news, and no word is said
+    CheckOnce(this, nullptr); // a failed fetch is no news, and no word is said
 }
 
 void StartSilentUpdateCheck()

@@ -25,9 +25,10 @@ public:
     QTimer* Timer1;
     std::unique_ptr<platform::Inet> Inet;
 
+    bool checking = false; // a check is waiting or asking
+
 private:
     explicit frmAutoUpd(QWidget* owner);
-    bool checking = false;
 };
 
 // Loads the silent check (never shown).

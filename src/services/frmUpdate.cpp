@@ -8,7 +8,6 @@
 #include "services/modLanguage.h"
 
 #include <QLabel>
-#include <QPointer>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QTimer>
@@ -56,20 +55,8 @@ void frmUpdate::Form_Unload()
 
 void frmUpdate::Timer1_Timer()
 {
-    // A tick while the check waits or asks would start a second one; it does nothing.
-    if (checking)
-        return;
-    checking = true;
-    QPointer<frmUpdate> self(this);
-    QString body;
-    const bool fetched = FetchText(*Inet, ManifestUrl(), body);
-    if (!self || Loaded() != this)
-        return; // cancelled meanwhile: no word
-    if (UpdateAvailable(fetched, body))
-        OfferUpdate();
-    else
-        platform::MsgBox(Lang(146), 64); // a failed fetch reads as "nothing new"
-    Unload();
+    // A failed fetch reads as "nothing new".
+    CheckOnce(this, [] { platform::MsgBox(Lang(146), 64); });
 }
 
 void frmUpdate::Timer2_Timer()

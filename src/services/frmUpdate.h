@@ -33,9 +33,10 @@ public:
     QTimer *Timer1, *Timer2;
     std::unique_ptr<platform::Inet> Inet;
 
+    bool checking = false; // a check is waiting or asking
+
 private:
     explicit frmUpdate(QWidget* owner);
-    bool checking = false;
 };
 
 // Shows the check modally over `owner`.

@@ -2,8 +2,11 @@
 
 #include "platform/Twips.h"
 
-PathFrame MakePathFrame(QWidget* window, const char* pathName, const char* actionName, const char* cancelName)
+PathFrame MakePathFrame(
+    QWidget* window, const char* pathName, const char* actionName, const char* cancelName, const PathFrameTexts& texts)
 {
+    window->setWindowModality(Qt::ApplicationModal);
+    window->setWindowTitle(QString::fromUtf8(texts.caption));
     window->setFixedSize(Twips(5880), Twips(2520));
     PathFrame f {};
     f.frame = Placed(new QGroupBox(window), "Frame1", 120, 60, 5640, 1740);
@@ -18,5 +21,10 @@ PathFrame MakePathFrame(QWidget* window, const char* pathName, const char* actio
     f.action = Placed(new QPushButton(window), actionName, 3060, 1980, 1335, 375);
     f.action->setDefault(true);
     f.cancel = Placed(new QPushButton(window), cancelName, 4440, 1980, 1335, 375);
+    f.frame->setTitle(QString::fromUtf8(texts.frame));
+    f.lead->setText(QString::fromUtf8(texts.lead));
+    f.path->setText(QString::fromUtf8(texts.path));
+    f.action->setText(QString::fromUtf8(texts.action));
+    f.cancel->setText(QStringLiteral("&Anuluj"));
     return f;
 }

@@ -17,4 +17,15 @@ struct PathFrame
     QPushButton* cancel;
 };
 
-PathFrame MakePathFrame(QWidget* window, const char* pathName, const char* actionName, const char* cancelName);
+// The design-time texts (UTF-8); the cancel button is "&Anuluj".
+struct PathFrameTexts
+{
+    const char* caption;
+    const char* frame;
+    const char* lead;
+    const char* path;
+    const char* action;
+};
+
+PathFrame MakePathFrame(
+    QWidget* window, const char* pathName, const char* actionName, const char* cancelName, const PathFrameTexts& texts);

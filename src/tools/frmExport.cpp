@@ -16,8 +16,8 @@ frmExport::frmExport(QWidget* owner)
     : SingleDialog(owner)
 {
     setObjectName(QStringLiteral("frmExport"));
-    setWindowModality(Qt::ApplicationModal);
-    const PathFrame f = MakePathFrame(this, "txtSelected", "Command2", "Command1");
+    const PathFrame f = MakePathFrame(this, "txtSelected", "Command2", "Command1",
+        { "Eksport...", "Eksportuj...", "Eksport danych użytkownika:", "C:\\tolvane_data.tvd", "&Eksport..." });
     Frame1 = f.frame;
     Label2 = f.lead;
     Label1 = f.profile;
@@ -25,12 +25,6 @@ frmExport::frmExport(QWidget* owner)
     Command3 = f.browse;
     Command2 = f.action;
     Command1 = f.cancel;
-    setWindowTitle(QStringLiteral("Eksport..."));
-    Frame1->setTitle(QStringLiteral("Eksportuj..."));
-    Label2->setText(QString::fromUtf8("Eksport danych użytkownika:"));
-    txtSelected->setText(defaultTarget);
-    Command2->setText(QStringLiteral("&Eksport..."));
-    Command1->setText(QStringLiteral("&Anuluj"));
     connect(Command1, &QPushButton::clicked, this, &frmExport::Command1_Click);
     connect(Command2, &QPushButton::clicked, this, &frmExport::Command2_Click);
     connect(Command3, &QPushButton::clicked, this, &frmExport::Command3_Click);

@@ -14,8 +14,8 @@ frmImport::frmImport(QWidget* owner)
     : SingleDialog(owner)
 {
     setObjectName(QStringLiteral("frmImport"));
-    setWindowModality(Qt::ApplicationModal);
-    const PathFrame f = MakePathFrame(this, "txtZipFName", "Command1", "Command4");
+    const PathFrame f = MakePathFrame(this, "txtZipFName", "Command1", "Command4",
+        { "Import...", "Importuj...", "Import danych użytkownika:", "C:\\", "&Importuj..." });
     Frame1 = f.frame;
     Label2 = f.lead;
     Label1 = f.profile;
@@ -23,13 +23,7 @@ frmImport::frmImport(QWidget* owner)
     Command3 = f.browse;
     Command1 = f.action;
     Command4 = f.cancel;
-    setWindowTitle(QStringLiteral("Import..."));
-    Frame1->setTitle(QStringLiteral("Importuj..."));
-    Label2->setText(QString::fromUtf8("Import danych użytkownika:"));
-    txtZipFName->setText(QStringLiteral("C:\\"));
-    Command1->setText(QStringLiteral("&Importuj..."));
     Command1->setEnabled(false);
-    Command4->setText(QStringLiteral("&Anuluj"));
     connect(Command1, &QPushButton::clicked, this, &frmImport::Command1_Click);
     connect(Command3, &QPushButton::clicked, this, &frmImport::Command3_Click);
     connect(Command4, &QPushButton::clicked, this, &frmImport::Command4_Click);
