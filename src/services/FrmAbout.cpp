@@ -23,6 +23,7 @@ FrmAbout::FrmAbout(QWidget* owner)
     };
     auto link = [this](const char* name, int left, int top, int width) {
         auto* l = Placed(new ImageControl(this), name, left, top, width, 285);
+        l->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
         QPalette blue = l->palette();
         blue.setColor(QPalette::WindowText, QColor(0, 0, 255));
         l->setPalette(blue);
@@ -36,6 +37,7 @@ FrmAbout::FrmAbout(QWidget* owner)
     Label88->setFont(bold);
     Label86 = label("Label86", "Wersja:", 120, 600, 2100);
     Label1 = Placed(new ImageControl(this), "Label1", 2280, 600, 3480, 285);
+    Label1->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     Label84 = label("Label84", "", 120, 960, 5640);
     Label84->setWordWrap(true);
     Label81 = label("Label81", "Strona producenta:", 120, 1440, 2100);
