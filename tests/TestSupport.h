@@ -93,6 +93,13 @@ public:
         QVERIFY(f.open(QIODevice::WriteOnly));
         f.write(bytes);
     }
+    // The process that holds this world's instance lock, by the lock file's pid; 0 when none does.
+    qint64 lockHolder() const
+    {
+        const QStringList locks = QDir(path(QStringLiteral("run"))).entryList({ QStringLiteral("*.lock") });
+        return locks.isEmpty() ? 0 : read(QStringLiteral("run/") + locks.first()).split('\n').value(0).toLongLong();
+    }
+
     static void copyTree(const QString& from, const QString& to)
     {
         QDir source(from);

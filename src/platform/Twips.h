@@ -30,3 +30,11 @@ Control* Placed(Control* control, const char* name, int left, int top, int width
     PlaceTwips(Named(control, name), left, top, width, height);
     return control;
 }
+
+// The bold face of a control's own font (headings, values that stand out).
+inline void MakeBold(QWidget* control)
+{
+    QFont font = control->font();
+    font.setBold(true);
+    control->setFont(font);
+}

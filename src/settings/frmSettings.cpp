@@ -143,9 +143,7 @@ void frmSettings::buildDrivePage()
     connect(Drive1, &DriveListBox::Change, this, &frmSettings::Drive1_Change);
     Label4 = Placed(new QLabel(QStringLiteral("Status:"), Frame5), "Label4", 240, 885, 1800, 285);
     Label5 = Placed(new QLabel(Frame5), "Label5", 2100, 885, 4800, 285);
-    QFont bold = Label5->font();
-    bold.setBold(true);
-    Label5->setFont(bold);
+    MakeBold(Label5);
     Command5 = Placed(new QPushButton(QStringLiteral("Instaluj..."), Frame5), "Command5", 2100, 1440, 1455, 375);
     Command9 = Placed(new QPushButton(QStringLiteral("Deinstaluj"), Frame5), "Command9", 3660, 1440, 1455, 375);
     Command5->setEnabled(false);
@@ -180,9 +178,7 @@ void frmSettings::buildProfilePage()
     for (const Pair& p : pairs) {
         *p.caption = Placed(new QLabel(QString::fromUtf8(p.text), Frame6), p.captionName, 2820, top, 2040, 285);
         *p.value = Placed(new QLabel(QStringLiteral("???"), Frame6), p.valueName, 4920, top, 2160, 285);
-        QFont bold = (*p.value)->font();
-        bold.setBold(true);
-        (*p.value)->setFont(bold);
+        MakeBold(*p.value);
         top += 330;
     }
     Label1 = Placed(new QLabel(QStringLiteral("Ostatnio zalogowany : ???"), Frame6), "Label1", 2820, 1380, 4260, 285);

@@ -16,10 +16,3 @@ int PlaceFieldRows(QWidget* window, std::initializer_list<FieldRow> rows, int to
     }
     return top;
 }
-
-void MakeHeading(QLabel* label)
-{
-    QFont heading = label->font();
-    heading.setBold(true);
-    label->setFont(heading);
-}

@@ -1,5 +1,5 @@
 #pragma once
-// The profile dialogs share one look: a bold heading, then rows of a caption and a box, top to
+// The profile dialogs share one look: rows of a caption and a box, top to
 // bottom in the order the rows are given, with the tab order following them.
 #include <QLabel>
 #include <QLineEdit>
@@ -16,5 +16,3 @@ struct FieldRow
 
 // Makes the rows from Top `top` (twips) on; returns the Top below the last one.
 int PlaceFieldRows(QWidget* window, std::initializer_list<FieldRow> rows, int top);
-
-void MakeHeading(QLabel* label);

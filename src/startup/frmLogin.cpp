@@ -56,36 +56,30 @@ frmLogin::frmLogin()
     setWindowTitle(platform::AppTitle());
     setFixedSize(Twips(4800), Twips(2400));
 
-    auto named = [](QWidget* w, const char* name) {
-        w->setObjectName(QLatin1String(name));
-        return w;
-    };
-    Image1 = static_cast<QLabel*>(named(new QLabel(this), "Image1"));
+    Image1 = Named(new QLabel(this), "Image1");
     Image1->setPixmap(ProgramIcon().pixmap(Twips(480), Twips(480)));
     PlaceTwips(Image1, 120, 120, 480, 480);
-    Label1 = static_cast<QLabel*>(named(new QLabel(this), "Label1"));
-    QFont heading = Label1->font();
-    heading.setBold(true);
-    Label1->setFont(heading);
+    Label1 = Named(new QLabel(this), "Label1");
+    MakeBold(Label1);
     PlaceTwips(Label1, 720, 240, 3960, 285);
-    Label2 = static_cast<QLabel*>(named(new QLabel(this), "Label2"));
+    Label2 = Named(new QLabel(this), "Label2");
     PlaceTwips(Label2, 720, 780, 1080, 285);
-    Combo1 = static_cast<QComboBox*>(named(new QComboBox(this), "Combo1"));
+    Combo1 = Named(new QComboBox(this), "Combo1");
     Combo1->setEditable(false);
     PlaceTwips(Combo1, 1800, 720, 2880, 330);
     Label2->setBuddy(Combo1);
-    Label3 = static_cast<QLabel*>(named(new QLabel(this), "Label3"));
+    Label3 = Named(new QLabel(this), "Label3");
     PlaceTwips(Label3, 720, 1260, 1080, 285);
     // The password stays readable as it is typed: that is how this window has always been.
-    Text2 = static_cast<QLineEdit*>(named(new QLineEdit(this), "Text2"));
+    Text2 = Named(new QLineEdit(this), "Text2");
     PlaceTwips(Text2, 1800, 1200, 2880, 330);
     Label3->setBuddy(Text2);
-    md5aa = static_cast<QLineEdit*>(named(new QLineEdit(this), "md5aa"));
+    md5aa = Named(new QLineEdit(this), "md5aa");
     md5aa->setVisible(false);
-    Command1 = static_cast<QPushButton*>(named(new QPushButton(this), "Command1"));
+    Command1 = Named(new QPushButton(this), "Command1");
     Command1->setDefault(true);
     PlaceTwips(Command1, 2280, 1800, 1140, 375);
-    Command2 = static_cast<QPushButton*>(named(new QPushButton(this), "Command2"));
+    Command2 = Named(new QPushButton(this), "Command2");
     PlaceTwips(Command2, 3540, 1800, 1140, 375);
     connect(Command1, &QPushButton::clicked, this, &frmLogin::Command1_Click);
     connect(Command2, &QPushButton::clicked, this, &frmLogin::Command2_Click);

@@ -24,7 +24,7 @@ frmNewUser::frmNewUser(QWidget* owner)
     setWindowModality(Qt::ApplicationModal);
     setFixedSize(Twips(4920), Twips(3540));
     Label3 = Placed(new QLabel(this), "Label3", 120, 120, 4680, 285);
-    MakeHeading(Label3);
+    MakeBold(Label3);
     // Top to bottom: name, password, question, answer, e-mail.
     PlaceFieldRows(this,
         { { &Label1, "Label1", &Text1, "Text1" }, { &Label2, "Label2", &Text2, "Text2" },

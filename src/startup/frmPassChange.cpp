@@ -20,8 +20,8 @@ frmPassChange::frmPassChange(QWidget* owner)
     setFixedSize(Twips(4920), Twips(3960));
     Label3 = Placed(new QLabel(this), "Label3", 120, 120, 3060, 285);
     Label1 = Placed(new QLabel(this), "Label1", 3240, 120, 1560, 285);
-    MakeHeading(Label3);
-    MakeHeading(Label1);
+    MakeBold(Label3);
+    MakeBold(Label1);
     PlaceFieldRows(this,
         { { &Label7, "Label7", &Text1, "Text1" }, { &Label2, "Label2", &Text2, "Text2" },
             { &Label4, "Label4", &Text3, "Text3" }, { &Label6, "Label6", &Text5, "Text5" },

@@ -19,7 +19,7 @@ frmPassRemind::frmPassRemind(QWidget* owner)
     setObjectName(QStringLiteral("frmPassRemind"));
     setFixedSize(Twips(4920), Twips(2760));
     Label2 = Placed(new QLabel(this), "Label2", 120, 120, 4680, 285);
-    MakeHeading(Label2);
+    MakeBold(Label2);
     Label3 = Placed(new QLabel(this), "Label3", 120, 585, 1800, 285);
     Label4 = Placed(new QLabel(this), "Label4", 1980, 585, 2820, 285);
     Label6 = Placed(new QLabel(this), "Label6", 120, 1005, 1800, 285);

@@ -12,9 +12,7 @@ PathFrame MakePathFrame(
     f.frame = Placed(new QGroupBox(window), "Frame1", 120, 60, 5640, 1740);
     f.lead = Placed(new QLabel(f.frame), "Label2", 240, 360, 2700, 285);
     f.profile = Placed(new QLabel(f.frame), "Label1", 3000, 360, 2520, 285);
-    QFont bold = f.profile->font();
-    bold.setBold(true);
-    f.profile->setFont(bold);
+    MakeBold(f.profile);
     f.path = Placed(new QLineEdit(f.frame), pathName, 240, 900, 4740, 330);
     f.path->setReadOnly(true);
     f.browse = Placed(new QPushButton(QStringLiteral("..."), f.frame), "Command3", 5040, 885, 480, 360);

@@ -46,59 +46,55 @@ frmPwdGen::frmPwdGen(QWidget* owner)
     setObjectName(QStringLiteral("frmPwdGen"));
     setWindowModality(Qt::ApplicationModal);
     setFixedSize(Twips(4200), Twips(3000));
-    auto named = [](auto* w, const char* name) {
-        w->setObjectName(QLatin1String(name));
-        return w;
-    };
 
-    Label1 = named(new QLabel(QStringLiteral("0"), this), "Label1");
+    Label1 = Named(new QLabel(QStringLiteral("0"), this), "Label1");
     Label1->setVisible(false);
 
-    Frame1 = named(new QGroupBox(this), "Frame1");
+    Frame1 = Named(new QGroupBox(this), "Frame1");
     PlaceTwips(Frame1, 120, 60, 1935, 1335);
-    Option1 = named(new QRadioButton(Frame1), "Option1");
+    Option1 = Named(new QRadioButton(Frame1), "Option1");
     PlaceTwips(Option1, 120, 300, 1700, 285);
-    Option2 = named(new QRadioButton(Frame1), "Option2");
+    Option2 = Named(new QRadioButton(Frame1), "Option2");
     PlaceTwips(Option2, 120, 630, 1700, 285);
-    Option3 = named(new QRadioButton(Frame1), "Option3");
+    Option3 = Named(new QRadioButton(Frame1), "Option3");
     PlaceTwips(Option3, 120, 960, 1700, 285);
     Option3->setChecked(true);
     connect(Option1, &QRadioButton::clicked, this, &frmPwdGen::Option1_Click);
     connect(Option2, &QRadioButton::clicked, this, &frmPwdGen::Option2_Click);
     connect(Option3, &QRadioButton::clicked, this, &frmPwdGen::Option3_Click);
 
-    Command1 = named(new QPushButton(QStringLiteral("<"), this), "Command1");
+    Command1 = Named(new QPushButton(QStringLiteral("<"), this), "Command1");
     PlaceTwips(Command1, 2280, 300, 375, 375);
-    Text1 = named(new TextBox(TextBox::SingleLine, this), "Text1");
+    Text1 = Named(new TextBox(TextBox::SingleLine, this), "Text1");
     PlaceTwips(Text1, 2700, 300, 600, 375);
     Text1->SetText(QStringLiteral("5"));
     Text1->SetLocked(true);
     Text1->LineEditor()->setAlignment(Qt::AlignCenter);
-    Command2 = named(new QPushButton(QStringLiteral(">"), this), "Command2");
+    Command2 = Named(new QPushButton(QStringLiteral(">"), this), "Command2");
     PlaceTwips(Command2, 3345, 300, 375, 375);
     connect(Command1, &QPushButton::clicked, this, &frmPwdGen::Command1_Click);
     Command2->installEventFilter(this);
 
-    Command3 = named(new QPushButton(this), "Command3");
+    Command3 = Named(new QPushButton(this), "Command3");
     PlaceTwips(Command3, 2280, 900, 1440, 375);
     connect(Command3, &QPushButton::clicked, this, &frmPwdGen::Command3_Click);
 
-    Label2 = named(new QLabel(this), "Label2");
+    Label2 = Named(new QLabel(this), "Label2");
     PlaceTwips(Label2, 120, 1560, 3000, 255);
-    Text2 = named(new TextBox(TextBox::SingleLine, this), "Text2");
+    Text2 = Named(new TextBox(TextBox::SingleLine, this), "Text2");
     PlaceTwips(Text2, 120, 1860, 3480, 315);
     Text2->SetLocked(true);
     Text2->LineEditor()->setAlignment(Qt::AlignCenter);
-    Image4 = named(new ImageControl(this), "Image4");
+    Image4 = Named(new ImageControl(this), "Image4");
     PlaceTwips(Image4, 3720, 1897, 240, 240);
     Image4->SetPicture(CopyPicture());
     connect(Image4, &ImageControl::Click, this, &frmPwdGen::Image4_Click);
     connect(Image4, &ImageControl::MouseMove, this, [this] { platform::SetCursor(Image4, platform::IDC_HAND); });
 
-    Command4 = named(new QPushButton(this), "Command4");
+    Command4 = Named(new QPushButton(this), "Command4");
     PlaceTwips(Command4, 1320, 2400, 1215, 375);
     connect(Command4, &QPushButton::clicked, this, &frmPwdGen::Command4_Click);
-    Command5 = named(new QPushButton(this), "Command5");
+    Command5 = Named(new QPushButton(this), "Command5");
     PlaceTwips(Command5, 2640, 2400, 1215, 375);
     connect(Command5, &QPushButton::clicked, this, &frmPwdGen::Command5_Click);
 

@@ -228,21 +228,15 @@ void frmMain::buildControls()
     client->setObjectName(QStringLiteral("client"));
     setCentralWidget(client);
 
-    auto named = [](QWidget* w, const char* name) {
-        w->setObjectName(QLatin1String(name));
-        return w;
-    };
-    auto label = [&](const char* name) { return static_cast<QLabel*>(named(new QLabel(client), name)); };
-    auto box = [&](const char* name, TextBox::Kind kind) {
-        return static_cast<TextBox*>(named(new TextBox(kind, client), name));
-    };
-    auto button = [&](const char* name) { return static_cast<QPushButton*>(named(new QPushButton(client), name)); };
+    auto label = [&](const char* name) { return Named(new QLabel(client), name); };
+    auto box = [&](const char* name, TextBox::Kind kind) { return Named(new TextBox(kind, client), name); };
+    auto button = [&](const char* name) { return Named(new QPushButton(client), name); };
 
     Image8 = label("Image8");
     Image8->setAutoFillBackground(true);
     Image8->setBackgroundRole(QPalette::Midlight);
     PlaceTwips(Image8, 0, 0, 9270, 330);
-    Line1 = static_cast<QFrame*>(named(new QFrame(client), "Line1"));
+    Line1 = Named(new QFrame(client), "Line1");
     Line1->setFrameShape(QFrame::HLine);
     Line1->setFrameShadow(QFrame::Sunken);
     PlaceTwips(Line1, 0, 315, 9270, 30);
@@ -291,10 +285,10 @@ void frmMain::buildControls()
     PlaceTwips(Command2, 120, 760, 2415, 375);
     Command2->setVisible(false);
     connect(Command2, &QPushButton::clicked, this, &frmMain::Command2_Click);
-    lstResults = static_cast<ListBox*>(named(new ListBox(true, client), "lstResults"));
+    lstResults = Named(new ListBox(true, client), "lstResults");
     PlaceTwips(lstResults, 120, 840, 2415, 4785);
     connect(lstResults, &ListBox::Click, this, &frmMain::lstResults_Click);
-    lstData2 = static_cast<ListBox*>(named(new ListBox(false, client), "lstData2"));
+    lstData2 = Named(new ListBox(false, client), "lstData2");
     lstData2->setVisible(false);
 
     Label1 = label("Label1");
@@ -308,9 +302,7 @@ void frmMain::buildControls()
     connect(Command1, &QPushButton::clicked, this, &frmMain::Command1_Click);
 
     Label3 = label("Label3");
-    QFont bold = Label3->font();
-    bold.setBold(true);
-    Label3->setFont(bold);
+    MakeBold(Label3);
     PlaceTwips(Label3, 2640, 405, 4335, 330);
 
     struct Field

@@ -28,10 +28,6 @@ frmView::frmView(QWidget* owner)
     setFixedSize(Twips(5775), Twips(4320));
     setWindowModality(Qt::ApplicationModal);
 
-    auto named = [](QWidget* w, const char* name) {
-        w->setObjectName(QLatin1String(name));
-        return w;
-    };
     struct Field
     {
         QLabel** caption;
@@ -53,9 +49,9 @@ frmView::frmView(QWidget* owner)
         { &lblExtra, "lblExtra", &txtExtra, "txtExtra", 2280, 4335, 1455, TextBox::MultiLine },
     };
     for (const Field& f : fields) {
-        *f.caption = static_cast<QLabel*>(named(new QLabel(this), f.captionName));
+        *f.caption = Named(new QLabel(this), f.captionName);
         PlaceTwips(*f.caption, 120, f.top + 30, 1150, 255);
-        *f.control = static_cast<TextBox*>(named(new TextBox(f.kind, this), f.name));
+        *f.control = Named(new TextBox(f.kind, this), f.name);
         PlaceTwips(*f.control, 1320, f.top, f.width, f.height);
         (*f.caption)->setBuddy(*f.control);
     }
@@ -65,29 +61,29 @@ frmView::frmView(QWidget* owner)
 
     CarryIntoCurrentEntry(this, Boxes());
 
-    Image6 = static_cast<ImageControl*>(named(new ImageControl(this), "Image6"));
+    Image6 = Named(new ImageControl(this), "Image6");
     PlaceTwips(Image6, 5340, 1222, 240, 240);
     Image6->SetPicture(GeneratorPicture());
     connect(Image6, &ImageControl::Click, this, &frmView::Image6_Click);
     connect(Image6, &ImageControl::MouseMove, this, [this] { platform::SetCursor(Image6, platform::IDC_HAND); });
-    Command1 = static_cast<QPushButton*>(named(new QPushButton(QStringLiteral("?"), this), "Command1"));
+    Command1 = Named(new QPushButton(QStringLiteral("?"), this), "Command1");
     PlaceTwips(Command1, 5040, 1920, 615, 270);
     connect(Command1, &QPushButton::clicked, this, &frmView::Command1_Click);
 
-    cmdSaveChanges = static_cast<QPushButton*>(named(new QPushButton(this), "cmdSaveChanges"));
+    cmdSaveChanges = Named(new QPushButton(this), "cmdSaveChanges");
     PlaceTwips(cmdSaveChanges, 3360, 3840, 1095, 375);
     cmdSaveChanges->setDefault(true);
     connect(cmdSaveChanges, &QPushButton::clicked, this, &frmView::cmdSaveChanges_Click);
-    Command2 = static_cast<QPushButton*>(named(new QPushButton(this), "Command2"));
+    Command2 = Named(new QPushButton(this), "Command2");
     PlaceTwips(Command2, 4560, 3840, 1095, 375);
     connect(Command2, &QPushButton::clicked, this, &frmView::Command2_Click);
 
     // The picture panel stands at Left 9600, outside the dialog, where nobody sees it.
-    fmePicture = static_cast<QFrame*>(named(new QFrame(this), "fmePicture"));
+    fmePicture = Named(new QFrame(this), "fmePicture");
     PlaceTwips(fmePicture, 9600, 0, 3855, 4935);
-    picPicture = static_cast<QLabel*>(named(new QLabel(fmePicture), "picPicture"));
+    picPicture = Named(new QLabel(fmePicture), "picPicture");
     PlaceTwips(picPicture, 120, 120, 3615, 4215);
-    cmdLoad = static_cast<QPushButton*>(named(new QPushButton(QStringLiteral("Load Picture"), fmePicture), "cmdLoad"));
+    cmdLoad = Named(new QPushButton(QStringLiteral("Load Picture"), fmePicture), "cmdLoad");
     PlaceTwips(cmdLoad, 120, 4440, 1335, 375);
     cmdLoad->setAutoDefault(false);
     connect(cmdLoad, &QPushButton::clicked, this, &frmView::cmdLoad_Click);

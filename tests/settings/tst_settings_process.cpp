@@ -25,15 +25,6 @@ class tst_settings_process : public QObject
         return frmSettings::Loaded();
     }
 
-    // The process that holds the instance lock of the run's world, by the lock file's pid.
-    static qint64 lockHolder(const TestWorld& world)
-    {
-        const QStringList locks = QDir(world.path(QStringLiteral("run"))).entryList({ QStringLiteral("*.lock") });
-        if (locks.isEmpty())
-            return 0;
-        return world.read(QStringLiteral("run/") + locks.first()).split('\n').value(0).toLongLong();
-    }
-
 private Q_SLOTS:
     void cleanup()
     {
@@ -55,8 +46,8 @@ private Q_SLOTS:
 
         // The new process got past the instance test, took the lock and, with Bob preselected
         // and without a password, opened Bob's vault, whose load empties `switch`.
-        QTRY_VERIFY_WITH_TIMEOUT(lockHolder(run.world) > 0, 15000);
-        const qint64 child = lockHolder(run.world);
+        QTRY_VERIFY_WITH_TIMEOUT(run.world.lockHolder() > 0, 15000);
+        const qint64 child = run.world.lockHolder();
         QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(run.data(QStringLiteral("Bob/list.dat"))), 20000);
         QTRY_COMPARE_WITH_TIMEOUT(run.ini(QStringLiteral("config.txt"), Keys::user, Keys::switchTo), QString(), 5000);
         // The question of the switch, and nothing from the new process.

@@ -23,13 +23,6 @@ class tst_transfer : public QObject
         return e;
     }
 
-    static qint64 lockHolder(const TestWorld& world)
-    {
-        const QStringList locks = QDir(world.path(QStringLiteral("run"))).entryList({ QStringLiteral("*.lock") });
-        return locks.isEmpty() ? 0
-                               : world.read(QStringLiteral("run/") + locks.first()).split('\n').value(0).toLongLong();
-    }
-
 private Q_SLOTS:
     void cleanup()
     {
@@ -124,8 +117,8 @@ private Q_SLOTS:
         QCOMPARE(run.vaultOnDisk().size(), 2); // replaced, and the open vault was not written back
 
         // The new process opens the imported vault: its load empties `switch`, and it lists two.
-        QTRY_VERIFY_WITH_TIMEOUT(lockHolder(run.world) > 0, 15000);
-        const qint64 child = lockHolder(run.world);
+        QTRY_VERIFY_WITH_TIMEOUT(run.world.lockHolder() > 0, 15000);
+        const qint64 child = run.world.lockHolder();
         QTRY_COMPARE_WITH_TIMEOUT(run.ini(QStringLiteral("config.txt"), Keys::user, Keys::switchTo), QString(), 20000);
         const QList<EntryRecord> loaded = run.vaultOnDisk();
         QCOMPARE(loaded.size(), 2);
