@@ -6,6 +6,8 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+#include <tuple>
+
 struct PathFrame
 {
     QGroupBox* frame;
@@ -15,6 +17,9 @@ struct PathFrame
     QPushButton* browse; // "..."
     QPushButton* action;
     QPushButton* cancel;
+
+    // In that order, for std::tie onto a window's named members.
+    auto Controls() const { return std::tuple(frame, lead, profile, path, browse, action, cancel); }
 };
 
 // The design-time texts (UTF-8); the cancel button is "&Anuluj".

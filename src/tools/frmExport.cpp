@@ -16,15 +16,10 @@ frmExport::frmExport(QWidget* owner)
     : SingleDialog(owner)
 {
     setObjectName(QStringLiteral("frmExport"));
-    const PathFrame f = MakePathFrame(this, "txtSelected", "Command2", "Command1",
-        { "Eksport...", "Eksportuj...", "Eksport danych użytkownika:", "C:\\tolvane_data.tvd", "&Eksport..." });
-    Frame1 = f.frame;
-    Label2 = f.lead;
-    Label1 = f.profile;
-    txtSelected = f.path;
-    Command3 = f.browse;
-    Command2 = f.action;
-    Command1 = f.cancel;
+    std::tie(Frame1, Label2, Label1, txtSelected, Command3, Command2, Command1)
+        = MakePathFrame(this, "txtSelected", "Command2", "Command1",
+            { "Eksport...", "Eksportuj...", "Eksport danych użytkownika:", "C:\\tolvane_data.tvd", "&Eksport..." })
+              .Controls();
     connect(Command1, &QPushButton::clicked, this, &frmExport::Command1_Click);
     connect(Command2, &QPushButton::clicked, this, &frmExport::Command2_Click);
     connect(Command3, &QPushButton::clicked, this, &frmExport::Command3_Click);

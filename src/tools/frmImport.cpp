@@ -14,15 +14,9 @@ frmImport::frmImport(QWidget* owner)
     : SingleDialog(owner)
 {
     setObjectName(QStringLiteral("frmImport"));
-    const PathFrame f = MakePathFrame(this, "txtZipFName", "Command1", "Command4",
-        { "Import...", "Importuj...", "Import danych użytkownika:", "C:\\", "&Importuj..." });
-    Frame1 = f.frame;
-    Label2 = f.lead;
-    Label1 = f.profile;
-    txtZipFName = f.path;
-    Command3 = f.browse;
-    Command1 = f.action;
-    Command4 = f.cancel;
+    std::tie(Frame1, Label2, Label1, txtZipFName, Command3, Command1, Command4) = MakePathFrame(this, "txtZipFName",
+        "Command1", "Command4", { "Import...", "Importuj...", "Import danych użytkownika:", "C:\\", "&Importuj..." })
+                                                                                      .Controls();
     Command1->setEnabled(false);
     connect(Command1, &QPushButton::clicked, this, &frmImport::Command1_Click);
     connect(Command3, &QPushButton::clicked, this, &frmImport::Command3_Click);
