@@ -5,6 +5,7 @@
 #include "platform/Dialogs.h"
 #include "platform/Files.h"
 #include "platform/Paths.h"
+#include "services/Command.h"
 #include "services/frmContainer.h"
 #include "services/modLanguage.h"
 #include "startup/frmLogin.h"

@@ -1,15 +1,26 @@
 #pragma once
-// Sizes and positions of controls are twips: 15 to a pixel at 96 dpi, the one conversion.
+// Sizes and positions of controls are twips, 1440 to the inch; a pixel is as many twips as the
+// screen's resolution gives (15 at 96 dpi). The one conversion between the two.
+#include <QGuiApplication>
+#include <QScreen>
 #include <QWidget>
+
+#include <cmath>
+
+inline double TwipsPerPixel()
+{
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    return screen ? 1440.0 / screen->logicalDotsPerInchX() : 15.0;
+}
 
 inline int Twips(int twips)
 {
-    return (twips + 7) / 15;
+    return static_cast<int>(std::lround(twips / TwipsPerPixel()));
 }
 
 inline int PixelsToTwips(int pixels)
 {
-    return pixels * 15;
+    return static_cast<int>(std::lround(pixels * TwipsPerPixel()));
 }
 
 // Left, Top, Width, Height in twips.

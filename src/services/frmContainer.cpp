@@ -103,7 +103,7 @@ void frmContainer::Form_MouseMove(int button, int shift, int x, int y)
     Q_UNUSED(shift);
     Q_UNUSED(y);
     // The scale is twips: the message is X over the twips of a pixel.
-    const int message = x / PixelsToTwips(1);
+    const int message = qRound(x / TwipsPerPixel());
     QMenu* menu = frmMain::Instance()->mnuPop;
     switch (message) {
     case platform::WM_LBUTTONUP:

@@ -8,7 +8,7 @@
 #include "services/modLanguage.h"
 #include "services/modRegistry2.h"
 #include "startup/LogIn.h"
-#include "startup/ProgramPictures.h"
+#include "services/ProgramPictures.h"
 #include "startup/modMD5.h"
 #include "storage/DataRoot.h"
 #include "storage/modDirectories.h"

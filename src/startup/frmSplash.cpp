@@ -6,7 +6,7 @@
 #include "platform/Runtime.h"
 #include "platform/Twips.h"
 #include "services/modLanguage.h"
-#include "startup/ProgramPictures.h"
+#include "services/ProgramPictures.h"
 #include "startup/frmLogin.h"
 #include "storage/DataRoot.h"
 #include "storage/modFileExist.h"

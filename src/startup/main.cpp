@@ -1,7 +1,7 @@
 #include "platform/Clipboard.h"
 #include "platform/GuiMessageBox.h"
 #include "platform/Paths.h"
-#include "startup/ProgramPictures.h"
+#include "services/ProgramPictures.h"
 #include "startup/frmSplash.h"
 
 #include <QApplication>

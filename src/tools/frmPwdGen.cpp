@@ -5,7 +5,7 @@
 #include "platform/Random.h"
 #include "platform/Twips.h"
 #include "services/modLanguage.h"
-#include "startup/ProgramPictures.h"
+#include "services/ProgramPictures.h"
 #include "vault/ImageControl.h"
 #include "vault/TextBox.h"
 #include "vault/frmMain.h"

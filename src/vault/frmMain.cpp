@@ -6,8 +6,10 @@
 #include "platform/MessageBox.h"
 #include "platform/Runtime.h"
 #include "platform/Twips.h"
+#include "services/Command.h"
 #include "services/FormSlot.h"
 #include "services/FrmAbout.h"
+#include "services/ProgramPictures.h"
 #include "services/ShellMod.h"
 #include "services/frmAutoUpd.h"
 #include "services/frmContainer.h"
@@ -15,7 +17,6 @@
 #include "services/modLanguage.h"
 #include "services/modLinki.h"
 #include "settings/frmSettings.h"
-#include "startup/ProgramPictures.h"
 #include "storage/DataRoot.h"
 #include "storage/VaultFile.h"
 #include "storage/modDirectories.h"
@@ -38,7 +39,6 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <QStatusBar>
-#include <QStyle>
 
 namespace {
 
@@ -232,52 +232,42 @@ void frmMain::buildControls()
     auto box = [&](const char* name, TextBox::Kind kind) { return Named(new TextBox(kind, client), name); };
     auto button = [&](const char* name) { return Named(new QPushButton(client), name); };
 
+    // A shaded strip with the list's heading and the entry's title on it, and a line under it.
     Image8 = label("Image8");
     Image8->setAutoFillBackground(true);
-    Image8->setBackgroundRole(QPalette::Midlight);
-    PlaceTwips(Image8, 0, 0, 9270, 330);
+    Image8->setBackgroundRole(QPalette::AlternateBase);
+    PlaceTwips(Image8, 0, 360, 9270, 330);
     Line1 = Named(new QFrame(client), "Line1");
     Line1->setFrameShape(QFrame::HLine);
-    Line1->setFrameShadow(QFrame::Sunken);
-    PlaceTwips(Line1, 0, 315, 9270, 30);
+    Line1->setFrameShadow(QFrame::Plain);
+    Line1->setForegroundRole(QPalette::Mid);
+    PlaceTwips(Line1, 0, 675, 9270, 15);
 
-    // The toolbar: pictures without text, at their design Left. Its own pictures come with the
-    // skinned button; until then the style's standard icons stand in.
+    // The toolbar: skinned buttons with pictures and no text, at their design Left.
     struct Tool
     {
-        QPushButton** control;
+        Command** control;
         const char* name;
         int left;
-        QStyle::StandardPixmap icon;
+        QIcon (*picture)();
+        void (frmMain::*click)();
     };
     const Tool tools[] = {
-        { &Command9, "Command9", 120, QStyle::SP_FileIcon },
-        { &Command10, "Command10", 480, QStyle::SP_TrashIcon },
-        { &Command11, "Command11", 900, QStyle::SP_FileDialogDetailedView },
-        { &Command12, "Command12", 1260, QStyle::SP_FileDialogContentsView },
-        { &Command13, "Command13", 1690, QStyle::SP_DialogSaveButton },
-        { &Command14, "Command14", 2060, QStyle::SP_DialogDiscardButton },
-        { &Command15, "Command15", 2420, QStyle::SP_DialogOpenButton },
-        { &Command16, "Command16", 2820, QStyle::SP_ArrowBack },
-        { &Command17, "Command17", 3180, QStyle::SP_ArrowForward },
-        { &Command18, "Command18", 3620, QStyle::SP_FileDialogInfoView },
+        { &Command9, "Command9", 120, &NewEntryPicture, &frmMain::Command9_Click },
+        { &Command10, "Command10", 480, &DeleteEntryPicture, &frmMain::Command10_Click },
+        { &Command11, "Command11", 900, &PrintPicture, &frmMain::mnuReportList_Click },
+        { &Command12, "Command12", 1260, &ReportPicture, &frmMain::mnuReportList_Click },
+        { &Command13, "Command13", 1690, &CopyPicture, &frmMain::Command13_Click },
+        { &Command14, "Command14", 2060, &CutPicture, &frmMain::Command14_Click },
+        { &Command15, "Command15", 2420, &PastePicture, &frmMain::Command15_Click },
+        { &Command16, "Command16", 2820, &UndoPicture, &frmMain::Command16_Click },
+        { &Command17, "Command17", 3180, &RedoPicture, &frmMain::Command17_Click },
+        { &Command18, "Command18", 3620, &SettingsPicture, &frmMain::Command18_Click },
     };
     for (const Tool& t : tools) {
-        *t.control = button(t.name);
-        (*t.control)->setIcon(style()->standardIcon(t.icon));
-        (*t.control)->setFlat(true);
-        PlaceTwips(*t.control, t.left, 0, 375, 375);
+        *t.control = PlacedCommand(client, t.name, t.picture(), t.left, 0, 375);
+        connect(*t.control, &Command::Click, this, t.click);
     }
-    connect(Command9, &QPushButton::clicked, this, &frmMain::Command9_Click);
-    connect(Command10, &QPushButton::clicked, this, &frmMain::Command10_Click);
-    connect(Command13, &QPushButton::clicked, this, &frmMain::Command13_Click);
-    connect(Command14, &QPushButton::clicked, this, &frmMain::Command14_Click);
-    connect(Command15, &QPushButton::clicked, this, &frmMain::Command15_Click);
-    connect(Command16, &QPushButton::clicked, this, &frmMain::Command16_Click);
-    connect(Command17, &QPushButton::clicked, this, &frmMain::Command17_Click);
-    connect(Command18, &QPushButton::clicked, this, &frmMain::Command18_Click);
-    connect(Command11, &QPushButton::clicked, this, &frmMain::mnuReportList_Click);
-    connect(Command12, &QPushButton::clicked, this, &frmMain::mnuReportList_Click);
 
     Label2 = label("Label2");
     PlaceTwips(Label2, 120, 405, 2415, 330);
@@ -296,10 +286,8 @@ void frmMain::buildControls()
     PlaceTwips(Label1, 4080, 0, 1000, 330);
     txtSearch = box("txtSearch", TextBox::SingleLine);
     PlaceTwips(txtSearch, 5160, 20, 2400, 300);
-    Command1 = button("Command1");
-    Command1->setIcon(style()->standardIcon(QStyle::SP_FileDialogContentsView));
-    PlaceTwips(Command1, 7620, 0, 615, 375);
-    connect(Command1, &QPushButton::clicked, this, &frmMain::Command1_Click);
+    Command1 = PlacedCommand(client, "Command1", SearchPicture(), 7620, 0, 615);
+    connect(Command1, &Command::Click, this, &frmMain::Command1_Click);
 
     Label3 = label("Label3");
     MakeBold(Label3);

@@ -10,6 +10,7 @@
 
 #include <optional>
 
+class Command;
 class ImageControl;
 class ListBox;
 class QAction;
@@ -121,14 +122,14 @@ public:
     QAction *mnuOpen, *mnuUpdate, *mnuWWW, *mnuForum, *mnuAbout2, *mnuClose2;
 
     // Toolbar.
-    QPushButton *Command9, *Command10, *Command11, *Command12, *Command13, *Command14, *Command15, *Command16,
-        *Command17, *Command18;
+    Command *Command9, *Command10, *Command11, *Command12, *Command13, *Command14, *Command15, *Command16, *Command17,
+        *Command18;
     QLabel* Image8;
     QFrame* Line1;
 
     QLabel *Label1, *Label2, *Label3, *Label4;
     TextBox* txtSearch;
-    QPushButton* Command1;
+    Command* Command1;
     QPushButton* Command2;
     ListBox* lstResults;
     ListBox* lstData2;

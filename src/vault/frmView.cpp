@@ -8,7 +8,7 @@
 #include "platform/Runtime.h"
 #include "platform/Twips.h"
 #include "services/modLanguage.h"
-#include "startup/ProgramPictures.h"
+#include "services/ProgramPictures.h"
 #include "tools/frmPwdGen.h"
 #include "vault/EntryBoxes.h"
 #include "vault/ImageControl.h"

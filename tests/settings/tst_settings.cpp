@@ -58,7 +58,7 @@ private Q_SLOTS:
         VaultRun run;
         frmMain* main = startWith(run, {});
         QFile::remove(run.data(QStringLiteral("Administrator/cfg.txt")));
-        main->Command18->click(); // the toolbar opens the same window
+        QTest::mouseClick(main->Command18, Qt::LeftButton); // the toolbar opens the same window
         frmSettings* settings = frmSettings::Loaded();
         QVERIFY(settings && settings->isVisible());
         QCOMPARE(settings->parentWidget(), main);

@@ -41,7 +41,7 @@ class tst_report : public QObject
             else if (i == 1)
                 main->mnuPrint->trigger();
             else
-                (i == 2 ? main->Command11 : main->Command12)->click();
+                QTest::mouseClick(i == 2 ? main->Command11 : main->Command12, Qt::LeftButton);
         }
         if (opened != 4)
             return nullptr;

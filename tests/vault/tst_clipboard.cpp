@@ -58,7 +58,7 @@ private Q_SLOTS:
         // No box clicked yet: the five commands do nothing, the copy images work.
         QCOMPARE(main->Label4->text(), QStringLiteral("Label4"));
         main->cmdCopy->trigger();
-        main->Command14->click();
+        QTest::mouseClick(main->Command14, Qt::LeftButton);
         main->cmdPaste->trigger();
         main->mnuUndo->trigger();
         QCOMPARE(clipboard(), QStringLiteral("before"));
@@ -72,7 +72,7 @@ private Q_SLOTS:
         VaultRun::clickInto(main->txtFullName);
         QCOMPARE(main->Label4->text(), QStringLiteral("txtFullName"));
         main->txtFullName->LineEditor()->setSelection(0, 4);
-        main->Command13->click();
+        QTest::mouseClick(main->Command13, Qt::LeftButton);
         QCOMPARE(clipboard(), QStringLiteral("annabel"));
 
         // Tab moves the focus but not the field: the cut acts on the box clicked last.
@@ -87,17 +87,17 @@ private Q_SLOTS:
         // One step of undo: a second undo takes the first back, and redo is that second undo.
         main->mnuUndo->trigger();
         QCOMPARE(main->txtFullName->Text(), QStringLiteral("annabel"));
-        main->Command16->click();
+        QTest::mouseClick(main->Command16, Qt::LeftButton);
         QCOMPARE(main->txtFullName->Text(), QStringLiteral("bel"));
         main->mnuRedo->trigger();
         QCOMPARE(main->txtFullName->Text(), QStringLiteral("annabel"));
-        main->Command17->click();
+        QTest::mouseClick(main->Command17, Qt::LeftButton);
         QCOMPARE(main->txtFullName->Text(), QStringLiteral("bel"));
 
         // Paste at the caret of that same box, and its change reaches the working copy only
         // when the box loses the focus.
         main->txtFullName->LineEditor()->setCursorPosition(0);
-        main->Command15->click();
+        QTest::mouseClick(main->Command15, Qt::LeftButton);
         QCOMPARE(main->txtFullName->Text(), QStringLiteral("annabel"));
         QCOMPARE(currentEntry.name, QByteArray("annabel")); // the table's value, unchanged so far
 
@@ -111,7 +111,7 @@ private Q_SLOTS:
 
         // A locked box refuses cut, paste and undo; the current field stays after the delete.
         platform::SetMessageBoxBackend([](const platform::MessageBoxCall&) { return int(platform::IDYES); });
-        main->Command10->click();
+        QTest::mouseClick(main->Command10, Qt::LeftButton);
         main->Timer1_Timer();
         QVERIFY(main->txtExtra->Locked());
         QCOMPARE(main->Label4->text(), QStringLiteral("txtExtra"));
