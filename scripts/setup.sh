@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Installs what a fresh Debian 12 machine lacks for building and testing Tolvane.
 set -euo pipefail
-packages=(cmake g++ make ccache qt6-base-dev qt6-base-dev-tools libqt6svg6 clang libclang-rt-14-dev xvfb xauth
+packages=(cmake g++ make ccache qt6-base-dev qt6-base-dev-tools libqt6svg6 clang libclang-rt-14-dev xvfb xauth fonts-liberation2 trayer
           xclip xdotool xdg-utils shared-mime-info poppler-utils)
 missing=()
 for p in "${packages[@]}"; do

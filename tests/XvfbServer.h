@@ -13,6 +13,8 @@ class XvfbServer
 public:
     ~XvfbServer()
     {
+        tray.terminate();
+        tray.waitForFinished(3000);
         xvfb.terminate();
         xvfb.waitForFinished(3000);
     }
@@ -42,6 +44,27 @@ public:
                 xvfb.kill();
         }
         return display;
+    }
+
+    // A notification area on this display (trayer), up once its window is; false without it.
+    bool startTray()
+    {
+        const QString host = QStandardPaths::findExecutable(QStringLiteral("trayer"));
+        if (host.isEmpty())
+            return false;
+        tray.setProcessEnvironment(environment());
+        tray.start(host,
+            { QStringLiteral("--edge"), QStringLiteral("top"), QStringLiteral("--align"), QStringLiteral("right"),
+                QStringLiteral("--widthtype"), QStringLiteral("pixel"), QStringLiteral("--width"),
+                QStringLiteral("100"), QStringLiteral("--height"), QStringLiteral("24") });
+        QElapsedTimer waited;
+        waited.start();
+        while (tray.state() != QProcess::NotRunning && waited.elapsed() < 5000
+            && run(QStringLiteral("xdotool"),
+                { QStringLiteral("search"), QStringLiteral("--class"), QStringLiteral("trayer") })
+                   .isEmpty())
+            QTest::qWait(50);
+        return tray.state() == QProcess::Running;
     }
 
     // The environment of a program on this display: no offscreen platform, no program-folder
@@ -75,5 +98,6 @@ public:
     }
 
     QProcess xvfb;
+    QProcess tray;
     QString display;
 };

@@ -1,6 +1,7 @@
 #pragma once
 // Sizes and positions of controls are twips, 1440 to the inch; a pixel is as many twips as the
 // screen's resolution gives (15 at 96 dpi). The one conversion between the two.
+#include <QFontDatabase>
 #include <QGuiApplication>
 #include <QScreen>
 #include <QWidget>
@@ -48,4 +49,16 @@ inline void MakeBold(QWidget* control)
     QFont font = control->font();
     font.setBold(true);
     control->setFont(font);
+}
+
+// The windows are laid out in twips for 8-point text of a narrow sans face, as they were
+// designed: text of the desktop's own size would overrun its boxes. Liberation Sans has the
+// metrics of the face the layout was made with; without it the desktop's face is kept.
+inline void SetDesignFont()
+{
+    QFont font = QGuiApplication::font();
+    if (QFontDatabase::families().contains(QStringLiteral("Liberation Sans")))
+        font.setFamily(QStringLiteral("Liberation Sans"));
+    font.setPointSize(8);
+    QGuiApplication::setFont(font);
 }

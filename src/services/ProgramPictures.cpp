@@ -2,6 +2,7 @@
 
 #include "platform/Twips.h"
 
+#include <QGuiApplication>
 #include <QIconEngine>
 #include <QLinearGradient>
 #include <QPainter>
@@ -351,9 +352,9 @@ QPixmap ButtonBackground(ButtonLook look, qreal devicePixelRatio)
     QPainter p(&pixmap);
     QLinearGradient fill(0, 0, 0, logical.height());
     switch (look) {
-    case ButtonLook::Normal:
-        fill.setColorAt(0, QColor(0xf6, 0xf7, 0xf9));
-        fill.setColorAt(1, QColor(0xe9, 0xec, 0xf0));
+    case ButtonLook::Normal: // flat on the window: at rest only the picture shows
+        fill.setColorAt(0, QGuiApplication::palette().color(QPalette::Window));
+        fill.setColorAt(1, QGuiApplication::palette().color(QPalette::Window));
         break;
     case ButtonLook::Over:
         fill.setColorAt(0, QColor(0xf0, 0xf6, 0xfd));

@@ -1,6 +1,7 @@
 #include "platform/Clipboard.h"
 #include "platform/GuiMessageBox.h"
 #include "platform/Paths.h"
+#include "platform/Twips.h"
 #include "services/ProgramPictures.h"
 #include "startup/frmSplash.h"
 
@@ -14,6 +15,7 @@ int main(int argc, char* argv[])
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Tolvane"));
     QApplication::setWindowIcon(ProgramIcon());
+    SetDesignFont();
     // The run ends by its own commands, not when a window closes: the login hands over to the
     // vault window, and the host window stays when the vault window is closed.
     QApplication::setQuitOnLastWindowClosed(false);

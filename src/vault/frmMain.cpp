@@ -507,18 +507,21 @@ int frmMain::OuterHeight() const
 
 void frmMain::Form_Resize()
 {
-    if (isMinimized())
-        return; // setting the size of a minimised window fails, and is passed over
+    // Failures are passed over: a minimised or maximised window refuses a new size and stays
+    // as it is, and the rules below then run with the size it has.
+    const bool sizeCanBeSet = !(windowState() & (Qt::WindowMinimized | Qt::WindowMaximized | Qt::WindowFullScreen));
     const QString minimumWidth = QStringLiteral("9270");
     const QString minimumHeight = QStringLiteral("7140");
     int W = OuterWidth();
+    if (W <= minimumWidth.toInt() && sizeCanBeSet)
+        W = minimumWidth.toInt();
     int H = OuterHeight();
-    if (W <= minimumWidth.toInt() || H <= minimumHeight.toInt()) {
-        W = qMax(W, minimumWidth.toInt());
-        H = qMax(H, minimumHeight.toInt());
+    if (H <= minimumHeight.toInt() && sizeCanBeSet)
+        H = minimumHeight.toInt();
+    if (W != OuterWidth() || H != OuterHeight())
         resize(Twips(W - 240), Twips(H - 840) + menuBar()->sizeHint().height());
-    }
-    lstResults->resize(lstResults->width(), Twips(Command2->isVisible() ? H - 2350 : H - 2100));
+    // The button's own Visible, which stays set while the window is hidden, tells the mode.
+    lstResults->resize(lstResults->width(), Twips(!Command2->isHidden() ? H - 2350 : H - 2100));
     for (TextBox* b : { txtDetails, txtFullName, txtPhone, txtAge, txtAddress, txtInterests })
         b->resize(Twips(W - 4750), b->height());
     txtExtra->resize(Twips(W - 4050), Twips(H - 4700));

@@ -1,0 +1,211 @@
+// The vault window's layout: the resize rules at and around the minimum in both list modes, a
+// minimised window, the toolbar's hover taking the focus from a box, and the menus as designed.
+#include "VaultRun.h"
+#include "platform/Twips.h"
+#include "vault/ImageControl.h"
+
+#include <QFrame>
+#include <QLabel>
+#include <QMenuBar>
+#include <QPushButton>
+
+namespace {
+
+EntryRecord entry(const char* title, const char* name)
+{
+    EntryRecord e;
+    e.title = title;
+    e.name = name;
+    return e;
+}
+
+// Asks the window for an outer size in twips, as a user's drag would.
+void dragTo(frmMain* main, int W, int H)
+{
+    main->resize(Twips(W - 240), Twips(H - 840) + main->menuBar()->sizeHint().height());
+    QCoreApplication::processEvents();
+}
+
+// Every rule of the layout, for the outer size W by H.
+void checkLayout(const frmMain* main, int W, int H)
+{
+    QCOMPARE(main->OuterWidth(), W);
+    QCOMPARE(main->OuterHeight(), H);
+    const bool results = !main->Command2->isHidden();
+    QCOMPARE(main->lstResults->y(), Twips(results ? 1200 : 840));
+    QCOMPARE(main->lstResults->height(), Twips(results ? H - 2350 : H - 2100));
+    for (const TextBox* b :
+        { main->txtDetails, main->txtFullName, main->txtPhone, main->txtAge, main->txtAddress, main->txtInterests })
+        QCOMPARE(b->width(), Twips(W - 4750));
+    QCOMPARE(main->txtExtra->size(), QSize(Twips(W - 4050), Twips(H - 4700)));
+    QCOMPARE(main->Image8->width(), Twips(W));
+    QCOMPARE(main->Line1->width(), Twips(W));
+    QCOMPARE(main->cmdSaveChanges->pos(), QPoint(Twips(W - 1400), Twips(H - 1600)));
+    for (const ImageControl* image : { main->Image1, main->Image2, main->Image3, main->Image4, main->Image7 })
+        QCOMPARE(image->x(), Twips(W - 850));
+    for (const ImageControl* image : { main->Image5, main->Image6 })
+        QCOMPARE(image->x(), Twips(W - 450));
+}
+
+} // namespace
+
+class tst_layout : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void resizeRulesAroundTheMinimumInBothModes()
+    {
+        VaultRun run;
+        run.writeVault({ entry("Bank", "ann"), entry("Shop", "bob") });
+        frmMain* main = run.start();
+        QVERIFY(main);
+        VaultRun::activate(main);
+        for (const bool results : { false, true }) {
+            if (results) {
+                main->txtSearch->SetText(QStringLiteral("ann"));
+                QTest::mouseClick(main->Command1, Qt::LeftButton);
+                QVERIFY(!main->Command2->isHidden());
+            }
+            // Below the minimum in one direction or both it snaps back; at the minimum and
+            // above it the window keeps its size. Each size is one more pixel than the last.
+            const struct
+            {
+                int askedW, askedH, W, H;
+            } sizes[] = {
+                { 6000, 5040, 9270, 7140 },
+                { 9255, 9000, 9270, 9000 },
+                { 12000, 7125, 12000, 7140 },
+                { 9270, 7140, 9270, 7140 },
+                { 9285, 7155, 9285, 7155 },
+                { 15000, 10500, 15000, 10500 },
+            };
+            for (const auto& s : sizes) {
+                dragTo(main, s.askedW, s.askedH);
+                QTRY_COMPARE(main->OuterWidth(), s.W);
+                QTRY_COMPARE(main->OuterHeight(), s.H);
+                checkLayout(main, s.W, s.H);
+                if (QTest::currentTestFailed()) {
+                    qWarning("asked %d by %d, results mode %d", s.askedW, s.askedH, results);
+                    return;
+                }
+            }
+        }
+        // In results mode the list begins 360 twips lower and ends 110 twips lower.
+        const int resultsBottom = main->lstResults->geometry().bottom();
+        QTest::mouseClick(main->Command2, Qt::LeftButton);
+        QCOMPARE(main->lstResults->y(), Twips(840));
+        QCOMPARE(resultsBottom - main->lstResults->geometry().bottom(),
+            Twips(10500 - 2350 + 1200) - Twips(10500 - 2100 + 840));
+        // The fixed items of the left column and the toolbar never move.
+        QCOMPARE(main->Label2->pos(), QPoint(Twips(120), Twips(405)));
+        QCOMPARE(main->Command2->geometry(), QRect(Twips(120), Twips(760), Twips(2415), Twips(375)));
+        QCOMPARE(main->Command18->geometry(), QRect(Twips(3620), 0, Twips(375), Twips(375)));
+        QCOMPARE(main->Image8->geometry().top(), Twips(360));
+    }
+
+    void minimisedWindowStaysMinimised()
+    {
+        VaultRun run;
+        frmMain* main = run.start();
+        QVERIFY(main);
+        VaultRun::activate(main);
+        dragTo(main, 10005, 8010);
+        QTRY_COMPARE(main->OuterWidth(), 10005);
+        main->showMinimized();
+        QTRY_VERIFY(main->isMinimized());
+        // A resize while minimised below the minimum: the new size is refused silently, the
+        // window stays minimised, and the rules run with the size it has.
+        dragTo(main, 6000, 5000);
+        main->Form_Resize();
+        QVERIFY(main->isMinimized());
+        QCOMPARE(main->OuterWidth(), 6000);
+        QVERIFY(run.boxes.shown.isEmpty());
+        QCOMPARE(main->txtExtra->width(), Twips(main->OuterWidth() - 4050));
+        // Back to normal, it snaps to the minimum.
+        main->showNormal();
+        QTRY_VERIFY(!main->isMinimized());
+        main->Form_Resize();
+        QTRY_COMPARE(main->OuterWidth(), 9270);
+        checkLayout(main, 9270, 7140);
+    }
+
+    void hoverOverTheToolbarCarriesTheBoxIntoTheWorkingCopy()
+    {
+        VaultRun run;
+        run.writeVault({ entry("Bank", "ann") });
+        frmMain* main = run.start();
+        QVERIFY(main);
+        VaultRun::activate(main);
+        VaultRun::clickRow(main->lstResults, 0);
+        QCOMPARE(currentEntry.name, QStringLiteral("ann"));
+
+        VaultRun::type(main->txtFullName, QStringLiteral("-x"));
+        QVERIFY(main->txtFullName->Editor()->hasFocus());
+        QCOMPARE(currentEntry.name, QStringLiteral("ann")); // the box has not been left yet
+        // Merely passing the mouse over a button takes the focus, which leaves the box.
+        QTest::mouseMove(main->Command16);
+        QTRY_VERIFY(main->Command16->hasFocus());
+        QCOMPARE(currentEntry.name, QStringLiteral("-xann"));
+        QCOMPARE(main->Command16->Picture(), main->Command16->PicOver);
+        // Nothing was clicked: the undo of the box did not run, the table is untouched.
+        QCOMPARE(main->txtFullName->Text(), QStringLiteral("-xann"));
+        QCOMPARE(entryTable[1].name, QStringLiteral("ann"));
+    }
+
+    void menusAsDesigned()
+    {
+        VaultRun run;
+        frmMain* main = run.start();
+        QVERIFY(main);
+        // Each menu with its slot, then its entries with theirs; 0 is a separator.
+        const QList<QPair<QString, QList<QPair<QString, int>>>> menus = {
+            { QStringLiteral("mnuFile:206"),
+                { { QStringLiteral("mnuNew"), 207 }, { QStringLiteral("mnuDelete"), 208 }, { {}, 0 },
+                    { QStringLiteral("mnuImport"), 209 }, { QStringLiteral("mnuExport"), 210 }, { {}, 0 },
+                    { QStringLiteral("mnuPrint"), 211 }, { {}, 0 }, { QStringLiteral("mnuClose"), 212 } } },
+            { QStringLiteral("mnuEdit:213"),
+                { { QStringLiteral("mnuUndo"), 214 }, { QStringLiteral("mnuRedo"), 215 }, { {}, 0 },
+                    { QStringLiteral("cmdCut"), 216 }, { QStringLiteral("cmdCopy"), 217 },
+                    { QStringLiteral("cmdPaste"), 218 }, { {}, 0 }, { QStringLiteral("cmdClearClip"), 219 } } },
+            { QStringLiteral("mnuView:220"),
+                { { QStringLiteral("mnuOpenDoc"), 221 }, { QStringLiteral("mnuOpenUrl"), 222 }, { {}, 0 },
+                    { QStringLiteral("mnuRefresh"), 223 } } },
+            { QStringLiteral("mnuReports:224"), { { QStringLiteral("mnuReportList"), 225 } } },
+            { QStringLiteral("mnuTools:226"),
+                { { QStringLiteral("mnuPassGen"), 227 }, { {}, 0 }, { QStringLiteral("mnuSettings"), 228 } } },
+            { QStringLiteral("mnuHelp:229"),
+                { { QStringLiteral("read1"), 232 }, { QStringLiteral("lic1"), 233 }, { QStringLiteral("aktul"), 234 },
+                    { QStringLiteral("strwww"), 235 }, { {}, 0 }, { QStringLiteral("mnuAbout"), 236 } } },
+            { QStringLiteral("mnuPop:0"),
+                { { QStringLiteral("mnuOpen"), 237 }, { {}, 0 }, { QStringLiteral("mnuUpdate"), 234 }, { {}, 0 },
+                    { QStringLiteral("mnuWWW"), 235 }, { QStringLiteral("mnuForum"), 238 }, { {}, 0 },
+                    { QStringLiteral("mnuAbout2"), 236 }, { QStringLiteral("mnuClose2"), 212 } } },
+        };
+        const QList<QAction*> bar = main->menuBar()->actions();
+        for (int m = 0; m < menus.size(); ++m) {
+            const QStringList head = menus[m].first.split(QLatin1Char(':'));
+            auto* menu = main->findChild<QMenu*>(head[0]);
+            QVERIFY2(menu, qPrintable(head[0]));
+            if (head[1] != QStringLiteral("0")) {
+                QCOMPARE(bar.value(m), menu->menuAction()); // in the bar, in this order
+                QCOMPARE(menu->title(), Lang(head[1].toInt()));
+            }
+            const QList<QAction*> entries = menu->actions();
+            QCOMPARE(entries.size(), menus[m].second.size());
+            for (int i = 0; i < entries.size(); ++i) {
+                const auto& [name, slot] = menus[m].second[i];
+                QCOMPARE(entries[i]->isSeparator(), slot == 0);
+                if (slot == 0)
+                    continue;
+                QCOMPARE(entries[i]->objectName(), name);
+                QCOMPARE(entries[i]->text(), Lang(slot));
+                // Nothing is greyed or hidden for want of a selection.
+                QVERIFY(entries[i]->isEnabled() && entries[i]->isVisible());
+            }
+        }
+    }
+};
+
+QTEST_MAIN(tst_layout)
+#include "tst_layout.moc"
