@@ -243,32 +243,6 @@ void frmMain::buildControls()
     Line1->setForegroundRole(QPalette::Mid);
     PlaceTwips(Line1, 0, 675, 9270, 15);
 
-    // The toolbar: skinned buttons with pictures and no text, at their design Left.
-    struct Tool
-    {
-        Command** control;
-        const char* name;
-        int left;
-        QIcon (*picture)();
-        void (frmMain::*click)();
-    };
-    const Tool tools[] = {
-        { &Command9, "Command9", 120, &NewEntryPicture, &frmMain::Command9_Click },
-        { &Command10, "Command10", 480, &DeleteEntryPicture, &frmMain::Command10_Click },
-        { &Command11, "Command11", 900, &PrintPicture, &frmMain::mnuReportList_Click },
-        { &Command12, "Command12", 1260, &ReportPicture, &frmMain::mnuReportList_Click },
-        { &Command13, "Command13", 1690, &CopyPicture, &frmMain::Command13_Click },
-        { &Command14, "Command14", 2060, &CutPicture, &frmMain::Command14_Click },
-        { &Command15, "Command15", 2420, &PastePicture, &frmMain::Command15_Click },
-        { &Command16, "Command16", 2820, &UndoPicture, &frmMain::Command16_Click },
-        { &Command17, "Command17", 3180, &RedoPicture, &frmMain::Command17_Click },
-        { &Command18, "Command18", 3620, &SettingsPicture, &frmMain::Command18_Click },
-    };
-    for (const Tool& t : tools) {
-        *t.control = PlacedCommand(client, t.name, t.picture(), t.left, 0, 375);
-        connect(*t.control, &Command::Click, this, t.click);
-    }
-
     Label2 = label("Label2");
     PlaceTwips(Label2, 120, 405, 2415, 330);
     Command2 = button("Command2");
@@ -342,6 +316,34 @@ void frmMain::buildControls()
     cmdSaveChanges = button("cmdSaveChanges");
     PlaceTwips(cmdSaveChanges, 7680, 5400, 1215, 375);
     connect(cmdSaveChanges, &QPushButton::clicked, this, &frmMain::cmdSaveChanges_Click);
+
+    // The toolbar: skinned buttons with pictures and no text, at their design Left. Made last,
+    // so that the keyboard starts in the list: the toolbar, which reacts to the mouse only,
+    // comes last in the order of the Tab key.
+    struct Tool
+    {
+        Command** control;
+        const char* name;
+        int left;
+        QIcon (*picture)();
+        void (frmMain::*click)();
+    };
+    const Tool tools[] = {
+        { &Command9, "Command9", 120, &NewEntryPicture, &frmMain::Command9_Click },
+        { &Command10, "Command10", 480, &DeleteEntryPicture, &frmMain::Command10_Click },
+        { &Command11, "Command11", 900, &PrintPicture, &frmMain::mnuReportList_Click },
+        { &Command12, "Command12", 1260, &ReportPicture, &frmMain::mnuReportList_Click },
+        { &Command13, "Command13", 1690, &CopyPicture, &frmMain::Command13_Click },
+        { &Command14, "Command14", 2060, &CutPicture, &frmMain::Command14_Click },
+        { &Command15, "Command15", 2420, &PastePicture, &frmMain::Command15_Click },
+        { &Command16, "Command16", 2820, &UndoPicture, &frmMain::Command16_Click },
+        { &Command17, "Command17", 3180, &RedoPicture, &frmMain::Command17_Click },
+        { &Command18, "Command18", 3620, &SettingsPicture, &frmMain::Command18_Click },
+    };
+    for (const Tool& t : tools) {
+        *t.control = PlacedCommand(client, t.name, t.picture(), t.left, 0, 375);
+        connect(*t.control, &Command::Click, this, t.click);
+    }
 
     const int stretches[4] = { 1, 1, 2, 2 };
     for (int i = 0; i < 4; ++i) {
@@ -429,6 +431,22 @@ void frmMain::setCaptions()
     for (const auto& [action, slot] : entries)
         action->setText(Lang(slot));
     Label1->setText(Lang(239));
+    // The toolbar has pictures only; assistive tools name each button after its menu entry.
+    const std::pair<Command*, QAction*> tools[] = {
+        { Command9, mnuNew },
+        { Command10, mnuDelete },
+        { Command11, mnuPrint },
+        { Command12, mnuReportList },
+        { Command13, cmdCopy },
+        { Command14, cmdCut },
+        { Command15, cmdPaste },
+        { Command16, mnuUndo },
+        { Command17, mnuRedo },
+        { Command18, mnuSettings },
+    };
+    for (const auto& [tool, action] : tools)
+        tool->setAccessibleName(action->iconText());
+    Command1->setAccessibleName(Label1->text().remove(QLatin1Char(':')).trimmed());
     Label2->setText(Lang(201));
     SetEntryCaptions({ lblViewID, lblFullName, lblPhone, lblAge, lblAddress, lblInterests, lblExtra });
     Command2->setText(Lang(240));

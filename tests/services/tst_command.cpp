@@ -3,6 +3,7 @@
 #include "platform/Twips.h"
 #include "services/Command.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
@@ -189,6 +190,25 @@ private Q_SLOTS:
         QVERIFY(copy.IsChecked());
         QVERIFY(!copy.PictureNormal().isNull());
         QVERIFY(!copy.Image1->pixmap().isNull());
+    }
+
+    void assistiveToolsSeeAPushButton()
+    {
+        Host host(stored({ { "CHEK", true }, { "CAP", QStringLiteral("Bold") } }));
+        Command* b = host.button;
+        QSignalSpy clicks(b, &Command::Click);
+        QAccessibleInterface* seen = QAccessible::queryAccessibleInterface(b);
+        QVERIFY(seen);
+        QCOMPARE(seen->role(), QAccessible::Button);
+        QCOMPARE(seen->text(QAccessible::Name), QStringLiteral("Bold"));
+        b->setAccessibleName(QStringLiteral("Make bold"));
+        QCOMPARE(seen->text(QAccessible::Name), QStringLiteral("Make bold"));
+        // Its press is a click: the toggle flips and Click is raised.
+        QVERIFY(seen->actionInterface());
+        seen->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+        QCOMPARE(clicks.size(), 1);
+        QVERIFY(b->IsChecked());
+        QVERIFY(seen->state().checked);
     }
 
     void heightIsAlways375Twips()

@@ -4,6 +4,7 @@
 #include "platform/Twips.h"
 #include "vault/ImageControl.h"
 
+#include <QAccessible>
 #include <QFrame>
 #include <QLabel>
 #include <QMenuBar>
@@ -137,6 +138,8 @@ private Q_SLOTS:
         frmMain* main = run.start();
         QVERIFY(main);
         VaultRun::activate(main);
+        // The keyboard starts in the list, not on a toolbar button.
+        QCOMPARE(QApplication::focusWidget(), main->lstResults);
         VaultRun::clickRow(main->lstResults, 0);
         QCOMPARE(currentEntry.name, QStringLiteral("ann"));
 
@@ -204,6 +207,9 @@ private Q_SLOTS:
                 QVERIFY(entries[i]->isEnabled() && entries[i]->isVisible());
             }
         }
+        // The toolbar's buttons have no text; assistive tools name them after their menu entry.
+        QCOMPARE(QAccessible::queryAccessibleInterface(main->Command16)->text(QAccessible::Name),
+            main->mnuUndo->text().remove(QLatin1Char('&')));
     }
 };
 
