@@ -2,7 +2,6 @@
 // A private X server for the tests that need a real display, and the small X tools that drive
 // and read it (xdotool, xclip) run as other processes would.
 #include <QElapsedTimer>
-#include <QFileInfo>
 #include <QProcess>
 #include <QProcessEnvironment>
 #include <QStandardPaths>
@@ -19,30 +18,31 @@ public:
         xvfb.waitForFinished(3000);
     }
 
-    // Starts Xvfb on the first free display from :60; the display name, or "" on failure.
+    // Starts Xvfb on a free display of its own choosing; the display name, or "" on failure.
+    // Xvfb writes the number only once it accepts clients, so nobody connects too early (a
+    // socket file left by an earlier server is no sign of this one).
     QString start()
     {
         const QString server = QStandardPaths::findExecutable(QStringLiteral("Xvfb"));
         if (server.isEmpty())
             return QString();
-        for (int n = 60; n < 100 && display.isEmpty(); ++n) {
-            if (QFileInfo::exists(QStringLiteral("/tmp/.X%1-lock").arg(n)))
-                continue;
-            xvfb.start(server,
-                { QStringLiteral(":%1").arg(n), QStringLiteral("-screen"), QStringLiteral("0"),
-                    QStringLiteral("1280x1024x24"), QStringLiteral("-nolisten"), QStringLiteral("tcp") });
-            if (!xvfb.waitForStarted())
-                return QString();
-            const QString socket = QStringLiteral("/tmp/.X11-unix/X%1").arg(n);
-            QElapsedTimer waited;
-            waited.start();
-            while (xvfb.state() == QProcess::Running && waited.elapsed() < 5000 && !QFileInfo::exists(socket))
-                QTest::qWait(50);
-            if (xvfb.state() == QProcess::Running && QFileInfo::exists(socket))
-                display = QStringLiteral(":%1").arg(n);
-            else
-                xvfb.kill();
+        xvfb.start(server,
+            { QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"), QStringLiteral("0"),
+                QStringLiteral("1280x1024x24"), QStringLiteral("-nolisten"), QStringLiteral("tcp") });
+        if (!xvfb.waitForStarted())
+            return QString();
+        QByteArray number;
+        QElapsedTimer waited;
+        waited.start();
+        while (!number.endsWith('\n') && waited.elapsed() < 10000 && xvfb.state() == QProcess::Running) {
+            xvfb.waitForReadyRead(100);
+            number += xvfb.readAllStandardOutput();
         }
+        if (number.trimmed().isEmpty()) {
+            xvfb.kill();
+            return QString();
+        }
+        display = QLatin1Char(':') + QString::fromLatin1(number.trimmed());
         return display;
     }
 

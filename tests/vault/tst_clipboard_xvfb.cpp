@@ -45,7 +45,18 @@ class tst_clipboard_xvfb : public QObject
         program.start(folder + QStringLiteral("/tolvane"), {});
         QVERIFY(program.waitForStarted());
         QString vault;
-        QTRY_VERIFY_WITH_TIMEOUT(!(vault = x.window(QStringLiteral("^Tolvane - Administrator$"))).isEmpty(), 15000);
+        QTRY_IMPL(!(vault = x.window(QStringLiteral("^Tolvane - Administrator$"))).isEmpty(), 15000);
+        if (vault.isEmpty()) {
+            // What the program said and showed instead, for whoever reads the failure.
+            QFile boxes(folder + QStringLiteral("/../boxes.log"));
+            boxes.open(QIODevice::ReadOnly);
+            qWarning() << "state" << program.state() << "boxes" << boxes.readAll() << "stderr"
+                       << program.readAllStandardError() << "windows"
+                       << x.run(QStringLiteral("xdotool"),
+                              { QStringLiteral("search"), QStringLiteral("--onlyvisible"), QStringLiteral("--name"),
+                                  QStringLiteral("."), QStringLiteral("getwindowname"), QStringLiteral("%@") });
+            QFAIL("the vault window did not come up");
+        }
         x.run(QStringLiteral("xdotool"), { QStringLiteral("windowfocus"), QStringLiteral("--sync"), vault });
         QTest::qWait(300);
         key(QStringLiteral("alt+t"));
