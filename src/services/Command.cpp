@@ -1,9 +1,9 @@
 #include "services/Command.h"
 
 #include "platform/Twips.h"
+#include "services/Accessibility.h"
 #include "services/ProgramPictures.h"
 
-#include <QAccessibleWidget>
 #include <QFocusEvent>
 #include <QLabel>
 #include <QMouseEvent>
@@ -62,40 +62,23 @@ bool MovesBetweenControls(const QFocusEvent* event)
     return event->reason() != Qt::ActiveWindowFocusReason && event->reason() != Qt::PopupFocusReason;
 }
 
-// Assistive tools see a push button named by its caption (or by the name its host gives it),
-// whose press action is a click.
-class CommandAccessible : public QAccessibleWidget
+// A toggle tells assistive tools whether it is checked.
+class CommandAccessible : public ClickableAccessible
 {
 public:
     explicit CommandAccessible(Command* control)
-        : QAccessibleWidget(control, QAccessible::Button)
+        : ClickableAccessible(
+            control, [control] { control->UserControl_Click(); }, [control] { return control->Caption(); })
     {
-    }
-    QString text(QAccessible::Text kind) const override
-    {
-        QString text = QAccessibleWidget::text(kind);
-        if (kind == QAccessible::Name && text.isEmpty())
-            text = command()->Caption();
-        return text;
     }
     QAccessible::State state() const override
     {
-        QAccessible::State state = QAccessibleWidget::state();
-        state.checkable = command()->CanBeChecked();
-        state.checked = command()->CanBeChecked() && command()->IsChecked();
+        QAccessible::State state = ClickableAccessible::state();
+        const auto* control = static_cast<const Command*>(widget());
+        state.checkable = control->CanBeChecked();
+        state.checked = control->CanBeChecked() && control->IsChecked();
         return state;
     }
-    QStringList actionNames() const override { return QStringList(pressAction()) + QAccessibleWidget::actionNames(); }
-    void doAction(const QString& action) override
-    {
-        if (action == pressAction())
-            command()->UserControl_Click();
-        else
-            QAccessibleWidget::doAction(action);
-    }
-
-private:
-    Command* command() const { return static_cast<Command*>(widget()); }
 };
 
 QAccessibleInterface* CommandAccessibleFactory(const QString& className, QObject* object)
@@ -118,7 +101,9 @@ Command::Command(QWidget* parent, const PropertyBag& stored)
 {
     static const bool accessibleInstalled = (QAccessible::installFactory(&CommandAccessibleFactory), true);
     Q_UNUSED(accessibleInstalled);
-    setFocusPolicy(Qt::StrongFocus);
+    // A click gives the focus, as does the mouse passing over; the Tab key passes the button by,
+    // since no key clicks it.
+    setFocusPolicy(Qt::ClickFocus);
     setMouseTracking(true);
 
     const qreal scale = devicePixelRatioF();

@@ -4,8 +4,9 @@
 #include "platform/MessageBox.h"
 #include "platform/Random.h"
 #include "platform/Twips.h"
-#include "services/modLanguage.h"
+#include "services/Accessibility.h"
 #include "services/ProgramPictures.h"
+#include "services/modLanguage.h"
 #include "vault/ImageControl.h"
 #include "vault/TextBox.h"
 #include "vault/frmMain.h"
@@ -119,6 +120,7 @@ void frmPwdGen::Form_Load()
     Label2->setText(Lang(278));
     Command4->setText(Lang(279));
     Command5->setText(Lang(147));
+    Image4->setAccessibleName(ActionOnBox(Lang(217), Lang(278))); // copy, as the menu entry says
 }
 
 void frmPwdGen::Option1_Click()

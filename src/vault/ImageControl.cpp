@@ -1,11 +1,27 @@
 #include "vault/ImageControl.h"
 
+#include "services/Accessibility.h"
+
 #include <QIcon>
 #include <QMouseEvent>
+
+namespace {
+
+QAccessibleInterface* ImageAccessibleFactory(const QString& className, QObject* object)
+{
+    if (className != QLatin1String("ImageControl") || !object || !object->isWidgetType())
+        return nullptr;
+    auto* image = static_cast<ImageControl*>(object);
+    return new ClickableAccessible(image, [image] { Q_EMIT image->Click(); });
+}
+
+} // namespace
 
 ImageControl::ImageControl(QWidget* parent)
     : QLabel(parent)
 {
+    static const bool accessibleInstalled = (QAccessible::installFactory(&ImageAccessibleFactory), true);
+    Q_UNUSED(accessibleInstalled);
     setMouseTracking(true);
     setAlignment(Qt::AlignCenter);
 }

@@ -1,7 +1,10 @@
 #include "vault/TextBox.h"
 
+#include "services/Accessibility.h"
+
 #include <QFocusEvent>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QPlainTextEdit>
@@ -208,4 +211,15 @@ void TextBox::resizeEvent(QResizeEvent* event)
 {
     QWidget::resizeEvent(event);
     Editor()->setGeometry(rect());
+}
+
+void TextBox::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    if (!parentWidget())
+        return;
+    for (const QLabel* caption : parentWidget()->findChildren<QLabel*>(Qt::FindDirectChildrenOnly)) {
+        if (caption->buddy() == this)
+            Editor()->setAccessibleName(SpokenCaption(caption->text()));
+    }
 }

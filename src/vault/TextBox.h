@@ -52,6 +52,9 @@ Q_SIGNALS:
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    // Assistive tools read the box by the caption whose buddy it is; the caption names the
+    // box, not the editor inside it, so the editor takes its name when the box is shown.
+    void showEvent(QShowEvent* event) override;
 
 private:
     bool pressDefaultButton();

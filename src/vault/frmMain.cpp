@@ -6,6 +6,7 @@
 #include "platform/MessageBox.h"
 #include "platform/Runtime.h"
 #include "platform/Twips.h"
+#include "services/Accessibility.h"
 #include "services/Command.h"
 #include "services/FormSlot.h"
 #include "services/FrmAbout.h"
@@ -446,9 +447,16 @@ void frmMain::setCaptions()
     };
     for (const auto& [tool, action] : tools)
         tool->setAccessibleName(action->iconText());
-    Command1->setAccessibleName(Label1->text().remove(QLatin1Char(':')).trimmed());
+    Command1->setAccessibleName(SpokenCaption(Label1->text()));
     Label2->setText(Lang(201));
     SetEntryCaptions({ lblViewID, lblFullName, lblPhone, lblAge, lblAddress, lblInterests, lblExtra });
+    // The pictures beside the boxes, named by what they do and the box they act on.
+    for (const auto& [image, caption] : { std::pair { Image1, lblFullName }, std::pair { Image2, lblPhone },
+             std::pair { Image4, lblAge }, std::pair { Image3, lblAddress } })
+        image->setAccessibleName(ActionOnBox(cmdCopy->text(), caption->text()));
+    Image7->setAccessibleName(SpokenCaption(mnuOpenDoc->text()));
+    Image5->setAccessibleName(SpokenCaption(mnuOpenUrl->text()));
+    Image6->setAccessibleName(SpokenCaption(mnuPassGen->text()));
     Command2->setText(Lang(240));
     cmdSaveChanges->setText(Lang(248));
 }

@@ -7,8 +7,9 @@
 #include "platform/Paths.h"
 #include "platform/Runtime.h"
 #include "platform/Twips.h"
-#include "services/modLanguage.h"
+#include "services/Accessibility.h"
 #include "services/ProgramPictures.h"
+#include "services/modLanguage.h"
 #include "tools/frmPwdGen.h"
 #include "vault/EntryBoxes.h"
 #include "vault/ImageControl.h"
@@ -98,6 +99,7 @@ void frmView::Form_Load()
     SetEntryCaptions({ lblViewID, lblFullName, lblPhone, lblAge, lblAddress, lblInterests, lblExtra });
     cmdSaveChanges->setText(Lang(248));
     Command2->setText(Lang(147));
+    Image6->setAccessibleName(SpokenCaption(Lang(227))); // the generator, as its menu entry says
 }
 
 EntryBoxes frmView::Boxes() const

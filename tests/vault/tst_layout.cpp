@@ -2,9 +2,11 @@
 // minimised window, the toolbar's hover taking the focus from a box, and the menus as designed.
 #include "VaultRun.h"
 #include "platform/Twips.h"
+#include "services/Accessibility.h"
 #include "vault/ImageControl.h"
 
 #include <QAccessible>
+#include <QClipboard>
 #include <QFrame>
 #include <QLabel>
 #include <QMenuBar>
@@ -207,9 +209,35 @@ private Q_SLOTS:
                 QVERIFY(entries[i]->isEnabled() && entries[i]->isVisible());
             }
         }
-        // The toolbar's buttons have no text; assistive tools name them after their menu entry.
-        QCOMPARE(QAccessible::queryAccessibleInterface(main->Command16)->text(QAccessible::Name),
-            main->mnuUndo->text().remove(QLatin1Char('&')));
+    }
+
+    void assistiveToolsFindEveryControlByName()
+    {
+        VaultRun run;
+        run.writeVault({ entry("Bank", "ann") });
+        frmMain* main = run.start();
+        QVERIFY(main);
+        VaultRun::activate(main);
+        auto seen = [](QWidget* w) { return QAccessible::queryAccessibleInterface(w); };
+        // The toolbar's buttons have no text; they are named after their menu entries.
+        QCOMPARE(seen(main->Command16)->role(), QAccessible::Button);
+        QCOMPARE(seen(main->Command16)->text(QAccessible::Name), main->mnuUndo->text().remove(QLatin1Char('&')));
+        QCOMPARE(seen(main->Command1)->text(QAccessible::Name), SpokenCaption(Lang(239)));
+        // A box is read by its caption, without the colon.
+        QCOMPARE(seen(main->txtAge->Editor())->text(QAccessible::Name), SpokenCaption(Lang(244)));
+        QVERIFY(!seen(main->txtAge->Editor())->text(QAccessible::Name).endsWith(QLatin1Char(':')));
+        // The copy picture beside the password box says so, and pressing it copies that box.
+        QAccessibleInterface* copy = seen(main->Image4);
+        QCOMPARE(copy->role(), QAccessible::Button);
+        QCOMPARE(copy->text(QAccessible::Name),
+            SpokenCaption(main->cmdCopy->text()) + QStringLiteral(" - ") + SpokenCaption(Lang(244)));
+        VaultRun::clickRow(main->lstResults, 0);
+        main->txtAge->SetText(QStringLiteral("pw-1"));
+        copy->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+        QCOMPARE(QGuiApplication::clipboard()->text(), QStringLiteral("pw-1"));
+        QCOMPARE(seen(main->Image6)->text(QAccessible::Name), SpokenCaption(main->mnuPassGen->text()));
+        // The toolbar reacts to the mouse only, so the Tab key passes it by.
+        QCOMPARE(main->Command9->focusPolicy(), Qt::ClickFocus);
     }
 };
 

@@ -1,0 +1,26 @@
+#pragma once
+// What assistive tools (screen readers, AT-SPI) see of the program's own controls: the
+// clickable pictures and the skinned buttons are push buttons whose press action clicks them,
+// and a caption read out as a name loses its mnemonic and its colon.
+#include <QAccessibleWidget>
+
+#include <functional>
+
+class ClickableAccessible : public QAccessibleWidget
+{
+public:
+    ClickableAccessible(QWidget* control, std::function<void()> press, std::function<QString()> fallbackName = {});
+    QString text(QAccessible::Text kind) const override;
+    QStringList actionNames() const override;
+    void doAction(const QString& action) override;
+
+private:
+    std::function<void()> press;
+    std::function<QString()> fallbackName;
+};
+
+// "&Password:" read out as "Password".
+QString SpokenCaption(const QString& caption);
+
+// A picture's name: what it does, and the caption of the box it acts on ("Copy - Password").
+QString ActionOnBox(const QString& action, const QString& boxCaption);
