@@ -2,7 +2,8 @@
 # Installs what a fresh Debian 12 machine lacks for building and testing Tolvane.
 set -euo pipefail
 packages=(cmake g++ make ccache qt6-base-dev qt6-base-dev-tools libqt6svg6 clang libclang-rt-14-dev xvfb xauth fonts-liberation2 trayer
-          xclip xdotool xdg-utils shared-mime-info poppler-utils dpkg-dev)
+          xclip xdotool xdg-utils shared-mime-info poppler-utils dpkg-dev
+          dbus at-spi2-core python3-pyatspi)
 missing=()
 for p in "${packages[@]}"; do
     dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")

@@ -1,5 +1,8 @@
 #include "services/Accessibility.h"
 
+#include <QTimer>
+#include <QWidget>
+
 ClickableAccessible::ClickableAccessible(
     QWidget* control, std::function<void()> pressed, std::function<QString()> nameWhenUnnamed)
     : QAccessibleWidget(control, QAccessible::Button)
@@ -23,8 +26,10 @@ QStringList ClickableAccessible::actionNames() const
 
 void ClickableAccessible::doAction(const QString& action)
 {
+    // After the reply: a click that opens a modal window would keep the assistive tool waiting
+    // for an answer until the window closed.
     if (action == pressAction())
-        press();
+        QTimer::singleShot(0, widget(), [click = press] { click(); });
     else
         QAccessibleWidget::doAction(action);
 }

@@ -71,6 +71,9 @@ public:
             control, [control] { control->UserControl_Click(); }, [control] { return control->Caption(); })
     {
     }
+    // The backgrounds, frame parts, icon and caption are the button's look, not controls.
+    int childCount() const override { return 0; }
+    QAccessibleInterface* child(int) const override { return nullptr; }
     QAccessible::State state() const override
     {
         QAccessible::State state = ClickableAccessible::state();

@@ -260,6 +260,7 @@ void frmMain::buildControls()
     Label1->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     PlaceTwips(Label1, 4080, 0, 1000, 330);
     txtSearch = box("txtSearch", TextBox::SingleLine);
+    Label1->setBuddy(txtSearch);
     PlaceTwips(txtSearch, 5160, 20, 2400, 300);
     Command1 = PlacedCommand(client, "Command1", SearchPicture(), 7620, 0, 615);
     connect(Command1, &Command::Click, this, &frmMain::Command1_Click);

@@ -206,7 +206,8 @@ private Q_SLOTS:
         // Its press is a click: the toggle flips and Click is raised.
         QVERIFY(seen->actionInterface());
         seen->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
-        QCOMPARE(clicks.size(), 1);
+        QCOMPARE(clicks.size(), 0); // after the tool has its answer
+        QTRY_COMPARE(clicks.size(), 1);
         QVERIFY(b->IsChecked());
         QVERIFY(seen->state().checked);
     }
