@@ -96,9 +96,12 @@ frmSettings::frmSettings(QWidget* owner)
     TabStrip1->setExpanding(false);
     for (int i = 0; i < 3; ++i)
         TabStrip1->addTab(QString());
+    // Click comes with every change of tab, by the mouse, the keyboard or an assistive tool,
+    // and with a click on the tab already chosen.
+    connect(TabStrip1, &QTabBar::currentChanged, this, [this] { TabStrip1_Click(); });
     connect(TabStrip1, &QTabBar::tabBarClicked, this, [this](int index) {
-        TabStrip1->setCurrentIndex(index);
-        TabStrip1_Click();
+        if (index == TabStrip1->currentIndex())
+            TabStrip1_Click();
     });
     Frame2 = Placed(new QGroupBox(this), "Frame2", 120, 480, 7200, 4320);
     Frame5 = Placed(new QGroupBox(this), "Frame5", 120, 480, 7200, 4320);
