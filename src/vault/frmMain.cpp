@@ -122,7 +122,7 @@ frmMain::frmMain()
     Timer3->setInterval(1000);
     connect(Timer3, &QTimer::timeout, this, &frmMain::Timer3_Timer);
     // The design client area is 9030 by 6300 twips below the menu bar.
-    resize(Twips(9030), Twips(6300) + menuBar()->sizeHint().height());
+    SetOuterSize(9030 + frameWidth, 6300 + frameHeight);
 }
 
 void frmMain::buildMenus()
@@ -524,12 +524,17 @@ void frmMain::Form_Unload()
 
 int frmMain::OuterWidth() const
 {
-    return PixelsToTwips(width()) + 240;
+    return PixelsToTwips(width()) + frameWidth;
 }
 
 int frmMain::OuterHeight() const
 {
-    return PixelsToTwips(height() - menuBar()->sizeHint().height()) + 840;
+    return PixelsToTwips(height() - menuBar()->sizeHint().height()) + frameHeight;
+}
+
+void frmMain::SetOuterSize(int W, int H)
+{
+    resize(Twips(W - frameWidth), Twips(H - frameHeight) + menuBar()->sizeHint().height());
 }
 
 void frmMain::Form_Resize()
@@ -546,7 +551,7 @@ void frmMain::Form_Resize()
     if (H <= minimumHeight.toInt() && sizeCanBeSet)
         H = minimumHeight.toInt();
     if (W != OuterWidth() || H != OuterHeight())
-        resize(Twips(W - 240), Twips(H - 840) + menuBar()->sizeHint().height());
+        SetOuterSize(W, H);
     // The button's own Visible, which stays set while the window is hidden, tells the mode.
     lstResults->resize(lstResults->width(), Twips(!Command2->isHidden() ? H - 2350 : H - 2100));
     for (TextBox* b : { txtDetails, txtFullName, txtPhone, txtAge, txtAddress, txtInterests })

@@ -101,9 +101,13 @@ public:
     // Clears lstResults and adds the title of every entry from 1 on.
     void FillWithAllTitles();
 
-    // The outer size of the window in twips, as the layout rules read it.
+    // The outer size of the window in twips, as the layout rules read and set it: the client
+    // area below the menu bar and the frame of the original platform around it.
     int OuterWidth() const;
     int OuterHeight() const;
+    void SetOuterSize(int W, int H);
+    static constexpr int frameWidth = 240;
+    static constexpr int frameHeight = 840;
 
     // Menus and their entries, by name.
     QMenu* mnuFile;

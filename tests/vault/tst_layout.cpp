@@ -25,7 +25,7 @@ EntryRecord entry(const char* title, const char* name)
 // Asks the window for an outer size in twips, as a user's drag would.
 void dragTo(frmMain* main, int W, int H)
 {
-    main->resize(Twips(W - 240), Twips(H - 840) + main->menuBar()->sizeHint().height());
+    main->SetOuterSize(W, H);
     QCoreApplication::processEvents();
 }
 
