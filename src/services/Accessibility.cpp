@@ -48,3 +48,13 @@ QString ActionOnBox(const QString& action, const QString& boxCaption)
 {
     return SpokenCaption(action) + QStringLiteral(" - ") + SpokenCaption(boxCaption);
 }
+
+void SetTabOrder(std::initializer_list<QWidget*> order)
+{
+    QWidget* previous = nullptr;
+    for (QWidget* w : order) {
+        if (previous)
+            QWidget::setTabOrder(previous, w);
+        previous = w;
+    }
+}

@@ -5,6 +5,7 @@
 #include <QAccessibleWidget>
 
 #include <functional>
+#include <initializer_list>
 
 class ClickableAccessible : public QAccessibleWidget
 {
@@ -24,3 +25,7 @@ QString SpokenCaption(const QString& caption);
 
 // A picture's name: what it does, and the caption of the box it acts on ("Copy - Password").
 QString ActionOnBox(const QString& action, const QString& boxCaption);
+
+// Puts the controls one after the other in the order of the Tab key, each where its focus
+// really goes (a box's editor rather than its frame).
+void SetTabOrder(std::initializer_list<QWidget*> order);

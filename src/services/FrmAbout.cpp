@@ -3,6 +3,7 @@
 #include "platform/Cursor.h"
 #include "platform/Runtime.h"
 #include "platform/Twips.h"
+#include "services/Accessibility.h"
 #include "services/UpdateCheck.h"
 #include "services/modLanguage.h"
 #include "services/modLinki.h"
@@ -24,6 +25,7 @@ FrmAbout::FrmAbout(QWidget* owner)
     auto link = [this](const char* name, int left, int top, int width) {
         auto* l = Placed(new ImageControl(this), name, left, top, width, 285);
         l->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+        l->SetTabStop(true);
         QPalette blue = l->palette();
         blue.setColor(QPalette::WindowText, QColor(0, 0, 255));
         l->setPalette(blue);
@@ -79,6 +81,10 @@ void FrmAbout::Form_Load()
     for (ImageControl* l : { Label15, Label16, Label17 })
         l->setText(Lang(135));
     Label14->setText(QUrl(ServerAddress()).host());
+    // Each link is read by the caption of its row; three of them say the same "Go >>".
+    for (const auto& [link, caption] : { std::pair { Label14, Label81 }, std::pair { Label15, Label7 },
+             std::pair { Label16, Label8 }, std::pair { Label17, Label9 } })
+        link->setAccessibleName(SpokenCaption(caption->text()));
     Label1->setText(LocalVersionText());
     const QString name = platform::GetComputerNameA().left(256);
     Label4->setText(name.left(name.indexOf(QChar(0))));

@@ -86,9 +86,11 @@ frmPwdGen::frmPwdGen(QWidget* owner)
     PlaceTwips(Text2, 120, 1860, 3480, 315);
     Text2->SetLocked(true);
     Text2->LineEditor()->setAlignment(Qt::AlignCenter);
+    Label2->setBuddy(Text2);
     Image4 = Named(new ImageControl(this), "Image4");
     PlaceTwips(Image4, 3720, 1897, 240, 240);
     Image4->SetPicture(CopyPicture());
+    Image4->SetTabStop(true);
     connect(Image4, &ImageControl::Click, this, &frmPwdGen::Image4_Click);
     connect(Image4, &ImageControl::MouseMove, this, [this] { platform::SetCursor(Image4, platform::IDC_HAND); });
 
@@ -121,6 +123,8 @@ void frmPwdGen::Form_Load()
     Command4->setText(Lang(279));
     Command5->setText(Lang(147));
     Image4->setAccessibleName(ActionOnBox(Lang(217), Lang(278))); // copy, as the menu entry says
+    // The length has no caption of its own: it counts the characters the frame beside it chooses.
+    Text1->Editor()->setAccessibleName(SpokenCaption(Lang(273)));
 }
 
 void frmPwdGen::Option1_Click()

@@ -4,6 +4,8 @@
 
 #include <QIcon>
 #include <QMouseEvent>
+#include <QStyleOptionFocusRect>
+#include <QStylePainter>
 
 namespace {
 
@@ -12,7 +14,9 @@ QAccessibleInterface* ImageAccessibleFactory(const QString& className, QObject* 
     if (className != QLatin1String("ImageControl") || !object || !object->isWidgetType())
         return nullptr;
     auto* image = static_cast<ImageControl*>(object);
-    return new ClickableAccessible(image, [image] { Q_EMIT image->Click(); });
+    // A picture is named where it is made; a link reads its own text.
+    return new ClickableAccessible(
+        image, [image] { Q_EMIT image->Click(); }, [image] { return image->text(); });
 }
 
 } // namespace
@@ -30,6 +34,33 @@ void ImageControl::SetPicture(const QIcon& icon)
 {
     picture = icon;
     setPixmap(picture.pixmap(size()));
+}
+
+void ImageControl::SetTabStop(bool stop)
+{
+    setFocusPolicy(stop ? Qt::TabFocus : Qt::NoFocus);
+}
+
+void ImageControl::keyPressEvent(QKeyEvent* event)
+{
+    const int key = event->key();
+    if ((event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier
+        && (key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter)) {
+        Q_EMIT Click();
+        return;
+    }
+    QLabel::keyPressEvent(event);
+}
+
+void ImageControl::paintEvent(QPaintEvent* event)
+{
+    QLabel::paintEvent(event);
+    if (!hasFocus())
+        return;
+    QStylePainter painter(this);
+    QStyleOptionFocusRect focus;
+    focus.initFrom(this);
+    painter.drawPrimitive(QStyle::PE_FrameFocusRect, focus);
 }
 
 void ImageControl::mouseMoveEvent(QMouseEvent* event)

@@ -1,6 +1,8 @@
 #pragma once
 // The runtime's Image control: a picture with a Click event (left button released over it)
-// and a MouseMove event, where the windows put up the hand cursor.
+// and a MouseMove event, where the windows put up the hand cursor. A picture that does
+// something can be made a stop of the Tab key, where Space or Enter clicks it; the mouse
+// still never gives it the focus, so a click leaves the focus where it was.
 #include <QLabel>
 
 class ImageControl : public QLabel
@@ -10,12 +12,15 @@ public:
     explicit ImageControl(QWidget* parent = nullptr);
     // A picture of the control's size, drawn sharp at the screen's scale.
     void SetPicture(const QIcon& icon);
+    void SetTabStop(bool stop);
 
 Q_SIGNALS:
     void Click();
     void MouseMove();
 
 protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;

@@ -319,9 +319,8 @@ void frmMain::buildControls()
     PlaceTwips(cmdSaveChanges, 7680, 5400, 1215, 375);
     connect(cmdSaveChanges, &QPushButton::clicked, this, &frmMain::cmdSaveChanges_Click);
 
-    // The toolbar: skinned buttons with pictures and no text, at their design Left. Made last,
-    // so that the keyboard starts in the list: the toolbar, which reacts to the mouse only,
-    // comes last in the order of the Tab key.
+    // The toolbar: skinned buttons with pictures and no text, at their design Left. They react
+    // to the mouse only; the Tab key passes them by.
     struct Tool
     {
         Command** control;
@@ -346,6 +345,11 @@ void frmMain::buildControls()
         *t.control = PlacedCommand(client, t.name, t.picture(), t.left, 0, 375);
         connect(*t.control, &Command::Click, this, t.click);
     }
+
+    // The Tab key as the eye goes: the search box at the top, the list, then each box with the
+    // pictures beside it.
+    SetTabOrder({ txtSearch, Command2, lstResults, txtDetails, txtFullName, Image1, txtPhone, Image2, txtAge, Image4,
+        Image6, txtAddress, Image3, Image5, txtInterests, Image7, txtExtra, cmdSaveChanges });
 
     const int stretches[4] = { 1, 1, 2, 2 };
     for (int i = 0; i < 4; ++i) {
@@ -381,6 +385,7 @@ void frmMain::buildImages(QWidget* client)
         image->setObjectName(QLatin1String(p.name));
         PlaceTwips(image, p.left, p.top, 240, 240);
         image->SetPicture(p.picture());
+        image->SetTabStop(true);
         connect(image, &ImageControl::Click, this, p.click);
         connect(image, &ImageControl::MouseMove, this, [image] { platform::SetCursor(image, platform::IDC_HAND); });
         *p.control = image;
@@ -449,7 +454,7 @@ void frmMain::setCaptions()
     for (const auto& [tool, action] : tools)
         tool->setAccessibleName(action->iconText());
     Command1->setAccessibleName(SpokenCaption(Label1->text()));
-    Label2->setText(Lang(201));
+    setListHeading(Lang(201));
     SetEntryCaptions({ lblViewID, lblFullName, lblPhone, lblAge, lblAddress, lblInterests, lblExtra });
     // The pictures beside the boxes, named by what they do and the box they act on.
     for (const auto& [image, caption] : { std::pair { Image1, lblFullName }, std::pair { Image2, lblPhone },
@@ -460,6 +465,13 @@ void frmMain::setCaptions()
     Image6->setAccessibleName(SpokenCaption(mnuPassGen->text()));
     Command2->setText(Lang(240));
     cmdSaveChanges->setText(Lang(248));
+}
+
+void frmMain::setListHeading(const QString& heading)
+{
+    Label2->setText(heading);
+    // The list is read by its heading, which tells a search's results from the whole list.
+    lstResults->setAccessibleName(SpokenCaption(heading));
 }
 
 void frmMain::setPanel(int panel, const QString& text)
@@ -489,7 +501,7 @@ void frmMain::Form_Load()
     entryTable.ReDim(1, static_cast<int>(load.entries.size()));
     for (int i = 1; i <= load.entries.size() && entryTable.Has(i); ++i)
         entryTable[i] = load.entries.at(i - 1);
-    Label2->setText(Lang(201));
+    setListHeading(Lang(201));
     FillWithAllTitles();
 
     const int rows = lstResults->ListCount();
@@ -602,7 +614,7 @@ void frmMain::Command1_Click()
     } else if (txtSearch->Text().isEmpty()) {
         platform::MsgBox(Lang(196), 64);
     } else {
-        Label2->setText(Lang(197));
+        setListHeading(Lang(197));
         lstResults->Clear();
         const QString needle = txtSearch->Text().toLower();
         for (int i = 1; i <= entryTable.UBound(); ++i) {
@@ -617,7 +629,7 @@ void frmMain::Command1_Click()
 
 void frmMain::Command2_Click()
 {
-    Label2->setText(Lang(201));
+    setListHeading(Lang(201));
     lstResults->move(lstResults->x(), Twips(840));
     Command2->setVisible(false);
     FillWithAllTitles();
@@ -626,7 +638,7 @@ void frmMain::Command2_Click()
 
 void frmMain::mnuRefresh_Click()
 {
-    Label2->setText(Lang(201));
+    setListHeading(Lang(201));
     lstResults->move(lstResults->x(), Twips(840));
     Form_Resize();
     Command2->setVisible(false);

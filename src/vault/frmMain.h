@@ -158,6 +158,7 @@ private:
     void buildControls();
     void setCaptions();
     void setPanel(int panel, const QString& text);
+    void setListHeading(const QString& heading);
     void LoadSelectedEntry();
     void showCurrentEntry();
     void deleteSelected(int noSelectionSlot);

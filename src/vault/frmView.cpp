@@ -65,6 +65,7 @@ frmView::frmView(QWidget* owner)
     Image6 = Named(new ImageControl(this), "Image6");
     PlaceTwips(Image6, 5340, 1222, 240, 240);
     Image6->SetPicture(GeneratorPicture());
+    Image6->SetTabStop(true);
     connect(Image6, &ImageControl::Click, this, &frmView::Image6_Click);
     connect(Image6, &ImageControl::MouseMove, this, [this] { platform::SetCursor(Image6, platform::IDC_HAND); });
     Command1 = Named(new QPushButton(QStringLiteral("?"), this), "Command1");
@@ -78,6 +79,7 @@ frmView::frmView(QWidget* owner)
     Command2 = Named(new QPushButton(this), "Command2");
     PlaceTwips(Command2, 4560, 3840, 1095, 375);
     connect(Command2, &QPushButton::clicked, this, &frmView::Command2_Click);
+    SetTabOrder({ txtAge, Image6, txtAddress, txtInterests, Command1, txtExtra, cmdSaveChanges, Command2 });
 
     // The picture panel stands at Left 9600, outside the dialog, where nobody sees it.
     fmePicture = Named(new QFrame(this), "fmePicture");
@@ -100,6 +102,7 @@ void frmView::Form_Load()
     cmdSaveChanges->setText(Lang(248));
     Command2->setText(Lang(147));
     Image6->setAccessibleName(SpokenCaption(Lang(227))); // the generator, as its menu entry says
+    Command1->setAccessibleName(ActionOnBox(Lang(229), lblInterests->text())); // "?": help on the document box
 }
 
 EntryBoxes frmView::Boxes() const

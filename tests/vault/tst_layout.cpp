@@ -140,8 +140,8 @@ private Q_SLOTS:
         frmMain* main = run.start();
         QVERIFY(main);
         VaultRun::activate(main);
-        // The keyboard starts in the list, not on a toolbar button.
-        QCOMPARE(QApplication::focusWidget(), main->lstResults);
+        // The keyboard starts in the search box at the top, not on a toolbar button.
+        QCOMPARE(QApplication::focusWidget(), main->txtSearch->Editor());
         VaultRun::clickRow(main->lstResults, 0);
         QCOMPARE(currentEntry.name, QStringLiteral("ann"));
 
