@@ -222,6 +222,7 @@ void frmSettings::setCaptions()
     for (int n = 1; n <= 5; ++n)
         optionBox(n)->setText(Lang(319 + n));
     Check14->setText(Lang(319));
+    lstData->setAccessibleName(Frame6->title()); // the profiles, read by their page's name
     Label43->setText(Lang(325));
     Command1->setText(Lang(248));
     Command14->setText(Lang(147));

@@ -50,6 +50,8 @@ void frmPassRemind::Form_Load()
     Label4->setText(frmSettings::Instance()->Label10->text());
     const QString settings = DataFolder() + Label4->text() + QStringLiteral("\\settings.txt");
     Label1->setText(GetIni(Keys::settings, Keys::question, settings));
+    // The answer box alone would be read without the question it answers.
+    Text1->setAccessibleDescription(Label1->text());
     Text2->setText(GetIni(Keys::settings, Keys::answer, settings));
     Text3->setText(GetIni(Keys::settings, Keys::password, settings));
 }

@@ -1,6 +1,7 @@
 #include "tools/PathFrame.h"
 
 #include "platform/Twips.h"
+#include "services/Accessibility.h"
 
 PathFrame MakePathFrame(
     QWidget* window, const char* pathName, const char* actionName, const char* cancelName, const PathFrameTexts& texts)
@@ -25,4 +26,11 @@ PathFrame MakePathFrame(
     f.action->setText(QString::fromUtf8(texts.action));
     f.cancel->setText(QStringLiteral("&Anuluj"));
     return f;
+}
+
+void NamePathFrame(
+    QLineEdit* path, const QLabel* lead, const QLabel* profile, QPushButton* browse, const QString& browseDialogTitle)
+{
+    path->setAccessibleName(SpokenCaption(lead->text()) + QLatin1Char(' ') + profile->text());
+    browse->setAccessibleName(SpokenCaption(browseDialogTitle));
 }

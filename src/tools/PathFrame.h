@@ -34,3 +34,9 @@ struct PathFrameTexts
 
 PathFrame MakePathFrame(
     QWidget* window, const char* pathName, const char* actionName, const char* cancelName, const PathFrameTexts& texts);
+
+// What a screen reader calls the path and the "..." beside it, once the captions are in place:
+// the path by the lead and the profile ("Export the data of user Ann"), the browse button by the
+// dialog it opens.
+void NamePathFrame(
+    QLineEdit* path, const QLabel* lead, const QLabel* profile, QPushButton* browse, const QString& browseDialogTitle);

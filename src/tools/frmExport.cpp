@@ -33,6 +33,7 @@ void frmExport::Form_Load()
     Label2->setText(Lang(180));
     Command2->setText(Lang(179));
     Command1->setText(Lang(147));
+    NamePathFrame(txtSelected, Label2, Label1, Command3, Lang(177));
 }
 
 QString frmExport::BrowseForFolder(const QString& path)

@@ -10,6 +10,14 @@
 #include "storage/modIni2.h"
 #include "tools/PathFrame.h"
 
+namespace {
+// The open dialog's title, this text in every language.
+QString OpenTitle()
+{
+    return QString::fromUtf8("Otwórz...");
+}
+} // namespace
+
 frmImport::frmImport(QWidget* owner)
     : SingleDialog(owner)
 {
@@ -31,12 +39,13 @@ void frmImport::Form_Load()
     Label2->setText(Lang(184));
     Command1->setText(Lang(183));
     Command4->setText(Lang(147));
+    NamePathFrame(txtZipFName, Label2, Label1, Command3, OpenTitle());
 }
 
 void frmImport::Command3_Click()
 {
-    // The title is this text in every language. A cancel withdraws an earlier choice.
-    const QString chosen = platform::ShowOpenFile(this, QString::fromUtf8("Otwórz..."), Lang(182));
+    // A cancel withdraws an earlier choice.
+    const QString chosen = platform::ShowOpenFile(this, OpenTitle(), Lang(182));
     txtZipFName->setText(chosen.isEmpty() ? QStringLiteral("C:\\") : chosen);
     Command1->setEnabled(!chosen.isEmpty());
 }

@@ -56,6 +56,7 @@ void frmRaport::Form_Load()
     Command1->setText(Lang(281));
     Command2->setText(Lang(282));
     Command4->setText(Lang(147));
+    TxtLaporan->Editor()->setAccessibleName(Lang(280)); // the box is the report
     const frmMain* main = frmMain::Loaded();
     TxtLaporan->SetText(ReportText(main ? main->lstResults->ListCount() : 0));
 }
