@@ -1,0 +1,295 @@
+// Every window as a keyboard and screen-reader user meets it: the Tab key walks round each
+// window in the order its controls are seen (top to bottom, left to right), without being
+// caught in a box, and every control it stops at has a name and a role an assistive tool reads.
+#include "VaultRun.h"
+#include "platform/Clipboard.h"
+#include "settings/frmSettings.h"
+#include "startup/frmPassChange.h"
+#include "startup/frmPassRemind.h"
+#include "startup/modMD5.h"
+#include "tools/frmPwdGen.h"
+#include "vault/ImageControl.h"
+
+#include <QPushButton>
+#include <QTabBar>
+
+#include <QAccessible>
+#include <QClipboard>
+#include <QRadioButton>
+
+#include <algorithm>
+
+namespace {
+
+struct Stop
+{
+    QWidget* widget;
+    QString name;
+    QAccessible::Role role;
+    QRect rect; // in the window's coordinates
+};
+
+QString Describe(const Stop& s)
+{
+    return QStringLiteral("%1 (%2) \"%3\" at %4,%5")
+        .arg(s.widget->objectName(), QString::fromLatin1(s.widget->metaObject()->className()), s.name)
+        .arg(s.rect.x())
+        .arg(s.rect.y());
+}
+
+// The widget that holds the focus in the window: its own, as the window may not be active.
+QWidget* Focused(QWidget* window)
+{
+    QWidget* w = window->focusWidget();
+    return w ? w : QApplication::focusWidget();
+}
+
+// The stops of the Tab key from the window's first one round to it again. A stop seen twice
+// before the first comes back is a trap and ends the walk with the failure recorded.
+QList<Stop> TabWalk(QWidget* window, QString& failure)
+{
+    QWidget* first = nullptr;
+    for (QWidget* w = window->nextInFocusChain(); w && w != window; w = w->nextInFocusChain()) {
+        if ((w->focusPolicy() & Qt::TabFocus) && w->isVisibleTo(window) && w->isEnabled() && !w->focusProxy()) {
+            first = w;
+            break;
+        }
+    }
+    if (!first)
+        return {};
+    first->setFocus(Qt::TabFocusReason);
+    QList<Stop> stops;
+    for (int i = 0; i < 100; ++i) {
+        QWidget* now = Focused(window);
+        if (!stops.isEmpty() && now == stops.first().widget)
+            return stops;
+        for (const Stop& s : stops) {
+            if (s.widget == now) {
+                failure = QStringLiteral("Tab goes round without the first stop: ") + Describe(s);
+                return stops;
+            }
+        }
+        QAccessibleInterface* seen = QAccessible::queryAccessibleInterface(now);
+        stops.append({ now, seen ? seen->text(QAccessible::Name) : QString(), seen ? seen->role() : QAccessible::NoRole,
+            QRect(now->mapTo(window, QPoint(0, 0)), now->size()) });
+        QTest::keyClick(now, Qt::Key_Tab);
+    }
+    failure = QStringLiteral("Tab never comes back to the first stop");
+    return stops;
+}
+
+// The next stop b is seen after the stops before it (the last of them a): on a's line (the two
+// overlap from top to bottom) and further right, or lower down, or at the head of a column to
+// the right of the column a ends (the run of stops just before b that lie above one another).
+bool ReadAfter(const QList<QRect>& before, const QRect& b)
+{
+    const QRect& a = before.last();
+    const bool sameLine = a.top() < b.bottom() && b.top() < a.bottom();
+    if (sameLine ? b.left() > a.left() : b.top() > a.top())
+        return true;
+    QRect column = a;
+    for (qsizetype i = before.size() - 2; i >= 0; --i) {
+        const QRect& r = before[i];
+        if (r.right() < column.left() || r.left() > column.right())
+            break;
+        column |= r;
+    }
+    return b.left() > column.right() && b.top() >= column.top() && b.top() < column.bottom();
+}
+
+// A control a click or an assistive tool's press sets going.
+bool Pressable(QWidget* w)
+{
+    QAccessibleInterface* seen = QAccessible::queryAccessibleInterface(w);
+    return seen && seen->actionInterface()
+        && seen->actionInterface()->actionNames().contains(QAccessibleActionInterface::pressAction());
+}
+
+// What is wrong with the window for a keyboard and a screen reader, as lines; empty when nothing.
+// The toolbar's skinned buttons, the radio buttons after the first of a group (the arrow keys
+// reach them) and the controls named in mouseOnly are allowed to stay out of the Tab order.
+QStringList Audit(QWidget* window, const QStringList& mouseOnly)
+{
+    QString failure;
+    const QList<Stop> stops = TabWalk(window, failure);
+    QStringList faults;
+    if (!failure.isEmpty())
+        faults << failure;
+    QList<QWidget*> reached;
+    QList<QRect> seen;
+    for (int i = 0; i < stops.size(); ++i) {
+        const Stop& s = stops[i];
+        reached << s.widget;
+        if (qEnvironmentVariableIsSet("TOLVANE_PRINT_TAB_ORDER"))
+            qInfo().noquote() << window->objectName() << i << Describe(s);
+        if (s.name.trimmed().isEmpty())
+            faults << QStringLiteral("no name: ") + Describe(s);
+        if (s.role == QAccessible::NoRole || s.role == QAccessible::Client)
+            faults << QStringLiteral("no role: ") + Describe(s);
+        // A combo box is named by its value here; its caption comes as the label of a relation.
+        if (s.role == QAccessible::ComboBox && s.widget->accessibleName().isEmpty()
+            && QAccessible::queryAccessibleInterface(s.widget)->relations(QAccessible::Label).isEmpty())
+            faults << QStringLiteral("no caption: ") + Describe(s);
+        for (int j = 0; j < i; ++j) {
+            if (stops[j].name == s.name && stops[j].role == s.role)
+                faults << QStringLiteral("named as another: ") + Describe(s);
+        }
+        if (i > 0 && !ReadAfter(seen, s.rect))
+            faults << QStringLiteral("out of order: ") + Describe(s) + QStringLiteral(" after ")
+                    + Describe(stops[i - 1]);
+        seen << s.rect;
+    }
+    for (QWidget* w : window->findChildren<QWidget*>()) {
+        if (!w->isVisibleTo(window) || !w->isEnabled() || reached.contains(w) || !Pressable(w)
+            || qobject_cast<Command*>(w) || mouseOnly.contains(w->objectName()))
+            continue;
+        if (auto* radio = qobject_cast<QRadioButton*>(w); radio && radio->autoExclusive()) {
+            const auto group = w->parentWidget()->findChildren<QRadioButton*>(Qt::FindDirectChildrenOnly);
+            if (std::any_of(group.begin(), group.end(), [&reached](QWidget* r) { return reached.contains(r); }))
+                continue;
+        }
+        faults << QStringLiteral("out of the keyboard's reach: ") + w->objectName() + QLatin1Char(' ')
+                + QString::fromLatin1(w->metaObject()->className());
+    }
+    return faults;
+}
+
+} // namespace
+
+class tst_keyboard_access : public QObject
+{
+    Q_OBJECT
+
+    QStringList faults;
+
+    void audit(QWidget* window, const QStringList& mouseOnly = {})
+    {
+        for (const QString& f : Audit(window, mouseOnly))
+            faults << window->objectName() + QStringLiteral(": ") + f;
+    }
+
+    // Runs the command and audits the modal window it opens, which is then closed.
+    void auditModal(const std::function<void()>& command)
+    {
+        bool seen = false;
+        VaultRun::onNextModal([this, &seen](QWidget* w) {
+            seen = true;
+            audit(w);
+            w->close();
+        });
+        command();
+        QVERIFY(seen);
+    }
+
+private Q_SLOTS:
+    void everyWindowWalksInOrderAndIsNamed()
+    {
+        VaultRun run;
+        EntryRecord mail;
+        mail.title = "Mail";
+        run.writeVault({ mail });
+        frmMain* main = run.start();
+        QVERIFY(main);
+        VaultRun::activate(main);
+        audit(main);
+        // A search brings the button back to the whole list above it.
+        main->txtSearch->SetText(QStringLiteral("mail"));
+        main->Command1_Click();
+        QVERIFY(main->Command2->isVisible());
+        main->setObjectName(QStringLiteral("frmMain searching"));
+        audit(main);
+        main->setObjectName(QStringLiteral("frmMain"));
+        auditModal([main] { main->mnuNew->trigger(); });
+        auditModal([main] { main->mnuPassGen->trigger(); });
+        auditModal([main] { main->mnuReportList->trigger(); });
+        auditModal([main] { main->mnuExport->trigger(); });
+        auditModal([main] { main->mnuImport->trigger(); });
+        VaultRun::onNextModal([this](QWidget* w) {
+            audit(w, { QStringLiteral("Label1") }); // the version, whose click closes the box as OK does
+            w->close();
+        });
+        main->mnuAbout->trigger();
+        auditModal([main] { main->mnuUpdate->trigger(); });
+
+        // The settings window, each of its pages, and the profile dialogs of the last one.
+        main->mnuSettings->trigger();
+        frmSettings* settings = frmSettings::Loaded();
+        QVERIFY(settings);
+        for (int page = 0; page < settings->TabStrip1->count(); ++page) {
+            settings->TabStrip1->setCurrentIndex(page);
+            settings->setObjectName(QStringLiteral("frmSettings page %1").arg(page + 1));
+            audit(settings);
+        }
+        auditModal([settings] { settings->Command8->click(); });
+        settings->Command11->click();
+        QVERIFY(frmPassChange::Loaded());
+        audit(frmPassChange::Loaded());
+        frmPassChange::Unload();
+        run.setIni(
+            QStringLiteral("Administrator/settings.txt"), Keys::settings, Keys::question, QStringLiteral("Pet?"));
+        settings->Command12->click();
+        QVERIFY(frmPassRemind::Loaded());
+        audit(frmPassRemind::Loaded());
+        // The answer box is read with the question it answers.
+        QCOMPARE(QAccessible::queryAccessibleInterface(frmPassRemind::Loaded()->Text1)->text(QAccessible::Description),
+            QStringLiteral("Pet?"));
+        frmPassRemind::Unload();
+        settings->Command14_Click();
+
+        // The login that asks for a password.
+        run.close();
+        run.setIni(
+            QStringLiteral("Administrator/settings.txt"), Keys::settings, Keys::password, MD5Hex(QStringLiteral("pw")));
+        run.start();
+        QVERIFY(run.login());
+        audit(run.login());
+        if (!faults.isEmpty())
+            QFAIL(qPrintable(faults.join(QLatin1Char('\n'))));
+    }
+
+    // The pictures beside the boxes: Tab reaches them and Space or Enter clicks them, while a
+    // mouse click leaves the focus in the box, as the runtime's pictures never take it.
+    void picturesAreTabStopsThatKeysPressAndTheMouseLeavesAlone()
+    {
+        VaultRun run;
+        EntryRecord mail;
+        mail.title = "Mail";
+        mail.age = "secret-pass";
+        run.writeVault({ mail });
+        frmMain* main = run.start();
+        QVERIFY(main);
+        VaultRun::activate(main);
+        VaultRun::clickRow(main->lstResults, 0);
+        main->Timer1_Timer();
+        QCOMPARE(main->txtAge->Text(), QStringLiteral("secret-pass"));
+
+        VaultRun::clickInto(main->txtAge);
+        QApplication::clipboard()->setText(QStringLiteral("before"));
+        QTest::mouseClick(main->Image4, Qt::LeftButton);
+        QCOMPARE(platform::ClipboardText(), QStringLiteral("secret-pass"));
+        QCOMPARE(QApplication::focusWidget(), main->txtAge->Editor());
+
+        QApplication::clipboard()->setText(QStringLiteral("before"));
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        QCOMPARE(QApplication::focusWidget(), main->Image4);
+        QTest::keyClick(main->Image4, Qt::Key_Space);
+        QCOMPARE(platform::ClipboardText(), QStringLiteral("secret-pass"));
+
+        QTest::keyClick(main->Image4, Qt::Key_Tab);
+        QCOMPARE(QApplication::focusWidget(), main->Image6);
+        bool generator = false;
+        VaultRun::onNextModal([&generator](QWidget* w) {
+            generator = qobject_cast<frmPwdGen*>(w);
+            w->close();
+        });
+        QTest::keyClick(main->Image6, Qt::Key_Return);
+        QVERIFY(generator);
+        // A modifier makes it no press.
+        QApplication::clipboard()->setText(QStringLiteral("before"));
+        QTest::keyClick(main->Image4, Qt::Key_Space, Qt::ControlModifier);
+        QCOMPARE(platform::ClipboardText(), QStringLiteral("before"));
+    }
+};
+
+QTEST_MAIN(tst_keyboard_access)
+#include "tst_keyboard_access.moc"
