@@ -102,6 +102,15 @@ public:
         ShowLogin();
         return frmMain::Loaded();
     }
+    // The vault window over these entries, active; null when it did not come up.
+    frmMain* startActive(const QList<EntryRecord>& entries)
+    {
+        writeVault(entries);
+        frmMain* main = start();
+        if (main)
+            activate(main);
+        return main;
+    }
 
     // The tree as the first start leaves it, plus the profiles named, each listed in users.txt
     // after Administrator and with its marker. No window is left open.

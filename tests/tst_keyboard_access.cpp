@@ -187,10 +187,8 @@ private Q_SLOTS:
         VaultRun run;
         EntryRecord mail;
         mail.title = "Mail";
-        run.writeVault({ mail });
-        frmMain* main = run.start();
+        frmMain* main = run.startActive({ mail });
         QVERIFY(main);
-        VaultRun::activate(main);
         audit(main);
         // A search brings the button back to the whole list above it.
         main->txtSearch->SetText(QStringLiteral("mail"));
@@ -255,10 +253,8 @@ private Q_SLOTS:
         EntryRecord mail;
         mail.title = "Mail";
         mail.age = "secret-pass";
-        run.writeVault({ mail });
-        frmMain* main = run.start();
+        frmMain* main = run.startActive({ mail });
         QVERIFY(main);
-        VaultRun::activate(main);
         VaultRun::clickRow(main->lstResults, 0);
         main->Timer1_Timer();
         QCOMPARE(main->txtAge->Text(), QStringLiteral("secret-pass"));

@@ -74,10 +74,8 @@ private Q_SLOTS:
         VaultRun run;
         EntryRecord e;
         e.title = "Mail";
-        run.writeVault({ e });
-        frmMain* main = run.start();
+        frmMain* main = run.startActive({ e });
         QVERIFY(main);
-        VaultRun::activate(main);
         main->close(); // saved and gone; the host stays
         QVERIFY(!frmMain::Loaded());
         QVERIFY(frmContainer::Loaded());

@@ -109,10 +109,8 @@ private Q_SLOTS:
         EntryRecord e;
         e.title = "Mail";
         e.age = "old-pass";
-        run.writeVault({ e });
-        frmMain* main = run.start();
+        frmMain* main = run.startActive({ e });
         QVERIFY(main);
-        VaultRun::activate(main);
 
         // Opened from the menu: no target, Use never enabled, the copy still works.
         VaultRun::onNextModal([](QWidget* w) {

@@ -60,10 +60,8 @@ private Q_SLOTS:
     void resizeRulesAroundTheMinimumInBothModes()
     {
         VaultRun run;
-        run.writeVault({ entry("Bank", "ann"), entry("Shop", "bob") });
-        frmMain* main = run.start();
+        frmMain* main = run.startActive({ entry("Bank", "ann"), entry("Shop", "bob") });
         QVERIFY(main);
-        VaultRun::activate(main);
         for (const bool results : { false, true }) {
             if (results) {
                 main->txtSearch->SetText(QStringLiteral("ann"));
@@ -136,10 +134,8 @@ private Q_SLOTS:
     void hoverOverTheToolbarCarriesTheBoxIntoTheWorkingCopy()
     {
         VaultRun run;
-        run.writeVault({ entry("Bank", "ann") });
-        frmMain* main = run.start();
+        frmMain* main = run.startActive({ entry("Bank", "ann") });
         QVERIFY(main);
-        VaultRun::activate(main);
         // The keyboard starts in the search box at the top, not on a toolbar button.
         QCOMPARE(QApplication::focusWidget(), main->txtSearch->Editor());
         VaultRun::clickRow(main->lstResults, 0);
@@ -214,10 +210,8 @@ private Q_SLOTS:
     void assistiveToolsFindEveryControlByName()
     {
         VaultRun run;
-        run.writeVault({ entry("Bank", "ann") });
-        frmMain* main = run.start();
+        frmMain* main = run.startActive({ entry("Bank", "ann") });
         QVERIFY(main);
-        VaultRun::activate(main);
         auto seen = [](QWidget* w) { return QAccessible::queryAccessibleInterface(w); };
         // The toolbar's buttons have no text; they are named after their menu entries.
         QCOMPARE(seen(main->Command16)->role(), QAccessible::Button);
