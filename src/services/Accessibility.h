@@ -26,6 +26,6 @@ QString SpokenCaption(const QString& caption);
 // A picture's name: what it does, and the caption of the box it acts on ("Copy - Password").
 QString ActionOnBox(const QString& action, const QString& boxCaption);
 
-// Puts the controls one after the other in the order of the Tab key, each where its focus
-// really goes (a box's editor rather than its frame).
+// Puts the controls one after the other in the order of the Tab key (a box with an editor inside
+// is named by the box: the toolkit puts its editor, where the focus goes, in its place).
 void SetTabOrder(std::initializer_list<QWidget*> order);
