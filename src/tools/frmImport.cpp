@@ -12,10 +12,7 @@
 
 namespace {
 // The open dialog's title, this text in every language.
-QString OpenTitle()
-{
-    return QString::fromUtf8("Otwórz...");
-}
+const QString openTitle = QString::fromUtf8("Otwórz...");
 } // namespace
 
 frmImport::frmImport(QWidget* owner)
@@ -39,13 +36,13 @@ void frmImport::Form_Load()
     Label2->setText(Lang(184));
     Command1->setText(Lang(183));
     Command4->setText(Lang(147));
-    NamePathFrame(txtZipFName, Label2, Label1, Command3, OpenTitle());
+    NamePathFrame(txtZipFName, Label2, Label1, Command3, openTitle);
 }
 
 void frmImport::Command3_Click()
 {
     // A cancel withdraws an earlier choice.
-    const QString chosen = platform::ShowOpenFile(this, OpenTitle(), Lang(182));
+    const QString chosen = platform::ShowOpenFile(this, openTitle, Lang(182));
     txtZipFName->setText(chosen.isEmpty() ? QStringLiteral("C:\\") : chosen);
     Command1->setEnabled(!chosen.isEmpty());
 }
