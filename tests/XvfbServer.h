@@ -14,36 +14,32 @@ public:
     {
         tray.terminate();
         tray.waitForFinished(3000);
-        xvfb.terminate();
-        xvfb.waitForFinished(3000);
+        stop();
     }
 
     // Starts Xvfb on a free display of its own choosing; the display name, or "" on failure.
     // Xvfb writes the number only once it accepts clients, so nobody connects too early (a
-    // socket file left by an earlier server is no sign of this one).
+    // socket file left by an earlier server is no sign of this one). A server that still turns
+    // a client away is replaced by a new one; what it said goes to the log.
     QString start()
     {
-        const QString server = QStandardPaths::findExecutable(QStringLiteral("Xvfb"));
-        if (server.isEmpty())
-            return QString();
-        xvfb.start(server,
-            { QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"), QStringLiteral("0"),
-                QStringLiteral("1280x1024x24"), QStringLiteral("-nolisten"), QStringLiteral("tcp") });
-        if (!xvfb.waitForStarted())
-            return QString();
-        QByteArray number;
-        QElapsedTimer waited;
-        waited.start();
-        while (!number.endsWith('\n') && waited.elapsed() < 10000 && xvfb.state() == QProcess::Running) {
-            xvfb.waitForReadyRead(100);
-            number += xvfb.readAllStandardOutput();
+        for (int attempt = 0; attempt < 3; ++attempt) {
+            if (launch() && answers())
+                return display;
+            qWarning().noquote() << "Xvfb did not take a client, attempt" << attempt + 1 << report();
+            stop();
         }
-        if (number.trimmed().isEmpty()) {
-            xvfb.kill();
-            return QString();
-        }
-        display = QLatin1Char(':') + QString::fromLatin1(number.trimmed());
+        display.clear();
         return display;
+    }
+
+    // How the server is doing, for whoever reads a failure: its state and what it wrote.
+    QString report()
+    {
+        return QStringLiteral("display %1, %2, exit code %3, it said: %4")
+            .arg(display, xvfb.state() == QProcess::Running ? QStringLiteral("running") : QStringLiteral("not running"))
+            .arg(xvfb.exitCode())
+            .arg(QString::fromLocal8Bit(xvfb.readAllStandardError()).trimmed());
     }
 
     // A notification area on this display (trayer), up once its window is; false without it.
@@ -100,4 +96,58 @@ public:
     QProcess xvfb;
     QProcess tray;
     QString display;
+
+private:
+    bool launch()
+    {
+        const QString server = QStandardPaths::findExecutable(QStringLiteral("Xvfb"));
+        if (server.isEmpty())
+            return false;
+        // -noreset: by default the server starts over each time its last client leaves, and a
+        // client that comes at that moment is turned away ("could not connect to display") or
+        // left waiting for ever. Every xdotool call here is a client that comes and goes.
+        xvfb.start(server,
+            { QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-noreset"), QStringLiteral("-screen"),
+                QStringLiteral("0"), QStringLiteral("1280x1024x24"), QStringLiteral("-nolisten"),
+                QStringLiteral("tcp") });
+        if (!xvfb.waitForStarted())
+            return false;
+        QByteArray number;
+        QElapsedTimer waited;
+        waited.start();
+        while (!number.endsWith('\n') && waited.elapsed() < 10000 && xvfb.state() == QProcess::Running) {
+            xvfb.waitForReadyRead(100);
+            number += xvfb.readAllStandardOutput();
+        }
+        display = QLatin1Char(':') + QString::fromLatin1(number.trimmed());
+        return !number.trimmed().isEmpty();
+    }
+
+    // A real client on the display: the server is there and lets it in.
+    bool answers() const
+    {
+        QElapsedTimer waited;
+        waited.start();
+        do {
+            QProcess probe;
+            probe.setProcessEnvironment(environment());
+            probe.start(QStringLiteral("xdotool"), { QStringLiteral("getdisplaygeometry") });
+            if (probe.waitForFinished(5000) && probe.exitStatus() == QProcess::NormalExit && probe.exitCode() == 0)
+                return true;
+            QTest::qWait(200);
+        } while (waited.elapsed() < 5000);
+        return false;
+    }
+
+    // Terminated, not killed: a killed server leaves its socket file and lock behind.
+    void stop()
+    {
+        if (xvfb.state() == QProcess::NotRunning)
+            return;
+        xvfb.terminate();
+        if (!xvfb.waitForFinished(10000)) {
+            xvfb.kill();
+            xvfb.waitForFinished(3000);
+        }
+    }
 };

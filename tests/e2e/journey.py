@@ -55,7 +55,9 @@ root = os.path.join(world, "root")
 subprocess.check_call(["dpkg", "-x", deb, root])
 program = os.path.join(root, "usr/bin/tolvane")
 
-xvfb = subprocess.Popen(["Xvfb", "-displayfd", "1", "-screen", "0", "1280x1024x24", "-nolisten", "tcp"],
+# -noreset: otherwise the server starts over whenever its last client leaves, and a client that
+# comes at that moment is turned away or left waiting.
+xvfb = subprocess.Popen(["Xvfb", "-displayfd", "1", "-noreset", "-screen", "0", "1280x1024x24", "-nolisten", "tcp"],
                         stdout=subprocess.PIPE)
 os.environ["DISPLAY"] = ":" + xvfb.stdout.readline().decode().strip()
 # In a process group of its own, so that its bus daemon and registry go with it at the end.
@@ -207,6 +209,11 @@ def start():
 # ---- the journey ----
 
 try:
+    step("the X server takes a client")
+    wait_for("the X server on " + os.environ["DISPLAY"],
+             lambda: subprocess.call(["xdotool", "getdisplaygeometry"], stdout=subprocess.DEVNULL,
+                                     stderr=subprocess.DEVNULL, timeout=5) == 0, 10)
+
     step("a fresh start: one message before any language is chosen, then the vault")
     first = start()
     answer_message("Failed loading selected language")

@@ -50,7 +50,7 @@ class tst_clipboard_xvfb : public QObject
             // What the program said and showed instead, for whoever reads the failure.
             QFile boxes(folder + QStringLiteral("/../boxes.log"));
             boxes.open(QIODevice::ReadOnly);
-            qWarning() << "state" << program.state() << "boxes" << boxes.readAll() << "stderr"
+            qWarning() << "server" << x.report() << "state" << program.state() << "boxes" << boxes.readAll() << "stderr"
                        << program.readAllStandardError() << "windows"
                        << x.run(QStringLiteral("xdotool"),
                               { QStringLiteral("search"), QStringLiteral("--onlyvisible"), QStringLiteral("--name"),
