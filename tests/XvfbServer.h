@@ -19,16 +19,14 @@ public:
 
     // Starts Xvfb on a free display of its own choosing; the display name, or "" on failure.
     // Xvfb writes the number only once it accepts clients, so nobody connects too early (a
-    // socket file left by an earlier server is no sign of this one). A server that still turns
-    // a client away is replaced by a new one; what it said goes to the log.
+    // socket file left by an earlier server is no sign of this one); a first client is let in
+    // before the display is handed out, and what a server that failed said goes to the log.
     QString start()
     {
-        for (int attempt = 0; attempt < 3; ++attempt) {
-            if (launch() && answers())
-                return display;
-            qWarning().noquote() << "Xvfb did not take a client, attempt" << attempt + 1 << report();
-            stop();
-        }
+        if (launch() && answers())
+            return display;
+        qWarning().noquote() << "Xvfb did not take a client:" << report();
+        stop();
         display.clear();
         return display;
     }
