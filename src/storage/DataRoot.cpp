@@ -16,9 +16,9 @@ QString DataRoot()
 QString DataFolder()
 {
     const QString folder = DataRoot() + QStringLiteral("\\Brenmark\\Tolvane\\data\\");
-    // Profile names are joined onto this folder for a delete: an empty name or "." would name
-    // the folder itself. Whatever names it, the delete refuses it and everything above it.
-    platform::ProtectFolder(folder);
+    // The tree the program works in: no write or delete below it follows a link, and a delete
+    // never takes it or anything above it, whatever profile name is joined onto it.
+    platform::AddWorkingFolder(folder);
     return folder;
 }
 

@@ -1,19 +1,27 @@
 #include "platform/Files.h"
 
 #include "platform/Paths.h"
+#include "platform/linux/ParentFolder.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
+#include <QRandomGenerator>
 
 #include <cerrno>
+#include <csignal>
+#include <dirent.h>
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace platform {
 namespace {
 
-constexpr QFile::Permissions privateFile = QFile::ReadOwner | QFile::WriteOwner;
+constexpr mode_t privateFile = S_IRUSR | S_IWUSR;
+constexpr mode_t privateProgram = S_IRUSR | S_IWUSR | S_IXUSR;
+// How many links a write outside the working folders follows to its file.
+constexpr int linkLimit = 8;
 
 int errnoToError(int e)
 {
@@ -24,9 +32,8 @@ int errnoToError(int e)
     case EACCES:
     case EPERM:
     case EROFS:
+    case ELOOP:
         return ErrPermissionDenied;
-    case EEXIST:
-        return ErrPathFileAccess;
     default:
         return ErrPathFileAccess;
     }
@@ -39,10 +46,278 @@ bool driveMissing(const QString& path)
         && DriveRoot(path.at(0)).isEmpty();
 }
 
-QStringList& protectedFolders()
+QStringList& registeredFolders()
 {
     static QStringList folders;
     return folders;
+}
+
+DiskSpaceHook& diskSpaceHook()
+{
+    static DiskSpaceHook hook;
+    return hook;
+}
+
+// Native, absolute, without a trailing separator (but "/" itself).
+QString nativeOf(const QString& path)
+{
+    QString native = ToNative(path);
+    if (native.isEmpty())
+        return native;
+    native = QFileInfo(native).absoluteFilePath();
+    while (native.size() > 1 && native.endsWith(QLatin1Char('/')))
+        native.chop(1);
+    return native;
+}
+
+QStringList workingFolders()
+{
+    QStringList folders;
+    for (const QString& folder : std::as_const(registeredFolders())) {
+        const QString native = nativeOf(folder);
+        if (!native.isEmpty())
+            folders << native;
+    }
+    folders << NativeProgramDir();
+    for (const QString& letter : DriveLetters()) {
+        if (letter != QLatin1String("C") && letter != QLatin1String("Z"))
+            folders << DriveRoot(letter.at(0));
+    }
+    return folders;
+}
+
+bool statAt(const ParentFolder& parent, struct stat& info)
+{
+    return ::fstatat(parent.fd(), parent.name().constData(), &info, AT_SYMLINK_NOFOLLOW) == 0;
+}
+
+// Opens a regular file for reading without waiting on a pipe or a device.
+int openRegular(const QString& native, struct stat& info, ReadOutcome& outcome)
+{
+    const int fd = ::open(QFile::encodeName(native).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
+    if (fd < 0) {
+        outcome = errno == ENOENT || errno == ENOTDIR ? ReadOutcome::Missing
+            : errno == EACCES || errno == EPERM       ? ReadOutcome::NotPermitted
+            : errno == EISDIR                         ? ReadOutcome::NotAFile
+                                                      : ReadOutcome::Failed;
+        return -1;
+    }
+    if (::fstat(fd, &info) != 0 || !S_ISREG(info.st_mode)) {
+        outcome = ReadOutcome::NotAFile;
+        ::close(fd);
+        return -1;
+    }
+    outcome = ReadOutcome::Read;
+    return fd;
+}
+
+ReadOutcome readAll(const QString& native, qint64 limit, QByteArray& bytes)
+{
+    struct stat info
+    {
+    };
+    ReadOutcome outcome = ReadOutcome::Failed;
+    const int fd = openRegular(native, info, outcome);
+    if (fd < 0)
+        return outcome;
+    QByteArray out;
+    char chunk[65536];
+    for (;;) {
+        const ssize_t n = ::read(fd, chunk, sizeof chunk);
+        if (n < 0 && errno == EINTR)
+            continue;
+        if (n < 0) {
+            outcome = ReadOutcome::Failed;
+            break;
+        }
+        if (n == 0)
+            break;
+        if (limit >= 0 && out.size() + n > limit) {
+            outcome = ReadOutcome::TooLarge;
+            break;
+        }
+        out.append(chunk, n);
+    }
+    ::close(fd);
+    if (outcome == ReadOutcome::Read)
+        bytes = out;
+    return outcome;
+}
+
+bool writeAll(int fd, const QByteArray& bytes, qint64 room)
+{
+    qint64 done = 0;
+    while (done < bytes.size()) {
+        qint64 size = bytes.size() - done;
+        if (room >= 0 && done + size > room)
+            size = room - done;
+        if (size <= 0) {
+            errno = ENOSPC;
+            return false;
+        }
+        const ssize_t n = ::write(fd, bytes.constData() + done, static_cast<size_t>(size));
+        if (n < 0 && errno == EINTR)
+            continue;
+        if (n <= 0)
+            return false;
+        done += n;
+    }
+    return true;
+}
+
+// "list.dat" -> "list.dat.tolvane-<pid>-<random>.tmp": the process is in the name, so that a
+// leftover tells whether its save may still be running.
+QByteArray temporaryName(const QByteArray& name)
+{
+    return name + ".tolvane-" + QByteArray::number(::getpid()) + '-'
+        + QByteArray::number(QRandomGenerator::global()->generate(), 36) + ".tmp";
+}
+
+bool isLeftover(const QByteArray& entry)
+{
+    const qsizetype mark = entry.lastIndexOf(".tolvane-");
+    if (mark < 0 || !entry.endsWith(".tmp"))
+        return false;
+    const QByteArray tail = entry.mid(mark + 9, entry.size() - mark - 9 - 4);
+    bool ok = false;
+    const qint64 pid = tail.left(tail.indexOf('-')).toLongLong(&ok);
+    if (!ok || pid <= 0)
+        return false;
+    return ::kill(static_cast<pid_t>(pid), 0) != 0 && errno == ESRCH;
+}
+
+void removeLeftovers(int folder)
+{
+    const int copy = ::dup(folder);
+    DIR* dir = copy < 0 ? nullptr : ::fdopendir(copy);
+    if (!dir) {
+        if (copy >= 0)
+            ::close(copy);
+        return;
+    }
+    while (const dirent* entry = ::readdir(dir)) {
+        struct stat info
+        {
+        };
+        if (isLeftover(entry->d_name) && ::fstatat(folder, entry->d_name, &info, AT_SYMLINK_NOFOLLOW) == 0
+            && S_ISREG(info.st_mode))
+            ::unlinkat(folder, entry->d_name, 0);
+    }
+    ::closedir(dir);
+}
+
+// The write of WriteFileAtomic and FileCopy; errno tells a failure.
+bool replaceFile(const QString& native, const QByteArray& bytes, mode_t newMode, int depth = 0)
+{
+    // A write beyond the process's file size limit fails with EFBIG instead of ending the program.
+    static const bool fileSizeSignalIgnored = [] { return ::signal(SIGXFSZ, SIG_IGN) != SIG_ERR; }();
+    Q_UNUSED(fileSizeSignalIgnored)
+    const ParentFolder parent(native, workingFolders());
+    if (parent.fd() < 0) {
+        errno = parent.error();
+        return false;
+    }
+    struct stat old
+    {
+    };
+    const bool existed = statAt(parent, old);
+    if (existed && S_ISLNK(old.st_mode)) {
+        if (parent.confined() || depth >= linkLimit) {
+            errno = ELOOP;
+            return false;
+        }
+        // Outside the program's trees a link is the user's own: the file it names is written.
+        const QString target = QFile::symLinkTarget(native);
+        return !target.isEmpty() && replaceFile(target, bytes, newMode, depth + 1);
+    }
+    if (existed && !S_ISREG(old.st_mode)) {
+        errno = EISDIR;
+        return false;
+    }
+    removeLeftovers(parent.fd());
+    const QByteArray temporary = temporaryName(parent.name());
+    const int fd = ::openat(parent.fd(), temporary.constData(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
+        existed ? (old.st_mode & 07777) : newMode);
+    if (fd < 0)
+        return false;
+    if (existed)
+        ::fchmod(fd, old.st_mode & 07777);
+    const qint64 room = diskSpaceHook() ? diskSpaceHook()(native) : -1;
+    bool written = writeAll(fd, bytes, room) && ::fsync(fd) == 0;
+    int saved = errno;
+    written = (::close(fd) == 0) && written;
+    if (written && ::renameat(parent.fd(), temporary.constData(), parent.fd(), parent.name().constData()) == 0) {
+        ::fsync(parent.fd()); // the rename itself reaches the disk
+        return true;
+    }
+    if (written)
+        saved = errno;
+    ::unlinkat(parent.fd(), temporary.constData(), 0);
+    errno = saved;
+    return false;
+}
+
+// Deletes what the folder holds, never following a link; true when all of it went.
+bool removeContents(int folder, bool force)
+{
+    const int copy = ::dup(folder);
+    DIR* dir = copy < 0 ? nullptr : ::fdopendir(copy);
+    if (!dir) {
+        if (copy >= 0)
+            ::close(copy);
+        return false;
+    }
+    bool all = true;
+    while (const dirent* entry = ::readdir(dir)) {
+        const QByteArray name(entry->d_name);
+        if (name == "." || name == "..")
+            continue;
+        struct stat info
+        {
+        };
+        if (::fstatat(folder, name.constData(), &info, AT_SYMLINK_NOFOLLOW) != 0) {
+            all = false;
+            continue;
+        }
+        if (S_ISDIR(info.st_mode)) {
+            const int sub = ::openat(folder, name.constData(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
+            if (sub < 0) {
+                all = false;
+                continue;
+            }
+            if (force) // read-only folders go too
+                ::fchmod(sub, (info.st_mode & 07777) | S_IRWXU);
+            all = removeContents(sub, force) && all;
+            ::close(sub);
+            if (::unlinkat(folder, name.constData(), AT_REMOVEDIR) != 0)
+                all = false;
+        } else if (::unlinkat(folder, name.constData(), 0) != 0) {
+            all = false;
+        }
+    }
+    ::closedir(dir);
+    return all;
+}
+
+QString canonical(const QString& native)
+{
+    return native.isEmpty() ? QString() : QFileInfo(native).canonicalFilePath();
+}
+
+// The home folder, the drive roots and the working folders: none of them, and nothing that
+// holds one of them, may go.
+bool holdsSomethingKept(const QString& target)
+{
+    QStringList kept = workingFolders();
+    kept << DriveRoot(QLatin1Char('C')) << QDir::homePath();
+    for (const QString& folder : std::as_const(kept)) {
+        const QString path = canonical(folder);
+        if (path.isEmpty())
+            continue; // not there: nothing of it can go
+        if (path == target || path.startsWith(target + QLatin1Char('/')) || target == QLatin1String("/"))
+            return true;
+    }
+    return false;
 }
 
 } // namespace
@@ -52,57 +327,67 @@ qint64 FileLen(const QString& path)
     const QString native = ToNative(path);
     if (native.isEmpty())
         return -1;
-    QFileInfo info(native);
-    if (!info.exists() || info.isDir())
+    struct stat info
+    {
+    };
+    ReadOutcome outcome = ReadOutcome::Failed;
+    const int fd = openRegular(native, info, outcome);
+    if (fd < 0)
         return -1;
-    QFile f(native);
-    if (!f.open(QIODevice::ReadOnly))
-        return -1;
-    return f.size();
+    ::close(fd);
+    return info.st_size;
 }
 
 bool ReadFileBytes(const QString& path, QByteArray& bytes)
 {
     const QString native = ToNative(path);
-    if (native.isEmpty() || QFileInfo(native).isDir())
-        return false;
-    QFile f(native);
-    if (!f.open(QIODevice::ReadOnly))
-        return false;
-    bytes = f.readAll();
-    return f.error() == QFile::NoError;
+    return !native.isEmpty() && readAll(native, -1, bytes) == ReadOutcome::Read;
+}
+
+ReadOutcome ReadFileBounded(const QString& path, qint64 limit, QByteArray& bytes)
+{
+    const QString native = ToNative(path);
+    return native.isEmpty() ? ReadOutcome::Missing : readAll(native, limit, bytes);
 }
 
 bool WriteFileAtomic(const QString& path, const QByteArray& bytes)
 {
-    const QString native = ToNative(path);
-    if (native.isEmpty() || QFileInfo(native).isDir())
-        return false;
-    const bool existed = QFileInfo::exists(native);
-    QSaveFile f(native);
-    if (!f.open(QIODevice::WriteOnly))
-        return false;
-    if (!existed)
-        f.setPermissions(privateFile);
-    if (f.write(bytes) != bytes.size()) {
-        f.cancelWriting();
-        return false;
-    }
-    return f.commit();
+    const QString native = nativeOf(path);
+    return !native.isEmpty() && replaceFile(native, bytes, privateFile);
+}
+
+void RemoveSaveLeftovers(const QString& path)
+{
+    const QString native = nativeOf(path);
+    if (native.isEmpty())
+        return;
+    const ParentFolder parent(native, workingFolders());
+    if (parent.fd() >= 0)
+        removeLeftovers(parent.fd());
 }
 
 bool TouchFile(const QString& path)
 {
-    const QString native = ToNative(path);
+    const QString native = nativeOf(path);
     if (native.isEmpty())
         return false;
-    if (QFileInfo::exists(native))
-        return !QFileInfo(native).isDir();
-    QFile f(native);
-    if (!f.open(QIODevice::WriteOnly))
+    const ParentFolder parent(native, workingFolders());
+    if (parent.fd() < 0)
         return false;
-    f.setPermissions(privateFile);
-    return true;
+    const int fd = ::openat(
+        parent.fd(), parent.name().constData(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, privateFile);
+    if (fd >= 0) {
+        ::close(fd);
+        return true;
+    }
+    struct stat info
+    {
+    };
+    if (errno != EEXIST || !statAt(parent, info))
+        return false;
+    if (S_ISLNK(info.st_mode))
+        return !parent.confined() && QFileInfo(native).isFile();
+    return S_ISREG(info.st_mode);
 }
 
 int ReadLines(const QString& path, QList<QByteArray>& lines)
@@ -110,12 +395,17 @@ int ReadLines(const QString& path, QList<QByteArray>& lines)
     const QString native = ToNative(path);
     if (native.isEmpty())
         return ErrPathNotFound;
-    if (QFileInfo(native).isDir())
+    QByteArray all;
+    switch (readAll(native, -1, all)) {
+    case ReadOutcome::Read:
+        break;
+    case ReadOutcome::Missing:
+        return ErrFileNotFound;
+    case ReadOutcome::NotPermitted:
+        return ErrPermissionDenied;
+    default:
         return ErrPathFileAccess;
-    QFile f(native);
-    if (!f.open(QIODevice::ReadOnly))
-        return QFileInfo::exists(native) ? ErrPermissionDenied : ErrFileNotFound;
-    const QByteArray all = f.readAll();
+    }
     lines.clear();
     qsizetype start = 0;
     const qsizetype n = all.size();
@@ -137,13 +427,15 @@ int MkDir(const QString& path)
 {
     if (driveMissing(path))
         return ErrDiskNotReady;
-    const QString native = ToNative(path);
+    const QString native = nativeOf(path);
     if (native.isEmpty())
         return ErrPathNotFound;
-    const QByteArray local = QFile::encodeName(native);
-    if (::mkdir(local.constData(), 0700) == 0)
+    const ParentFolder parent(native, workingFolders());
+    if (parent.fd() < 0)
+        return errnoToError(parent.error());
+    if (::mkdirat(parent.fd(), parent.name().constData(), 0700) == 0)
         return ErrNone;
-    return errnoToError(errno);
+    return errno == EEXIST ? ErrPathFileAccess : errnoToError(errno);
 }
 
 int FileCopy(const QString& source, const QString& target)
@@ -151,28 +443,24 @@ int FileCopy(const QString& source, const QString& target)
     if (driveMissing(source) || driveMissing(target))
         return ErrDiskNotReady;
     const QString from = ToNative(source);
-    const QString to = ToNative(target);
-    if (from.isEmpty() || !QFileInfo(from).isFile())
+    const QString to = nativeOf(target);
+    if (from.isEmpty())
         return ErrFileNotFound;
+    struct stat info
+    {
+    };
+    ReadOutcome outcome = ReadOutcome::Failed;
+    const int probe = openRegular(from, info, outcome);
+    if (probe < 0)
+        return outcome == ReadOutcome::NotPermitted ? ErrPermissionDenied : ErrFileNotFound;
+    ::close(probe);
     if (to.isEmpty() || !QFileInfo(QFileInfo(to).absolutePath()).isDir())
         return ErrPathNotFound;
-    QFile in(from);
-    if (!in.open(QIODevice::ReadOnly))
+    QByteArray bytes;
+    if (readAll(from, -1, bytes) != ReadOutcome::Read)
         return ErrPermissionDenied;
-    const QByteArray bytes = in.readAll();
-    const bool executable = in.permissions() & QFile::ExeOwner;
-    const bool existed = QFileInfo::exists(to);
-    QSaveFile out(to);
-    if (!out.open(QIODevice::WriteOnly))
-        return ErrPermissionDenied;
-    if (out.write(bytes) != bytes.size()) {
-        out.cancelWriting();
-        return ErrPathFileAccess;
-    }
-    if (!out.commit())
-        return ErrPermissionDenied;
-    if (!existed)
-        QFile::setPermissions(to, executable ? (privateFile | QFile::ExeOwner) : privateFile);
+    if (!replaceFile(to, bytes, (info.st_mode & S_IXUSR) ? privateProgram : privateFile))
+        return errno == ENOSPC || errno == EFBIG ? ErrPathFileAccess : errnoToError(errno);
     return ErrNone;
 }
 
@@ -180,10 +468,18 @@ int Kill(const QString& path)
 {
     if (driveMissing(path))
         return ErrDiskNotReady;
-    const QString native = ToNative(path);
-    if (native.isEmpty() || !QFileInfo(native).isFile())
+    const QString native = nativeOf(path);
+    if (native.isEmpty())
         return ErrFileNotFound;
-    return QFile::remove(native) ? ErrNone : ErrPermissionDenied;
+    const ParentFolder parent(native, workingFolders());
+    struct stat info
+    {
+    };
+    if (parent.fd() < 0)
+        return parent.error() == ENOENT ? ErrFileNotFound : errnoToError(parent.error());
+    if (!statAt(parent, info) || S_ISDIR(info.st_mode))
+        return ErrFileNotFound;
+    return ::unlinkat(parent.fd(), parent.name().constData(), 0) == 0 ? ErrNone : ErrPermissionDenied;
 }
 
 int Dir(const QString& path, QString& found)
@@ -225,44 +521,64 @@ bool FolderExists(const QString& path)
 
 int DeleteFolder(const QString& path, bool force)
 {
-    Q_UNUSED(force) // read-only files go too: on this platform a folder's rights decide
     QString forward = path;
     forward.replace(QLatin1Char('\\'), QLatin1Char('/'));
     if (forward.split(QLatin1Char('/')).contains(QStringLiteral("..")))
         return ErrPermissionDenied;
     if (driveMissing(path))
         return ErrDiskNotReady;
-    QString native = ToNative(path);
-    while (native.size() > 1 && native.endsWith(QLatin1Char('/')))
-        native.chop(1);
-    if (native.isEmpty() || !QFileInfo(native).isDir())
+    const QString native = nativeOf(path);
+    if (native.isEmpty())
+        return ErrPathNotFound;
+    const ParentFolder parent(native, workingFolders());
+    if (parent.fd() < 0)
+        return parent.error() == ENOENT ? ErrPathNotFound : errnoToError(parent.error());
+    struct stat info
+    {
+    };
+    if (!statAt(parent, info))
         return ErrPathNotFound;
     // A link is taken away itself; what it points to is not this folder's to delete.
-    if (QFileInfo(native).isSymLink())
-        return QFile::remove(native) ? ErrNone : ErrPermissionDenied;
-    const QString target = QFileInfo(native).canonicalFilePath();
-    QStringList kept { DriveRoot(QLatin1Char('C')), QDir::homePath() };
-    for (const QString& folder : std::as_const(protectedFolders()))
-        kept << ToNative(folder);
-    for (const QString& keptPath : std::as_const(kept)) {
-        const QString canonical = keptPath.isEmpty() ? QString() : QFileInfo(keptPath).canonicalFilePath();
-        if (canonical.isEmpty())
-            continue; // not there: nothing of it can go
-        if (canonical == target || canonical.startsWith(target + QLatin1Char('/')) || target == QLatin1String("/"))
-            return ErrPermissionDenied;
-    }
-    for (const QString& letter : DriveLetters()) {
-        if (QFileInfo(DriveRoot(letter.at(0))).canonicalFilePath() == target)
-            return ErrPermissionDenied;
-    }
-    return QDir(target).removeRecursively() ? ErrNone : ErrPermissionDenied;
+    if (S_ISLNK(info.st_mode))
+        return ::unlinkat(parent.fd(), parent.name().constData(), 0) == 0 ? ErrNone : ErrPermissionDenied;
+    if (!S_ISDIR(info.st_mode))
+        return ErrPathNotFound;
+    if (parent.name() == "." || holdsSomethingKept(canonical(native)))
+        return ErrPermissionDenied;
+    const int folder
+        = ::openat(parent.fd(), parent.name().constData(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
+    if (folder < 0)
+        return ErrPermissionDenied;
+    const bool emptied = removeContents(folder, force);
+    ::close(folder);
+    if (!emptied || ::unlinkat(parent.fd(), parent.name().constData(), AT_REMOVEDIR) != 0)
+        return ErrPermissionDenied;
+    return ErrNone;
 }
 
-void ProtectFolder(const QString& path)
+void AddWorkingFolder(const QString& path)
 {
-    // Kept in the program's form and resolved at each delete, so that a folder made later counts.
-    if (!protectedFolders().contains(path))
-        protectedFolders().append(path);
+    // Kept in the program's form and found anew at each use, so that a folder made later counts.
+    if (!registeredFolders().contains(path))
+        registeredFolders().append(path);
+}
+
+WorkingFolderScope::WorkingFolderScope(const QString& path)
+    : folder(registeredFolders().contains(path) ? QString() : path)
+{
+    if (!folder.isEmpty())
+        registeredFolders().append(folder);
+}
+
+WorkingFolderScope::~WorkingFolderScope()
+{
+    if (!folder.isEmpty())
+        registeredFolders().removeOne(folder);
+}
+
+void SetDiskSpaceHook(DiskSpaceHook hook)
+{
+    diskSpaceHook() = std::move(hook);
 }
 
 } // namespace platform
