@@ -89,6 +89,11 @@ bool FolderExists(const QString& path);
 // must never reach outside its tree. A folder that is itself a link goes as a link.
 int DeleteFolder(const QString& path, bool force);
 
+// True when `folder` is the folder `inner` or holds it, both taken as the system finds them
+// (names without regard to case where the exact one is missing, links resolved); a `folder`
+// that is not there is taken by its name. False when `inner` is not there.
+bool FolderHolds(const QString& folder, const QString& inner);
+
 // Makes a folder one of the working folders for the rest of the run.
 void AddWorkingFolder(const QString& path);
 

@@ -388,15 +388,20 @@ void frmSettings::Command3_Click()
     const auto confirmed = [&selected] {
         return platform::MsgBox(Lang(295) + QLatin1Char(' ') + selected + QLatin1Char('?'), 36) == platform::IDYES;
     };
-    // The folder goes, failures or not, and the row with it. An empty or dotted name can't take
-    // the data folder along: the delete refuses anything that holds it.
+    // The folder goes, failures or not, and the row with it.
     const auto removeProfile = [this, &selected] {
         RemoveDirTree(DataFolder() + selected);
         if (lstData->ListIndex() >= 0)
             lstData->RemoveItem(lstData->ListIndex());
     };
+    // Whatever the name, no delete takes the folder of Administrator or of the profile in use
+    // (other than that profile's own delete of itself): another spelling, an empty name, "." or
+    // a path through the tree would otherwise reach them.
+    const QString target = DataFolder() + selected;
+    const bool takesAdministrator = platform::FolderHolds(target, DataFolder() + administrator);
+    const bool takesInUse = platform::FolderHolds(target, DataFolder() + inUse);
     if (inUse == administrator) {
-        if (selected == administrator) {
+        if (selected == administrator || takesAdministrator || takesInUse) {
             platform::MsgBox(Lang(294), 16);
             return;
         }
@@ -404,6 +409,10 @@ void frmSettings::Command3_Click()
             return;
         removeProfile();
     } else if (inUse == selected) {
+        if (takesAdministrator) {
+            platform::MsgBox(Lang(294), 16);
+            return;
+        }
         if (!confirmed())
             return;
         removeProfile();
@@ -474,7 +483,9 @@ void frmSettings::Drive1_Change()
 void frmSettings::Command5_Click()
 {
     // Step by step, the program's folder and the drive read anew; the first failure stops it
-    // and what was copied stays.
+    // and what was copied stays. Nothing goes through a link on the drive, whoever prepared it:
+    // such a step fails as a file that can't be written.
+    const platform::WorkingFolderScope driveRoot(drive() + QLatin1Char('\\'));
     for (const InstallStep& step : installSteps) {
         const QString target = drive() + QLatin1String(step.target);
         if (!step.source) {
@@ -493,7 +504,8 @@ void frmSettings::Command5_Click()
 
 void frmSettings::Command9_Click()
 {
-    // The profiles kept on the drive go with the folder; nobody is asked.
+    // The profiles kept on the drive go with the folder; nobody is asked. A link goes as a link.
+    const platform::WorkingFolderScope driveRoot(drive() + QLatin1Char('\\'));
     RemoveDirTree(drive() + QStringLiteral("\\TolvaneKey"));
     const int error = platform::Kill(drive() + QStringLiteral("\\autorun.inf"));
     if (error != platform::ErrNone) {

@@ -85,6 +85,7 @@ QByteArray ComposeInnerText(QList<EntryRecord>& entries)
 VaultLoad LoadVault(const QString& path, const Yield& yield)
 {
     VaultLoad result;
+    platform::RemoveSaveLeftovers(path);
     platform::TouchFile(path);
     QByteArray file;
     if (platform::FileLen(path) < 0 || !platform::ReadFileBytes(path, file))

@@ -262,24 +262,99 @@ private Q_SLOTS:
         frmSettings::Unload();
     }
 
-    void noProfileNameReachesOutsideItsFolder()
+    void noDeleteTakesAdministratorTheProfileInUseOrGoesThroughALink()
     {
         VaultRun run;
-        frmMain* main = startWith(run, {});
+        frmMain* main = startWith(run, { QStringLiteral("Bob") });
         run.world.write(QStringLiteral("appdata/Brenmark/Tolvane/keep.txt"), "x");
+        run.world.write(QStringLiteral("home/elsewhere/sub/keep.txt"), "x");
+        QVERIFY(QFile::link(run.world.path(QStringLiteral("home/elsewhere")), run.data(QStringLiteral("lnk"))));
+        const QStringList refused = { QStringLiteral("administrator"), QStringLiteral("ADMINISTRATOR"), QString(),
+            QStringLiteral("."), QStringLiteral(".."), QStringLiteral("Bob\\..\\Administrator"),
+            QStringLiteral("Administrator\\"), QStringLiteral("\\"), QStringLiteral("x\\..\\..") };
         run.world.write(QStringLiteral("appdata/Brenmark/Tolvane/data/users.txt"),
-            "Administrator\r\n\r\n..\r\n.\r\nx\\..\\..\r\n\\\r\n/\r\n");
+            (QStringList { QStringLiteral("Administrator") } + refused
+                + QStringList { QStringLiteral("lnk\\sub"), QStringLiteral("Bob") })
+                .join(QStringLiteral("\r\n"))
+                .toLatin1());
         frmSettings* settings = openSettings(main);
-        for (int tries = 0; tries < 6 && settings->lstData->ListCount() > 1; ++tries) {
-            settings->lstData->SetListIndex(1); // the rows move up as they go
-            settings->lstData_Click();
-            run.boxes.answer(platform::IDYES);
+        for (const QString& name : refused) {
+            selectRow(settings, name);
+            run.boxes.shown.clear();
             settings->Command3->click();
+            QCOMPARE(run.boxes.shown.size(), 1); // refused before any question
+            QCOMPARE(run.boxes.shown.first().text, Lang(294));
+            QCOMPARE(run.boxes.shown.first().flags, 16);
+            QVERIFY2(VaultRun::rows(settings->lstData).contains(name), qPrintable(name));
         }
-        QCOMPARE(VaultRun::rows(settings->lstData), QStringList { QStringLiteral("Administrator") });
+        // Through a link the delete fails as a folder that can't be deleted: the name goes, what
+        // the link points to stays.
+        selectRow(settings, QStringLiteral("lnk\\sub"));
+        run.boxes.answer(platform::IDYES);
+        settings->Command3->click();
+        QVERIFY(!VaultRun::rows(settings->lstData).contains(QStringLiteral("lnk\\sub")));
+        QVERIFY(QFile::exists(run.world.path(QStringLiteral("home/elsewhere/sub/keep.txt"))));
         QVERIFY(QFile::exists(run.data(QStringLiteral("Administrator/dummy.dat"))));
+        QVERIFY(QFile::exists(run.data(QStringLiteral("Bob/dummy.dat"))));
         QVERIFY(QFile::exists(run.data(QStringLiteral("config.txt"))));
         QVERIFY(QFile::exists(run.world.path(QStringLiteral("appdata/Brenmark/Tolvane/keep.txt"))));
+        frmSettings::Unload();
+
+        // A profile in use under another spelling of Administrator can't take its folder either.
+        run.setIni(QStringLiteral("config.txt"), Keys::user, Keys::current, QStringLiteral("administrator"));
+        settings = openSettings(main);
+        selectRow(settings, QStringLiteral("administrator"));
+        settings->Command3->click();
+        QCOMPARE(run.boxes.shown.last().text, Lang(294));
+        QVERIFY(QFile::exists(run.data(QStringLiteral("Administrator/dummy.dat"))));
+        frmSettings::Unload();
+    }
+
+    void anInstallWritesNothingThroughLinksOnTheDrive()
+    {
+        VaultRun run;
+        const QString stick = run.world.path(QStringLiteral("stick"));
+        QDir().mkpath(stick);
+        run.world.write(QStringLiteral("home/elsewhere/mine.txt"), "mine");
+        const QString elsewhere = run.world.path(QStringLiteral("home/elsewhere"));
+        qputenv("TOLVANE_MEDIA", stick.toLocal8Bit());
+        frmSettings* settings = openSettings(startWith(run, {}));
+        settings->TabStrip1->setCurrentIndex(1);
+        // A stick prepared with autorun.inf as a link to somebody's file, then with TolvaneKey as a
+        // link to a folder; and the same on the home drive.
+        struct Case
+        {
+            QString drive;
+            QString root;
+            QString link;
+            QString to;
+        };
+        const Case cases[] = {
+            { QStringLiteral("D:\\"), stick, QStringLiteral("autorun.inf"), elsewhere + QStringLiteral("/mine.txt") },
+            { QStringLiteral("D:\\"), stick, QStringLiteral("TolvaneKey"), elsewhere },
+            { QStringLiteral("C:\\"), run.world.path(QStringLiteral("home")), QStringLiteral("TolvaneKey"), elsewhere },
+        };
+        for (const Case& c : cases) {
+            QVERIFY(QFile::link(c.to, c.root + QLatin1Char('/') + c.link));
+            QCOMPARE(settings->Drive1->SetDrive(c.drive), 0);
+            settings->Command5_Click();
+            QCOMPARE(run.boxes.shown.last().text, Lang(300));
+            QCOMPARE(run.boxes.shown.last().flags, 16);
+            QCOMPARE(run.world.read(QStringLiteral("home/elsewhere/mine.txt")), QByteArray("mine"));
+            QCOMPARE(QDir(elsewhere).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
+                QStringList { QStringLiteral("mine.txt") });
+            QVERIFY(QFile::remove(c.root + QLatin1Char('/') + c.link));
+            QFile::remove(c.root + QStringLiteral("/autorun.inf"));
+        }
+        // The removal takes a linked TolvaneKey away as a link, and what it points to stays.
+        QVERIFY(QFile::link(elsewhere, stick + QStringLiteral("/TolvaneKey")));
+        run.world.write(QStringLiteral("stick/autorun.inf"), "x");
+        QCOMPARE(settings->Drive1->SetDrive(QStringLiteral("D:\\")), 0);
+        settings->Command9_Click();
+        QCOMPARE(run.boxes.shown.last().text, Lang(303));
+        QVERIFY(!QFileInfo::exists(stick + QStringLiteral("/TolvaneKey")));
+        QCOMPARE(run.world.read(QStringLiteral("home/elsewhere/mine.txt")), QByteArray("mine"));
+        qputenv("TOLVANE_MEDIA", "");
         frmSettings::Unload();
     }
 

@@ -556,6 +556,19 @@ int DeleteFolder(const QString& path, bool force)
     return ErrNone;
 }
 
+bool FolderHolds(const QString& folder, const QString& inner)
+{
+    // A folder that is not there is taken by its name: "x\\..\\.." names the folder above.
+    const QString native = ToNative(folder);
+    QString outer = canonical(native);
+    if (outer.isEmpty() && !native.isEmpty())
+        outer = QDir::cleanPath(QFileInfo(native).absoluteFilePath());
+    const QString held = canonical(ToNative(inner));
+    if (outer.isEmpty() || held.isEmpty())
+        return false;
+    return held == outer || held.startsWith(outer == QLatin1String("/") ? outer : outer + QLatin1Char('/'));
+}
+
 void AddWorkingFolder(const QString& path)
 {
     // Kept in the program's form and found anew at each use, so that a folder made later counts.
