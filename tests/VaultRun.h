@@ -90,7 +90,7 @@ public:
     {
         for (QWidget* w : QApplication::topLevelWidgets()) {
             auto* l = qobject_cast<frmLogin*>(w);
-            if (l && !l->Unloaded() && l->isVisible())
+            if (l && l->isVisible())
                 return l;
         }
         return nullptr;
@@ -180,6 +180,17 @@ public:
         window->activateWindow();
         QApplication::setActiveWindow(window);
         QVERIFY(QTest::qWaitForWindowActive(window));
+    }
+    // The windows the user sees now, with deleted ones gone first.
+    static QList<QWidget*> windowsOnScreen()
+    {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QList<QWidget*> shown;
+        for (QWidget* w : QApplication::topLevelWidgets()) {
+            if (w->isVisible() && w->isWindow() && !(w->windowType() == Qt::ToolTip))
+                shown << w;
+        }
+        return shown;
     }
     static QStringList rows(const ListBox* list)
     {

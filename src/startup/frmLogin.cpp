@@ -74,8 +74,6 @@ frmLogin::frmLogin()
     Text2 = Named(new QLineEdit(this), "Text2");
     PlaceTwips(Text2, 1800, 1200, 2880, 330);
     Label3->setBuddy(Text2);
-    md5aa = Named(new QLineEdit(this), "md5aa");
-    md5aa->setVisible(false);
     Command1 = Named(new QPushButton(this), "Command1");
     Command1->setDefault(true);
     PlaceTwips(Command1, 2280, 1800, 1140, 375);
@@ -151,13 +149,15 @@ void frmLogin::Form_Load()
 
 void frmLogin::Command1_Click()
 {
+    if (unloaded)
+        return;
     const QString profile = Combo1->currentText();
     if (!ProfileMarkerExists(profile)) {
         platform::MsgBox(Lang(186), 16);
         return;
     }
-    md5aa->setText(GetIni(Keys::settings, Keys::password, DataFolder() + profile + QStringLiteral("\\settings.txt")));
-    if (md5aa->text() != MD5Hex(Text2->text())) {
+    storedPassword = GetIni(Keys::settings, Keys::password, DataFolder() + profile + QStringLiteral("\\settings.txt"));
+    if (storedPassword != MD5Hex(Text2->text())) {
         platform::MsgBox(Lang(185), 64);
         return;
     }
@@ -188,23 +188,24 @@ void frmLogin::unload()
     if (unloaded)
         return;
     unloaded = true;
-    md5aa->clear();
+    storedPassword.clear();
     Text2->clear();
-    close();
+    // Gone from the screen and from memory: nothing of the login stays to be used again.
+    hide();
+    deleteLater();
 }
 
 void frmLogin::closeEvent(QCloseEvent* event)
 {
-    if (!unloaded && event->spontaneous()) {
+    if (!unloaded)
         Command2_Click(); // the close box cancels, as Command2 does
-        return;
-    }
-    QDialog::closeEvent(event);
+    event->accept();
 }
 
 void frmLogin::reject()
 {
-    Command2_Click(); // Escape
+    if (!unloaded)
+        Command2_Click(); // Escape
 }
 
 void ShowLogin()

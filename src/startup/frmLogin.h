@@ -23,7 +23,6 @@ public:
 
     QComboBox* Combo1;
     QLineEdit* Text2;
-    QLineEdit* md5aa;
     QPushButton* Command1;
     QPushButton* Command2;
     QLabel *Label1, *Label2, *Label3, *Image1;
@@ -40,6 +39,8 @@ private:
     void unload();
 
     bool unloaded = false;
+    // The stored `password` value during the check, and nothing after it.
+    QString storedPassword;
 };
 
 // Creates the login window and runs its load; shows it unless the load already went on.

@@ -5,6 +5,7 @@
 
 #include <QComboBox>
 #include <QLabel>
+#include <QPointer>
 #include <QPushButton>
 
 class tst_login : public QObject
@@ -70,8 +71,11 @@ private Q_SLOTS:
         QCOMPARE(login->Text2->text(), QStringLiteral("xxx")); // what was typed stays
         QVERIFY(!frmMain::Loaded());
         login->Text2->setText(QStringLiteral("Zażółć 1")); // typing knows Latin-1 keys only
+        QPointer<frmLogin> typedInto(login);
         QTest::keyClick(login->Text2, Qt::Key_Return);
-        QVERIFY(login->Unloaded());
+        // The login is gone from the screen and from memory: only the vault window is left.
+        QCOMPARE(VaultRun::windowsOnScreen(), QList<QWidget*> { frmMain::Loaded() });
+        QVERIFY(typedInto.isNull());
         QVERIFY(frmMain::Loaded());
         QVERIFY(frmMain::Loaded()->Timer3->isActive()); // only a typed login starts it
         QCOMPARE(run.boxes.shown.size(), 3);
@@ -84,9 +88,9 @@ private Q_SLOTS:
         login->Command1_Click();
         QCOMPARE(run.boxes.shown.last().text, Lang(186));
         QCOMPARE(run.boxes.shown.last().flags, 16);
-        QVERIFY(!login->Unloaded());
-        login->Command2_Click(); // cancel: nothing opens
-        QVERIFY(login->Unloaded());
+        QCOMPARE(VaultRun::windowsOnScreen(), QList<QWidget*> { login });
+        QTest::keyClick(login->Text2, Qt::Key_Escape); // cancel: nothing opens
+        QVERIFY(VaultRun::windowsOnScreen().isEmpty());
         QVERIFY(!frmMain::Loaded());
     }
 
