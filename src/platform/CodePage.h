@@ -10,6 +10,8 @@ namespace platform {
 
 QByteArray ToCodePage(const QString& text);
 QString FromCodePage(const QByteArray& bytes);
+// The text as the code page keeps it: what a file will hold and give back.
+QString ThroughCodePage(const QString& text);
 
 // The code page in use, as its number (1250 or 1252). TOLVANE_CODEPAGE overrides the locale.
 int CodePageNumber();

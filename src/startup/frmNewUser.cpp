@@ -1,5 +1,6 @@
 #include "startup/frmNewUser.h"
 
+#include "platform/CodePage.h"
 #include "platform/Files.h"
 #include "platform/MessageBox.h"
 #include "platform/Paths.h"
@@ -62,7 +63,9 @@ void frmNewUser::Command2_Click()
 {
     // Nothing here is checked but the name being listed already, and nothing is caught.
     ListBox* list = frmSettings::Instance()->lstData;
-    const QString name = Text1->text();
+    // The name goes into files in the code page and names a folder: both must see the same
+    // name, so it is taken through the code page here, once ("Łukasz" is "?ukasz" under 1252).
+    const QString name = platform::ThroughCodePage(Text1->text());
     for (int i = 0; i < list->ListCount(); ++i) {
         if (list->List(i) == name) {
             platform::MsgBox(Lang(249), 16);

@@ -1,6 +1,7 @@
 // Adding a profile, changing its password and asking for a forgotten one, from the settings
 // window's profile page, and what the login then makes of it.
 #include "VaultRun.h"
+#include "platform/CodePage.h"
 #include "settings/frmSettings.h"
 #include "startup/frmNewUser.h"
 #include "startup/frmPassChange.h"
@@ -110,6 +111,22 @@ private Q_SLOTS:
         QCOMPARE(run.ini(QStringLiteral("Bob/settings.txt"), Keys::settings, Keys::password), QString());
         QCOMPARE(logIn(run, QStringLiteral("Bob"), QString()), QStringList { QStringLiteral("no prompt") });
         QCOMPARE(run.ini(QStringLiteral("config.txt"), Keys::user, Keys::current), QStringLiteral("Bob"));
+    }
+
+    void aNameOutsideTheCodePageIsTheSameInFilesAndFolders()
+    {
+        QCOMPARE(platform::CodePageNumber(), 1252); // the tests' locale
+        VaultRun run;
+        frmSettings* settings = openSettings(run);
+        addProfile(settings, { QString::fromUtf8("Łukasz") });
+        QCOMPARE(VaultRun::rows(settings->lstData).last(), QStringLiteral("?ukasz"));
+        QCOMPARE(run.world.read(QStringLiteral("appdata/Brenmark/Tolvane/data/users.txt")),
+            QByteArray("Administrator\r\n?ukasz\r\n"));
+        QVERIFY(QFile::exists(run.data(QStringLiteral("?ukasz/dummy.dat"))));
+        selectRow(settings, QStringLiteral("?ukasz"));
+        settings->Command10->click(); // the default: the next start offers it and opens it
+        QCOMPARE(logIn(run, QStringLiteral("?ukasz"), QString()), QStringList { QStringLiteral("no prompt") });
+        QCOMPARE(run.ini(QStringLiteral("config.txt"), Keys::user, Keys::current), QStringLiteral("?ukasz"));
     }
 
     void missingMarkerTemplateStopsTheRunHalfWay()

@@ -96,3 +96,12 @@ QString FromCodePage(const QByteArray& bytes)
 }
 
 } // namespace platform
+
+namespace platform {
+
+QString ThroughCodePage(const QString& text)
+{
+    return FromCodePage(ToCodePage(text));
+}
+
+} // namespace platform
