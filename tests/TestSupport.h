@@ -13,6 +13,8 @@
 
 #include <stdexcept>
 
+#include <csignal>
+
 struct ProcessEnded : std::runtime_error
 {
     explicit ProcessEnded(int c)
@@ -93,11 +95,17 @@ public:
         QVERIFY(f.open(QIODevice::WriteOnly));
         f.write(bytes);
     }
-    // The process that holds this world's instance lock, by the lock file's pid; 0 when none does.
-    qint64 lockHolder() const
+    // A running copy of the program in this world, by the file it keeps while it runs; 0 when
+    // none runs.
+    qint64 runningCopy() const
     {
-        const QStringList locks = QDir(path(QStringLiteral("run"))).entryList({ QStringLiteral("*.lock") });
-        return locks.isEmpty() ? 0 : read(QStringLiteral("run/") + locks.first()).split('\n').value(0).toLongLong();
+        const QStringList copies = QDir(path(QStringLiteral("run"))).entryList({ QStringLiteral("*.run") });
+        for (const QString& name : copies) {
+            const qint64 pid = name.section(QLatin1Char('.'), 2, 2).toLongLong();
+            if (pid > 0 && ::kill(static_cast<pid_t>(pid), 0) == 0 && pid != QCoreApplication::applicationPid())
+                return pid;
+        }
+        return 0;
     }
 
     static void copyTree(const QString& from, const QString& to)

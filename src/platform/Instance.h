@@ -1,14 +1,16 @@
 #pragma once
-// The test for another running copy of this same executable: a per-user lock named after the
-// executable's path, held for the life of the process.
+// The test for another running copy of this same executable. Each copy makes itself known as
+// the first thing it does, and stays known until it ends: a file of its own in a folder only
+// this user owns, locked for the life of the process, so that a copy that ended without a
+// word counts no more. Copies are ordered by when they started; the test asks only about
+// copies that started earlier, so that of two starts at the same moment exactly one runs.
 namespace platform {
 
-// True if another running copy of this executable holds the lock. When false, this process
-// now holds it.
-bool PrevInstance();
+// Makes this process known to later starts. Called once, before the language table loads.
+void AnnounceInstance();
 
-// For a start that skipped the test: takes the lock as soon as the old process has let it go,
-// so that later starts are refused again.
-void ClaimInstanceWhenFree();
+// True if another copy of this executable that started before this one is running. Any
+// failure of the test itself (no folder to use, a file that can't be read) is no copy.
+bool PrevInstance();
 
 } // namespace platform

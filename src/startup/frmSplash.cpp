@@ -5,8 +5,8 @@
 #include "platform/Paths.h"
 #include "platform/Runtime.h"
 #include "platform/Twips.h"
-#include "services/modLanguage.h"
 #include "services/ProgramPictures.h"
+#include "services/modLanguage.h"
 #include "startup/frmLogin.h"
 #include "storage/DataRoot.h"
 #include "storage/modFileExist.h"
@@ -40,10 +40,8 @@ void frmSplash::Form_Initialize()
     platform::InitCommonControls();
     // The table comes first: the refusal below is itself a slot.
     LoadLanguage();
-    if (platform::CommandLine() == QLatin1String("/restart")) {
-        platform::ClaimInstanceWhenFree();
+    if (platform::CommandLine() == QLatin1String("/restart"))
         return;
-    }
     if (platform::PrevInstance()) {
         platform::MsgBox(Lang(101), 16);
         platform::EndProcess(0);

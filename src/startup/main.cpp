@@ -1,5 +1,6 @@
 #include "platform/Clipboard.h"
 #include "platform/GuiMessageBox.h"
+#include "platform/Instance.h"
 #include "platform/Paths.h"
 #include "platform/Twips.h"
 #include "services/ProgramPictures.h"
@@ -9,6 +10,8 @@
 
 int main(int argc, char* argv[])
 {
+    // A copy runs from its start: later starts see it even while its first message is up.
+    platform::AnnounceInstance();
     if (qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")
         && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");

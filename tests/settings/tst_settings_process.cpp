@@ -46,8 +46,8 @@ private Q_SLOTS:
 
         // The new process got past the instance test, took the lock and, with Bob preselected
         // and without a password, opened Bob's vault, whose load empties `switch`.
-        QTRY_VERIFY_WITH_TIMEOUT(run.world.lockHolder() > 0, 15000);
-        const qint64 child = run.world.lockHolder();
+        QTRY_VERIFY_WITH_TIMEOUT(run.world.runningCopy() > 0, 15000);
+        const qint64 child = run.world.runningCopy();
         QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(run.data(QStringLiteral("Bob/list.dat"))), 20000);
         QTRY_COMPARE_WITH_TIMEOUT(run.ini(QStringLiteral("config.txt"), Keys::user, Keys::switchTo), QString(), 5000);
         // The question of the switch, and nothing from the new process.

@@ -1,5 +1,6 @@
 // Runs the built program as a process, the way a user starts it, in a temporary world.
 #include "TestSupport.h"
+#include "services/modRegistry2.h"
 
 #include <QProcess>
 #include <QProcessEnvironment>
@@ -14,6 +15,7 @@ class tst_startup_process : public QObject
         env.remove(QStringLiteral("TOLVANE_PROGRAM_DIR")); // the program finds its own folder
         env.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
         env.insert(QStringLiteral("TOLVANE_MSGBOX_LOG"), world.path(QStringLiteral("boxes.log")));
+        env.insert(QStringLiteral("HOME"), world.path(QStringLiteral("home")));
         return env;
     }
 
@@ -44,9 +46,7 @@ private Q_SLOTS:
         // The language is written right after that message is answered.
         QTRY_VERIFY_WITH_TIMEOUT(
             world.read(QStringLiteral("registry/HKEY_CURRENT_USER.reg")).contains("curLang"), 10000);
-        // The instance lock is taken right after the language table is loaded.
-        QTRY_VERIFY_WITH_TIMEOUT(
-            !QDir(world.path(QStringLiteral("run"))).entryList({ QStringLiteral("*.lock") }).isEmpty(), 10000);
+        QVERIFY(world.runningCopy() > 0);
 
         for (const QStringList& args : { QStringList(), QStringList { QStringLiteral("/RESTART") },
                  QStringList { QStringLiteral("/restart"), QStringLiteral("x") } }) {
@@ -71,6 +71,91 @@ private Q_SLOTS:
         first.kill();
         restarted.waitForFinished();
         first.waitForFinished();
+    }
+
+    void aCopyIsSeenFromItsStartAndOfTwoAtOnceOneRuns()
+    {
+        TestWorld world;
+        const QString exe = installCopy(world);
+        // The first start waits at its first message (no language chosen yet), before any test.
+        QProcess first;
+        QProcessEnvironment shown = environment(world);
+        shown.remove(QStringLiteral("TOLVANE_MSGBOX_LOG")); // a real box, that nobody answers
+        first.setProcessEnvironment(shown);
+        first.start(exe, {});
+        QVERIFY(first.waitForStarted());
+        QTRY_VERIFY_WITH_TIMEOUT(world.runningCopy() == first.processId(), 10000);
+        QProcess second;
+        second.setProcessEnvironment(environment(world));
+        second.start(exe, {});
+        QVERIFY(second.waitForFinished(10000));
+        QVERIFY(boxes(world).last().startsWith(QStringLiteral("16|Tolvane|Tolvane is already running.")));
+        first.kill();
+        first.waitForFinished();
+
+        // Three starts at the same moment: the earliest runs, the two others are refused.
+        QFile::remove(world.path(QStringLiteral("boxes.log")));
+        QProcess starts[3];
+        for (QProcess& p : starts) {
+            p.setProcessEnvironment(environment(world));
+            p.start(exe, {});
+        }
+        for (QProcess& p : starts)
+            QVERIFY(p.waitForStarted());
+        QTRY_COMPARE_WITH_TIMEOUT(boxes(world).filter(QStringLiteral("already running")).size(), 2, 10000);
+        QTest::qWait(500);
+        int running = 0;
+        for (QProcess& p : starts)
+            running += p.state() == QProcess::Running ? 1 : 0;
+        QCOMPARE(running, 1);
+        for (QProcess& p : starts) {
+            p.kill();
+            p.waitForFinished();
+        }
+    }
+
+    void theTestNeverStopsTheProgramForWantOfAFolder()
+    {
+        TestWorld world;
+        const QString exe = installCopy(world);
+        SaveProgramSetting(QStringLiteral("curLang"), QStringLiteral("English"));
+        // A folder that other accounts can write to is not used: the user's own cache is.
+        const QString shared = world.path(QStringLiteral("shared"));
+        QDir().mkpath(shared);
+        QVERIFY(QFile::setPermissions(shared, QFileDevice::Permissions(0x7777)));
+        QProcessEnvironment env = environment(world);
+        env.insert(QStringLiteral("TOLVANE_RUNTIME_DIR"), shared);
+        QProcess first;
+        first.setProcessEnvironment(env);
+        first.start(exe, {});
+        QVERIFY(first.waitForStarted());
+        const QDir cache(world.path(QStringLiteral("home/.cache/tolvane")));
+        QTRY_COMPARE_WITH_TIMEOUT(cache.entryList({ QStringLiteral("*.run") }).size(), 1, 10000);
+        QVERIFY(QDir(shared).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot).isEmpty());
+        QProcess second;
+        second.setProcessEnvironment(env);
+        second.start(exe, {});
+        QVERIFY(second.waitForFinished(10000));
+        QVERIFY(boxes(world).last().contains(QStringLiteral("already running")));
+        first.kill();
+        first.waitForFinished();
+
+        // With no folder it could use at all, the program starts all the same.
+        world.write(QStringLiteral("not-a-folder"), "");
+        env.insert(QStringLiteral("TOLVANE_RUNTIME_DIR"), world.path(QStringLiteral("not-a-folder")));
+        env.insert(QStringLiteral("XDG_CACHE_HOME"), world.path(QStringLiteral("not-a-folder/cache")));
+        QFile::remove(world.path(QStringLiteral("boxes.log")));
+        QProcess alone;
+        alone.setProcessEnvironment(env);
+        alone.start(exe, {});
+        QVERIFY(alone.waitForStarted());
+        QTRY_VERIFY_WITH_TIMEOUT(
+            QFileInfo::exists(world.path(QStringLiteral("appdata/Brenmark/Tolvane/data/Administrator/list.dat"))),
+            15000);
+        QCOMPARE(alone.state(), QProcess::Running);
+        QVERIFY(boxes(world).isEmpty());
+        alone.kill();
+        alone.waitForFinished();
     }
 
     void portableCopyKeepsItsDataBesideItself()

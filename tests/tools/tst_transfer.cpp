@@ -117,8 +117,8 @@ private Q_SLOTS:
         QCOMPARE(run.vaultOnDisk().size(), 2); // replaced, and the open vault was not written back
 
         // The new process opens the imported vault: its load empties `switch`, and it lists two.
-        QTRY_VERIFY_WITH_TIMEOUT(run.world.lockHolder() > 0, 15000);
-        const qint64 child = run.world.lockHolder();
+        QTRY_VERIFY_WITH_TIMEOUT(run.world.runningCopy() > 0, 15000);
+        const qint64 child = run.world.runningCopy();
         QTRY_COMPARE_WITH_TIMEOUT(run.ini(QStringLiteral("config.txt"), Keys::user, Keys::switchTo), QString(), 20000);
         const QList<EntryRecord> loaded = run.vaultOnDisk();
         QCOMPARE(loaded.size(), 2);

@@ -1,66 +1,168 @@
 #include "platform/Instance.h"
 
-#include "platform/Paths.h"
-
 #include <QCryptographicHash>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
-#include <QLockFile>
-#include <QTimer>
 
-#include <memory>
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
 #include <unistd.h>
+
+#include <optional>
 
 namespace platform {
 namespace {
 
-QString lockPath()
+// A folder that only this user can add files to: its own, not a link, writable by nobody else.
+// One that does not exist yet is made private.
+bool usableFolder(const QString& folder)
 {
-    QString folder = QString::fromLocal8Bit(qgetenv("TOLVANE_RUNTIME_DIR"));
     if (folder.isEmpty())
-        folder = QString::fromLocal8Bit(qgetenv("XDG_RUNTIME_DIR"));
-    if (folder.isEmpty())
-        folder = QStringLiteral("/tmp/tolvane-%1").arg(getuid());
-    QDir().mkpath(folder);
-    QString exe = QFileInfo(QFile::symLinkTarget(QStringLiteral("/proc/self/exe"))).canonicalFilePath();
-    const QByteArray id = QCryptographicHash::hash(exe.toUtf8(), QCryptographicHash::Sha1).toHex().left(16);
-    return folder + QStringLiteral("/tolvane-") + QString::fromLatin1(id) + QStringLiteral(".lock");
+        return false;
+    const QByteArray path = QFile::encodeName(folder);
+    struct stat info
+    {
+    };
+    if (::lstat(path.constData(), &info) != 0) {
+        if (errno != ENOENT || !QDir().mkpath(QFileInfo(folder).absolutePath()))
+            return false;
+        if (::mkdir(path.constData(), 0700) != 0 || ::lstat(path.constData(), &info) != 0)
+            return false;
+    }
+    return S_ISDIR(info.st_mode) && info.st_uid == ::geteuid() && (info.st_mode & (S_IWGRP | S_IWOTH)) == 0;
 }
 
-std::unique_ptr<QLockFile>& lock()
+QString env(const char* name)
 {
-    static std::unique_ptr<QLockFile> l;
-    return l;
+    return QString::fromLocal8Bit(qgetenv(name));
 }
 
-bool tryClaim()
+// The session's runtime folder; without one, a folder in the user's own cache. Never a
+// predictable name in a shared folder, which another account could make first.
+QString presenceFolder()
 {
-    if (!lock())
-        lock() = std::make_unique<QLockFile>(lockPath());
-    if (lock()->isLocked())
-        return true;
-    lock()->setStaleLockTime(0);
-    return lock()->tryLock(0);
+    QString cache = env("XDG_CACHE_HOME");
+    if (cache.isEmpty() && !env("HOME").isEmpty())
+        cache = env("HOME") + QStringLiteral("/.cache");
+    const QString candidates[]
+        = { env("TOLVANE_RUNTIME_DIR"), env("XDG_RUNTIME_DIR"), cache.isEmpty() ? QString() : cache + "/tolvane" };
+    for (const QString& folder : candidates) {
+        if (usableFolder(folder))
+            return folder;
+    }
+    return QString();
+}
+
+// Copies of one executable share the name's stem: "tolvane-<id of the executable's path>".
+QString stem()
+{
+    const QString exe = QFileInfo(QFile::symLinkTarget(QStringLiteral("/proc/self/exe"))).canonicalFilePath();
+    return QStringLiteral("tolvane-")
+        + QString::fromLatin1(QCryptographicHash::hash(exe.toUtf8(), QCryptographicHash::Sha1).toHex().left(16));
+}
+
+// When the process started, in clock ticks since boot (field 22 of /proc/<pid>/stat).
+qulonglong startTicks()
+{
+    QFile stat(QStringLiteral("/proc/self/stat"));
+    if (!stat.open(QIODevice::ReadOnly))
+        return 0;
+    const QByteArray text = stat.readAll();
+    const QList<QByteArray> fields = text.mid(text.lastIndexOf(')') + 2).split(' ');
+    return fields.size() > 19 ? fields.at(19).toULongLong() : 0;
+}
+
+struct Presence
+{
+    qulonglong started = 0;
+    qint64 pid = 0;
+    bool operator<(const Presence& other) const
+    {
+        return started != other.started ? started < other.started : pid < other.pid;
+    }
+};
+
+// "<stem>.<started>.<pid>.run"
+std::optional<Presence> presenceOf(const QString& fileName, const QString& ownStem)
+{
+    const QStringList parts = fileName.split(QLatin1Char('.'));
+    if (parts.size() != 4 || parts.at(0) != ownStem || parts.at(3) != QLatin1String("run"))
+        return std::nullopt;
+    bool startedOk = false;
+    bool pidOk = false;
+    Presence p { parts.at(1).toULongLong(&startedOk), parts.at(2).toLongLong(&pidOk) };
+    if (!startedOk || !pidOk)
+        return std::nullopt;
+    return p;
+}
+
+struct Announcement
+{
+    QString folder;
+    Presence self;
+    int fd = -1; // held open, and locked, until the process ends
+};
+
+Announcement& announcement()
+{
+    static Announcement a;
+    return a;
 }
 
 } // namespace
 
-bool PrevInstance()
+void AnnounceInstance()
 {
-    return !tryClaim();
+    Announcement& a = announcement();
+    if (a.fd >= 0)
+        return;
+    a.folder = presenceFolder();
+    a.self = { startTicks(), ::getpid() };
+    if (a.folder.isEmpty())
+        return;
+    const QString name = QStringLiteral("%1.%2.%3.run").arg(stem()).arg(a.self.started).arg(a.self.pid);
+    // Made and locked under a name no test reads, then given its name, so that nobody ever
+    // sees the file of a running copy unlocked.
+    const QByteArray making = QFile::encodeName(a.folder + QStringLiteral("/.") + name);
+    const int fd = ::open(making.constData(), O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600);
+    if (fd < 0)
+        return;
+    if (::flock(fd, LOCK_EX | LOCK_NB) != 0
+        || ::rename(making.constData(), QFile::encodeName(a.folder + QLatin1Char('/') + name).constData()) != 0) {
+        ::unlink(making.constData());
+        ::close(fd);
+        return;
+    }
+    a.fd = fd;
 }
 
-void ClaimInstanceWhenFree()
+bool PrevInstance()
 {
-    if (tryClaim())
-        return;
-    auto* timer = new QTimer;
-    timer->setInterval(200);
-    QObject::connect(timer, &QTimer::timeout, timer, [timer] {
-        if (tryClaim())
-            timer->deleteLater();
-    });
-    timer->start();
+    AnnounceInstance();
+    const Announcement& a = announcement();
+    if (a.fd < 0)
+        return false; // the test can't be made: that is no other copy
+    const QString ownStem = stem();
+    bool earlierRuns = false;
+    for (const QString& fileName : QDir(a.folder).entryList(QDir::Files | QDir::Hidden)) {
+        const std::optional<Presence> other = presenceOf(fileName, ownStem);
+        if (!other || other->pid == a.self.pid)
+            continue;
+        const QByteArray path = QFile::encodeName(a.folder + QLatin1Char('/') + fileName);
+        const int fd = ::open(path.constData(), O_RDONLY | O_NOFOLLOW | O_CLOEXEC);
+        if (fd < 0)
+            continue;
+        if (::flock(fd, LOCK_EX | LOCK_NB) == 0) {
+            ::unlink(path.constData()); // a copy that ended without a word
+        } else if (errno == EWOULDBLOCK && *other < a.self) {
+            earlierRuns = true;
+        }
+        ::close(fd);
+    }
+    return earlierRuns;
 }
 
 } // namespace platform
