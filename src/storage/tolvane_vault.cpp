@@ -9,6 +9,7 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -29,6 +30,8 @@ Commands:
 FILE is a list.dat or an exported .tvd file. JSON texts are the fields' bytes in the
 system's 8-bit code page (Windows-1250 or -1252, see TOLVANE_CODEPAGE), so every byte
 survives a dump and a save unchanged.
+
+Only regular files are read and written, and none larger than any vault (1 MiB).
 
 Exit codes: 0 done, 1 bad input (missing or unreadable file, bad JSON, vault too large),
 2 usage.
@@ -67,6 +70,53 @@ QString pathArgument(const QString& given)
     return platform::ToWindows(QDir::current().absoluteFilePath(given));
 }
 
+// The program never writes a vault file of more than 32,770 bytes; this leaves room for files
+// of other makings and still stops at once on anything that is no vault.
+constexpr qint64 largestFile = 1024 * 1024;
+// A JSON vault on standard input: every byte of a full vault escaped six times over, and more.
+constexpr qint64 largestInput = 4 * 1024 * 1024;
+
+// What is wrong with a path the tool can't read, in words.
+QString unreadable(platform::ReadOutcome outcome, const QString& given)
+{
+    const QFileInfo info(given);
+    switch (outcome) {
+    case platform::ReadOutcome::Missing:
+        return QStringLiteral("no such file: %1").arg(given);
+    case platform::ReadOutcome::NotAFile:
+        return info.isDir() ? QStringLiteral("%1 is a folder, not a vault file").arg(given)
+                            : QStringLiteral("%1 is not a regular file (a pipe, a device or a socket)").arg(given);
+    case platform::ReadOutcome::NotPermitted:
+        return QStringLiteral("no permission to read %1").arg(given);
+    case platform::ReadOutcome::TooLarge:
+        return QStringLiteral("%1 is larger than %2 bytes, more than any vault file: it was not read")
+            .arg(given)
+            .arg(largestFile);
+    case platform::ReadOutcome::Read:
+    case platform::ReadOutcome::Failed:
+        break;
+    }
+    return QStringLiteral("can't read %1").arg(given);
+}
+
+// Reads standard input up to the bound; false when there is more.
+bool readInput(QByteArray& input)
+{
+    QFile in;
+    if (!in.open(stdin, QIODevice::ReadOnly))
+        return false;
+    input.clear();
+    for (;;) {
+        const QByteArray chunk = in.read(largestInput + 1 - input.size());
+        if (chunk.isEmpty()) // standard input blocks: nothing more is its end
+            break;
+        input += chunk;
+        if (input.size() > largestInput)
+            return false;
+    }
+    return true;
+}
+
 } // namespace
 
 int main(int argc, char* argv[])
@@ -90,11 +140,18 @@ int main(int argc, char* argv[])
     });
 
     if (command == QLatin1String("save")) {
-        QFile in;
-        if (!in.open(stdin, QIODevice::ReadOnly))
-            return fail(QStringLiteral("can't read standard input"));
+        // Only a regular file is replaced; a folder, a pipe or a device is left alone.
+        const QFileInfo target(args.at(1));
+        if (target.exists() && !target.isFile())
+            return fail(unreadable(platform::ReadOutcome::NotAFile, args.at(1)));
+        if (!QFileInfo(target.absolutePath()).isDir())
+            return fail(QStringLiteral("no such folder: %1").arg(target.absolutePath()));
+        QByteArray input;
+        if (!readInput(input))
+            return fail(
+                QStringLiteral("standard input is longer than %1 bytes: no vault is that large").arg(largestInput));
         QJsonParseError error {};
-        const QJsonDocument doc = QJsonDocument::fromJson(in.readAll(), &error);
+        const QJsonDocument doc = QJsonDocument::fromJson(input, &error);
         if (error.error != QJsonParseError::NoError || !doc.isArray())
             return fail(QStringLiteral("standard input is not a JSON array of entries: %1").arg(error.errorString()));
         QList<EntryRecord> entries;
@@ -124,10 +181,9 @@ int main(int argc, char* argv[])
         return 2;
     }
     QByteArray bytes;
-    if (platform::FileLen(path) < 0)
-        return fail(QStringLiteral("no such file: %1").arg(args.at(1)));
-    if (!platform::ReadFileBytes(path, bytes))
-        return fail(QStringLiteral("can't read %1").arg(args.at(1)));
+    const platform::ReadOutcome read = platform::ReadFileBounded(path, largestFile, bytes);
+    if (read != platform::ReadOutcome::Read)
+        return fail(unreadable(read, args.at(1)));
     const QByteArray inner = LayerOff(bytes);
     if (command == QLatin1String("unwrap")) {
         std::fwrite(inner.constData(), 1, static_cast<size_t>(inner.size()), stdout);

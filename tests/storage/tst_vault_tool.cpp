@@ -7,6 +7,9 @@
 #include <QJsonObject>
 #include <QProcess>
 
+#include <sys/stat.h>
+#include <unistd.h>
+
 namespace {
 struct Run
 {
@@ -22,7 +25,11 @@ Run tool(const QStringList& args, const QByteArray& input = QByteArray())
     p.waitForStarted();
     p.write(input);
     p.closeWriteChannel();
-    p.waitForFinished(30000);
+    if (!p.waitForFinished(10000)) { // a tool that hangs is a failure of its own
+        p.kill();
+        p.waitForFinished();
+        return { -1, {}, "hung" };
+    }
     return { p.exitCode(), p.readAllStandardOutput(), p.readAllStandardError() };
 }
 } // namespace
@@ -94,6 +101,36 @@ private Q_SLOTS:
             QJsonDocument(QJsonArray { big }).toJson());
         QCOMPARE(tooLarge.code, 1);
         QVERIFY(tooLarge.err.contains("nothing was written"));
+        // Only regular files, and none larger than a vault: each refused at once, with the reason.
+        QDir().mkpath(world.path(QStringLiteral("folder")));
+        QCOMPARE(::mkfifo(QFile::encodeName(world.path(QStringLiteral("pipe"))).constData(), 0600), 0);
+        QFile sparse(world.path(QStringLiteral("huge.dat")));
+        QVERIFY(sparse.open(QIODevice::WriteOnly) && sparse.resize(2 * 1024 * 1024));
+        sparse.close();
+        const QList<std::pair<QStringList, QByteArray>> refusals = {
+            { { QStringLiteral("dump"), QStringLiteral("/dev/zero") }, "is not a regular file" },
+            { { QStringLiteral("dump"), world.path(QStringLiteral("pipe")) }, "is not a regular file" },
+            { { QStringLiteral("save"), world.path(QStringLiteral("pipe")) }, "is not a regular file" },
+            { { QStringLiteral("unwrap"), world.path(QStringLiteral("folder")) }, "is a folder" },
+            { { QStringLiteral("save"), world.path(QStringLiteral("folder")) }, "is a folder" },
+            { { QStringLiteral("rescue"), world.path(QStringLiteral("huge.dat")) }, "more than any vault file" },
+            { { QStringLiteral("save"), world.path(QStringLiteral("none/x.dat")) }, "no such folder" },
+        };
+        for (const auto& [args, reason] : refusals) {
+            const Run refused = tool(args, "[]");
+            QCOMPARE(refused.code, 1);
+            QVERIFY2(refused.err.contains(reason), refused.err.constData());
+        }
+        const Run endless
+            = tool({ QStringLiteral("save"), world.path(QStringLiteral("x.dat")) }, QByteArray(5 << 20, ' '));
+        QCOMPARE(endless.code, 1);
+        QVERIFY(endless.err.contains("longer than"));
+        if (::geteuid() != 0) { // root reads whatever the modes say
+            world.write(QStringLiteral("locked.dat"), "x");
+            QFile::setPermissions(world.path(QStringLiteral("locked.dat")), QFile::WriteOwner);
+            QVERIFY(tool({ QStringLiteral("dump"), world.path(QStringLiteral("locked.dat")) })
+                        .err.contains("no permission"));
+        }
         // A bad Base64 group is reported and read on as OK.
         world.write(QStringLiteral("bad.dat"), LayerOn("[A]\r\nname=YW5u*W5u\r\n"));
         const Run bad = tool({ QStringLiteral("dump"), world.path(QStringLiteral("bad.dat")) });
