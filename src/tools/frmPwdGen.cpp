@@ -2,11 +2,11 @@
 
 #include "platform/Cursor.h"
 #include "platform/MessageBox.h"
-#include "platform/Random.h"
 #include "platform/Twips.h"
 #include "services/Accessibility.h"
 #include "services/ProgramPictures.h"
 #include "services/modLanguage.h"
+#include "tools/PasswordRecipe.h"
 #include "vault/ImageControl.h"
 #include "vault/TextBox.h"
 #include "vault/frmMain.h"
@@ -22,24 +22,7 @@
 #include <QRadioButton>
 #include <QTimer>
 
-#include <cmath>
 
-namespace {
-
-// floor(25·r + 65), lower-cased: a to y. The z is never drawn.
-QString DrawLetter()
-{
-    const int code = static_cast<int>(std::floor(25.0 * platform::Rnd() + 65.0));
-    return QString(QChar(code)).toLower();
-}
-
-// floor(9·r): 0 to 8. The 9 is never drawn.
-QString DrawDigit()
-{
-    return QString::number(static_cast<int>(std::floor(9.0 * platform::Rnd())));
-}
-
-} // namespace
 
 frmPwdGen::frmPwdGen(QWidget* owner)
     : QDialog(owner)
@@ -170,36 +153,12 @@ bool frmPwdGen::eventFilter(QObject* watched, QEvent* event)
 
 void frmPwdGen::Command3_Click()
 {
-    Text2->SetText(QString());
-    const int wanted = Text1->Text().toInt();
-    QLineEdit* result = Text2->LineEditor();
-    for (;;) {
-        // The source is seeded anew at the head of every pass, from the time of day.
-        platform::Randomize();
-        if (selector == 1) {
-            setName = QStringLiteral("all letter");
-            Text2->SetText(Text2->Text() + DrawLetter());
-        }
-        if (selector == 2) {
-            setName = QStringLiteral("all number");
-            Text2->SetText(QString());
-            for (int i = 0; i < wanted; ++i)
-                Text2->SetText(Text2->Text() + DrawDigit());
-        }
-        if (selector == 3) {
-            setName = QStringLiteral("number and letter");
-            const int coin = static_cast<int>(std::floor(2.0 * platform::Rnd()));
-            if (coin == 1) {
-                result->setCursorPosition(result->text().size());
-                Text2->SetText(Text2->Text() + DrawDigit());
-                result->setCursorPosition(result->text().size());
-            } else {
-                Text2->SetText(Text2->Text() + DrawLetter());
-            }
-        }
-        if (Text2->Text().size() >= wanted)
-            break;
-    }
+    static const QString setNames[] = { QStringLiteral("all letter"), QStringLiteral("all number"),
+        QStringLiteral("number and letter") };
+    setName = setNames[selector - 1];
+    SystemRandomSource source;
+    Text2->SetText(GeneratePassword(static_cast<PasswordAlphabet>(selector), Text1->Text().toInt(), source));
+    Text2->LineEditor()->setCursorPosition(Text2->Text().size());
 }
 
 void frmPwdGen::Timer1_Timer()

@@ -3,6 +3,7 @@
 // box with its question, and the copy.
 #include "VaultRun.h"
 #include "platform/Clipboard.h"
+#include "tools/PasswordRecipe.h"
 #include "tools/frmPwdGen.h"
 #include "vault/ImageControl.h"
 #include "vault/frmView.h"
@@ -10,6 +11,9 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QRegularExpression>
+#include <QSet>
+
+#include <algorithm>
 
 class tst_pwdgen : public QObject
 {
@@ -101,6 +105,56 @@ private Q_SLOTS:
         const QString before = g.Text2->Text();
         QTest::mouseClick(g.Option2, Qt::LeftButton);
         QCOMPARE(g.Text2->Text(), before);
+    }
+
+    void theSystemSourceGivesEveryPasswordItsChance()
+    {
+        // Letters at length 10: 100,000 presses, all different.
+        SystemRandomSource source;
+        QSet<QString> seen;
+        QHash<QChar, qint64> letters;
+        for (int i = 0; i < 100000; ++i) {
+            const QString p = GeneratePassword(PasswordAlphabet::Letters, 10, source);
+            seen.insert(p);
+            for (QChar c : p)
+                ++letters[c];
+        }
+        QCOMPARE(seen.size(), 100000);
+        // Each of a to y as often as the others: chi-square over 24 degrees of freedom, with a
+        // bound a fair source passes but once in millions of runs.
+        auto chiSquare = [](const QHash<QChar, qint64>& counts, int kinds) {
+            qint64 total = 0;
+            for (qint64 n : counts)
+                total += n;
+            const double expected = double(total) / kinds;
+            double sum = 0;
+            for (qint64 n : counts)
+                sum += (n - expected) * (n - expected) / expected;
+            return sum;
+        };
+        QCOMPARE(letters.size(), 25);
+        QVERIFY2(chiSquare(letters, 25) < 80, qPrintable(QString::number(chiSquare(letters, 25))));
+        QHash<QChar, qint64> digits;
+        for (int i = 0; i < 20000; ++i) {
+            for (QChar c : GeneratePassword(PasswordAlphabet::Digits, 10, source))
+                ++digits[c];
+        }
+        QCOMPARE(digits.size(), 9);
+        QVERIFY2(chiSquare(digits, 9) < 50, qPrintable(QString::number(chiSquare(digits, 9))));
+
+        // Both kinds at length 12: half digits, and now and then all of one kind (1 in 4,096).
+        qint64 digitCount = 0;
+        int allLetters = 0;
+        int allDigits = 0;
+        for (int i = 0; i < 100000; ++i) {
+            const QString p = GeneratePassword(PasswordAlphabet::DigitsAndLetters, 12, source);
+            const auto n = std::count_if(p.cbegin(), p.cend(), [](QChar c) { return c.isDigit(); });
+            digitCount += n;
+            allDigits += n == 12 ? 1 : 0;
+            allLetters += n == 0 ? 1 : 0;
+        }
+        QVERIFY2(qAbs(double(digitCount) / 1200000 - 0.5) < 0.003, qPrintable(QString::number(digitCount)));
+        QVERIFY(allLetters > 0 && allDigits > 0);
     }
 
     void useNeedsATargetAndAResultAndAsksBeforeReplacing()

@@ -1,5 +1,6 @@
 #include "platform/Random.h"
 
+#include <QRandomGenerator>
 #include <QTime>
 
 #include <cstring>
@@ -25,6 +26,12 @@ void Randomize()
     std::memcpy(&bits, &seconds, sizeof bits);
     const quint32 mixed = ((bits & 0xFFFFu) ^ (bits >> 16)) << 8;
     g_state = (g_state & 0xFF0000FFu) | (mixed & 0x00FFFF00u);
+}
+
+float SystemRandom()
+{
+    // 24 bits: every value is a single-precision number, and 1 is never reached.
+    return static_cast<float>(QRandomGenerator::system()->generate() >> 8) / 16777216.0f;
 }
 
 } // namespace platform
