@@ -56,6 +56,7 @@ void TextBox::SetText(const QString& value)
     setEditorText(text);
     canUndo = false;
     typing = false;
+    keptSelection = {};
 }
 
 QString TextBox::editorText() const
@@ -100,6 +101,9 @@ void TextBox::SendMessage(int message)
         typing = false;
         return;
     }
+    if (line && !line->hasFocus() && keptSelection.start >= 0)
+        line->setSelection(keptSelection.start, keptSelection.length);
+    keptSelection = {};
     quiet = true;
     if (message == WM_CUT)
         line ? line->cut() : plain->cut(); // a masked one-line box keeps its text, as it should
@@ -158,8 +162,14 @@ bool TextBox::pressDefaultButton()
 bool TextBox::eventFilter(QObject* watched, QEvent* event)
 {
     switch (event->type()) {
+    case QEvent::FocusIn:
+        if (watched == Editor())
+            keptSelection = {};
+        break;
     case QEvent::FocusOut: {
         const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+        if (line && watched == line && line->hasSelectedText())
+            keptSelection = { line->selectionStart(), static_cast<int>(line->selectedText().size()) };
         if (watched == Editor())
             typing = false;
         if (watched == Editor() && reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason)

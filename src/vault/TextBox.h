@@ -69,6 +69,16 @@ private:
     bool typing = false;
     bool quiet = false;
 
+    // The selection a one-line box had when it lost the focus. The toolkit's box drops it
+    // then, where the classic edit box keeps it for the next cut or paste: passing the mouse
+    // over the toolbar takes the focus, and the toolbar's Cut and Paste must still find it.
+    struct Selection
+    {
+        int start = -1;
+        int length = 0;
+    };
+    Selection keptSelection;
+
     QLineEdit* line = nullptr;
     QPlainTextEdit* plain = nullptr;
     bool locked = false;

@@ -124,6 +124,34 @@ private Q_SLOTS:
         QCOMPARE(clipboard(), QString());
     }
 
+    void theToolbarCutsAndPastesTheSelectionTheMouseLeftBehind()
+    {
+        VaultRun run;
+        frmMain* main = showMail(run);
+        QVERIFY(main);
+        // Select the end of the user name, then go for the toolbar: passing over it takes the
+        // focus from the box, and the cut still finds the selection.
+        for (TextBox* box : { main->txtFullName, main->txtExtra }) {
+            VaultRun::clickInto(box);
+            box->SetText(QStringLiteral("annabel"));
+            QTest::keyClick(box->Editor(), Qt::Key_End);
+            for (int i = 0; i < 3; ++i)
+                QTest::keyClick(box->Editor(), Qt::Key_Left, Qt::ShiftModifier);
+            QTest::mouseMove(main->Command14);
+            QVERIFY(main->Command14->hasFocus());
+            QTest::mouseClick(main->Command14, Qt::LeftButton);
+            QCOMPARE(box->Text(), QStringLiteral("anna"));
+            QCOMPARE(clipboard(), QStringLiteral("bel"));
+            // Paste replaces what is selected.
+            VaultRun::clickInto(box);
+            QTest::keyClick(box->Editor(), Qt::Key_Home);
+            QTest::keyClick(box->Editor(), Qt::Key_Right, Qt::ShiftModifier);
+            QTest::mouseMove(main->Command15);
+            QTest::mouseClick(main->Command15, Qt::LeftButton);
+            QCOMPARE(box->Text(), QStringLiteral("belnna"));
+        }
+    }
+
     void copyImagesMinimiseWithTheOptionAndFailuresAreToldInWords()
     {
         VaultRun run;
