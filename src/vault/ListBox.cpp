@@ -1,5 +1,7 @@
 #include "vault/ListBox.h"
 
+#include "platform/CodePage.h"
+
 #include <QCollator>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -14,8 +16,12 @@ ListBox::ListBox(bool sortedRows, QWidget* parent)
 
 int ListBox::CompareRows(const QString& a, const QString& b)
 {
+    // The order of the code page's own language, whatever the machine's locale: Central
+    // European texts (1250) in Polish order, Western ones (1252) in English order, where Ä sorts
+    // with A and Zürich before zz.
     static const QCollator collator = [] {
-        QCollator c;
+        QCollator c(platform::CodePageNumber() == 1250 ? QLocale(QLocale::Polish, QLocale::Poland)
+                                                       : QLocale(QLocale::English, QLocale::UnitedStates));
         c.setCaseSensitivity(Qt::CaseInsensitive);
         return c;
     }();

@@ -1,8 +1,8 @@
 #pragma once
 // The runtime's list box: rows of text (each ends at a first zero character), one selected at most, and a Click that
 // comes with every mouse click in it and with every change of row by the keyboard. A sorted list keeps its rows in
-// alphabetical order of their whole text without regard to case, whatever order they come in (the toolkit's own sorting
-// is case-sensitive, so the order is kept here).
+// alphabetical order of their whole text without regard to case, whatever order they come in, and the same on every
+// machine (the toolkit's own sorting is case-sensitive and follows the locale, so the order is kept here).
 #include "storage/ListControl.h"
 
 #include <QListWidget>

@@ -351,11 +351,11 @@ private Q_SLOTS:
         run.close();
 
         main = run.start();
-        QStringList expected = titles;
-        expected << QStringLiteral("long") << QStringLiteral("bmp") << QStringLiteral("png");
-        std::sort(expected.begin(), expected.end(),
-            [](const QString& a, const QString& b) { return ListBox::CompareRows(a, b) < 0; });
-        QCOMPARE(VaultRun::rows(main->lstResults), expected); // titles are raw section lines
+        // Titles are raw section lines; blanks and signs sort before letters.
+        QCOMPARE(VaultRun::rows(main->lstResults),
+            (QStringList { QStringLiteral("  lead"), QStringLiteral(";semi"), QStringLiteral("[open"),
+                QStringLiteral("a=b"), QStringLiteral("bmp"), QStringLiteral("long"), QStringLiteral("png"),
+                QStringLiteral("x]y"), QStringLiteral("Zürich é") }));
         for (const QString& t : titles) {
             const EntryRecord& e = entryTable[FindEntryByTitle(platform::ToCodePage(t))];
             // A leading blank is written as it is; "=" comes back as its escape; both with
@@ -369,6 +369,27 @@ private Q_SLOTS:
         // A picture is written raw: its first CR LF ends it.
         QCOMPARE(entryTable[FindEntryByTitle("png")].picture, pngBytes.left(pngBytes.indexOf("\r\n")));
         run.close();
+    }
+
+    void theListSortsAlikeOnEveryMachine()
+    {
+        // In the C locale of a bare machine, and in Swedish, where Ä and Ö come after Z, the
+        // list keeps the order of the files' own code page, without regard to case.
+        const QStringList sorted = { QStringLiteral("æble"), QStringLiteral("Äpfel"), QStringLiteral("apple"),
+            QStringLiteral("Émile"), QStringLiteral("Mail"), QStringLiteral("Öl"), QStringLiteral("Šárka"),
+            QStringLiteral("Straße"), QStringLiteral("Zürich"), QStringLiteral("zz") };
+        for (const QLocale& locale : { QLocale::c(), QLocale(QLocale::Swedish, QLocale::Sweden) }) {
+            QLocale::setDefault(locale);
+            VaultRun run;
+            QList<EntryRecord> entries;
+            for (const QString& title : sorted)
+                entries.prepend(EntryRecord { platform::ToCodePage(title), {}, {}, {}, {}, {}, {}, {} });
+            frmMain* main = run.startActive(entries);
+            QVERIFY(main);
+            QCOMPARE(VaultRun::rows(main->lstResults), sorted);
+            run.close();
+        }
+        QLocale::setDefault(QLocale::system());
     }
 
     void tabCarriesTheHintAndAVaultTooLargeIsKept()
