@@ -22,6 +22,8 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+#include <limits>
+
 namespace {
 
 // Combo1 as a list for the list-file routines.
@@ -72,6 +74,7 @@ frmLogin::frmLogin()
     PlaceTwips(Label3, 720, 1260, 1080, 285);
     // The password stays readable as it is typed: that is how this window has always been.
     Text2 = Named(new QLineEdit(this), "Text2");
+    Text2->setMaxLength(std::numeric_limits<int>::max()); // no limit of its own on the length
     PlaceTwips(Text2, 1800, 1200, 2880, 330);
     Label3->setBuddy(Text2);
     Command1 = Named(new QPushButton(this), "Command1");

@@ -297,7 +297,10 @@ void frmMain::buildControls()
         (*f.caption)->setBuddy(*f.control);
     }
     txtDetails->SetLocked(true);
-    txtDetails->Editor()->setBackgroundRole(QPalette::Window);
+    // Grey as a read-only field: a line edit paints its ground in the palette's Base colour.
+    QPalette readOnly = txtDetails->Editor()->palette();
+    readOnly.setColor(QPalette::Base, readOnly.color(QPalette::Window));
+    txtDetails->Editor()->setPalette(readOnly);
     txtInterests->SetScrollBars(false, true);
     txtExtra->SetScrollBars(true, true);
     txtExtra->resize(Twips(5055), txtExtra->height());

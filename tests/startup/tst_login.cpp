@@ -70,6 +70,10 @@ private Q_SLOTS:
         }
         QCOMPARE(login->Text2->text(), QStringLiteral("xxx")); // what was typed stays
         QVERIFY(!frmMain::Loaded());
+        // No limit on what can be typed: a password of 40,000 characters is taken whole.
+        const QString longest(40000, QLatin1Char('k'));
+        login->Text2->setText(longest);
+        QCOMPARE(login->Text2->text().size(), 40000);
         login->Text2->setText(QStringLiteral("Zażółć 1")); // typing knows Latin-1 keys only
         QPointer<frmLogin> typedInto(login);
         QTest::keyClick(login->Text2, Qt::Key_Return);

@@ -154,6 +154,21 @@ private Q_SLOTS:
         QCOMPARE(entryTable[1].name, QStringLiteral("ann"));
     }
 
+    void theTitleBoxIsGreyAsAReadOnlyField()
+    {
+        VaultRun run;
+        frmMain* main = run.startActive({ EntryRecord { "Mail", "pw", {}, "anna", {}, {}, {}, {} } });
+        QVERIFY(main);
+        // The ground of each box at its right end, where no text stands.
+        auto ground = [](TextBox* box) {
+            const QImage shot = box->Editor()->grab().toImage();
+            return shot.pixelColor(shot.width() - 4, shot.height() / 2);
+        };
+        QCOMPARE(ground(main->txtDetails), main->palette().color(QPalette::Window));
+        QCOMPARE(ground(main->txtFullName), main->palette().color(QPalette::Base));
+        QVERIFY(ground(main->txtDetails) != ground(main->txtFullName));
+    }
+
     void menusAsDesigned()
     {
         VaultRun run;
