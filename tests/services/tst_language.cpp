@@ -1,6 +1,9 @@
 #include "TestSupport.h"
 #include "services/modLanguage.h"
+#include "platform/Paths.h"
 #include "services/modRegistry2.h"
+
+#include <QHash>
 
 class tst_language : public QObject
 {
@@ -43,6 +46,32 @@ private Q_SLOTS:
         world.write(QStringLiteral("program/u.txt"), "101 one_two\r\n");
         ReadLanguageFile(QStringLiteral("C:\\..\\program\\u.txt"));
         QCOMPARE(Lang(101), QStringLiteral("one\rtwo"));
+    }
+
+    void noMenuOfALanguageHasTwoEntriesOnOneKey()
+    {
+        // The menu bar, then each menu and the tray's, by the slots of their captions.
+        const QList<QList<int>> menus = { { 206, 213, 220, 224, 226, 229 }, { 207, 208, 209, 210, 211, 212 },
+            { 214, 215, 216, 217, 218, 219 }, { 221, 222, 223 }, { 225 }, { 227, 228 }, { 232, 233, 234, 235, 236 },
+            { 237, 234, 235, 238, 236, 212 } };
+        for (const char* language : { "English", "Polish", "Deutsch" }) {
+            ClearLanguageTable();
+            const QString file = QStringLiteral(TOLVANE_SOURCE_PROGRAM_DIR "/languages/%1/%1.txt").arg(language);
+            QCOMPARE(ReadLanguageFile(platform::ToWindows(file)), qint16(0));
+            for (const QList<int>& menu : menus) {
+                QHash<QChar, int> keys;
+                for (int slot : menu) {
+                    const QString caption = Lang(slot);
+                    const qsizetype amp = caption.indexOf(QLatin1Char('&'));
+                    QVERIFY2(amp >= 0 && amp + 1 < caption.size(), qPrintable(caption));
+                    const QChar key = caption.at(amp + 1).toLower();
+                    QVERIFY2(!keys.contains(key),
+                        qPrintable(QStringLiteral("%1: %2 and %3 share Alt+%4")
+                                       .arg(QLatin1String(language), Lang(keys.value(key)), caption, key)));
+                    keys.insert(key, slot);
+                }
+            }
+        }
     }
 
     void valReadsLikeTheRuntime()
