@@ -38,7 +38,7 @@ public:
     {
         Reset();
         platform::SetBeepHook({});
-        platform::SetOpenFileBackend({});
+        platform::SetFileDialogBackend({});
     }
 
     // Ends whatever a run left in memory.

@@ -9,33 +9,37 @@ class QWidget;
 
 namespace platform {
 
-struct OpenFileCall
+// The common file dialogs (GetOpenFileNameA, GetSaveFileNameA). The whole request goes
+// through here: the name the box starts with, the default extension, and the flags whose
+// questions the dialog asks before it lets a name through.
+constexpr int OFN_OVERWRITEPROMPT = 0x2;
+constexpr int OFN_HIDEREADONLY = 0x4;
+constexpr int OFN_PATHMUSTEXIST = 0x800;
+constexpr int OFN_FILEMUSTEXIST = 0x1000;
+constexpr int OFN_CREATEPROMPT = 0x2000;
+
+struct FileDialogCall
 {
+    bool save = false;
     QString title;
     // The classic filter text: "Description|pattern;pattern|Description|pattern".
     QString filter;
-};
-
-// Returns the chosen file as a Windows-form path, or the empty text when the user cancelled.
-using OpenFileBackend = std::function<QString(const OpenFileCall&)>;
-
-QString ShowOpenFile(QWidget* owner, const QString& title, const QString& filter);
-void SetOpenFileBackend(OpenFileBackend backend);
-
-// The save dialog (GetSaveFileNameA): the user's name for the file, or empty when cancelled. A
-// name without an extension gets `defaultExtension`, whatever the filter says. The dialog asks
-// before replacing a file. Tests answer with the name the user would type.
-struct SaveFileCall
-{
-    QString title;
-    QString filter; // classic form, as for the open dialog
     QString initialFolder;
-    QString fileName;
-    QString defaultExtension;
+    QString fileName; // what the name box starts with
+    QString defaultExtension; // added to a name given without one ("pdf", "*.tvd" adds ".tvd")
+    int flags = 0;
 };
-using SaveFileBackend = std::function<QString(const SaveFileCall&)>;
-QString GetSaveFileNameA(QWidget* owner, const SaveFileCall& call);
-void SetSaveFileBackend(SaveFileBackend backend);
+
+// What the user does with the dialog: the name in its box (a Windows-form path) when OK is
+// pressed, or the empty text for Cancel. The window system answers, or a test.
+using FileDialogBackend = std::function<QString(const FileDialogCall&)>;
+void SetFileDialogBackend(FileDialogBackend backend);
+
+// The dialog's whole work: the user's name, the default extension added, then the questions
+// its flags ask (each a message box: replace a file that exists, create one that does not, a
+// file that must exist); a No shows the dialog again. The chosen path, or empty for Cancel.
+QString GetOpenFileNameA(QWidget* owner, const FileDialogCall& call);
+QString GetSaveFileNameA(QWidget* owner, const FileDialogCall& call);
 
 // The shell's folder browser, opened at `startPath`: the chosen folder (Windows form) or empty.
 struct BrowseFolderCall

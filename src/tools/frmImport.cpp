@@ -42,7 +42,8 @@ void frmImport::Form_Load()
 void frmImport::Command3_Click()
 {
     // A cancel withdraws an earlier choice.
-    const QString chosen = platform::ShowOpenFile(this, openTitle, Lang(182));
+    const QString chosen = platform::GetOpenFileNameA(
+        this, { false, openTitle, Lang(182), QString(), QStringLiteral("*.tvd"), QStringLiteral("*.tvd"), 0 });
     txtZipFName->setText(chosen.isEmpty() ? QStringLiteral("C:\\") : chosen);
     Command1->setEnabled(!chosen.isEmpty());
 }

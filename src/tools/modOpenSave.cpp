@@ -6,6 +6,8 @@ QString ShowSaveDialog(
     QWidget* owner, const QString& filter, const QString& title, const QString& initialFolder, const QString& fileName)
 {
     // The name buffer holds 254 characters at most.
-    const platform::SaveFileCall call { title, filter, initialFolder, fileName.left(254), QStringLiteral("pdf") };
+    // Flags 8198: ask before replacing a file, hide the read-only box, ask before creating one.
+    const platform::FileDialogCall call { true, title, filter, initialFolder, fileName.left(254), QStringLiteral("pdf"),
+        platform::OFN_OVERWRITEPROMPT | platform::OFN_HIDEREADONLY | platform::OFN_CREATEPROMPT };
     return platform::GetSaveFileNameA(owner, call).trimmed();
 }

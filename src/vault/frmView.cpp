@@ -149,8 +149,10 @@ void frmView::Command2_Click()
 
 void frmView::cmdLoad_Click()
 {
-    const QString file = platform::ShowOpenFile(this, QStringLiteral("Load Image"),
-        QStringLiteral("All Image Files (*.jpg, *.jpeg, *.gif, *.bmp)|*.jpg;*.jpeg;*.gif;*.bmp"));
+    const QString file = platform::GetOpenFileNameA(this,
+        { false, QStringLiteral("Load Image"),
+            QStringLiteral("All Image Files (*.jpg, *.jpeg, *.gif, *.bmp)|*.jpg;*.jpeg;*.gif;*.bmp"), QString(),
+            QString(), QString(), 0 });
     auto fail = [](int number) {
         platform::MsgBox(QStringLiteral("Error #%1:\n%2").arg(number).arg(platform::ErrorText(number)), 16);
     };

@@ -266,14 +266,14 @@ private Q_SLOTS:
 
         // The chooser: the user picks the program, which gets the file.
         QFile::remove(opened);
-        platform::SetOpenFileBackend([&](const platform::OpenFileCall& call) {
+        platform::SetFileDialogBackend([&](const platform::FileDialogCall& call) {
             return call.title == QLatin1String("Open with") ? platform::ToWindows(script) : QString();
         });
         QString directory;
         ShellOpen(nullptr, QStringLiteral("C:\\docs\\blob.tolvanetest"), QString(), directory, 1, true);
         QTRY_COMPARE_WITH_TIMEOUT(QString::fromUtf8(world.read(QStringLiteral("opened.txt"))),
             world.path(QStringLiteral("home/docs/blob.tolvanetest")), 10000);
-        platform::SetOpenFileBackend({});
+        platform::SetFileDialogBackend({});
         QVERIFY(boxes.shown.isEmpty());
     }
 };

@@ -128,32 +128,66 @@ private Q_SLOTS:
         report->Command4->click();
     }
 
-    void savesPlainTextUnderTheDefaultExtension()
+    void savesPlainTextUnderTheDefaultExtensionAfterTheDialogsQuestions()
     {
         VaultRun run;
         frmMain* main = nullptr;
         frmRaport* report = openReport(run, main);
         QVERIFY(report);
-        QList<platform::SaveFileCall> calls;
-        QString typed = QStringLiteral("C:\\report");
-        platform::SetSaveFileBackend([&](const platform::SaveFileCall& call) {
+        QList<platform::FileDialogCall> calls;
+        QStringList typed;
+        platform::SetFileDialogBackend([&](const platform::FileDialogCall& call) {
             calls.append(call);
-            return typed;
+            return typed.isEmpty() ? QString() : typed.takeFirst();
         });
+        const QByteArray text = platform::ToCodePage(report->TxtLaporan->Text() + QStringLiteral("\r\n"));
+        auto boxes = [&run] {
+            QStringList seen;
+            for (const auto& box : run.boxes.shown)
+                seen << QStringLiteral("%1|%2|%3").arg(box.flags).arg(box.title, box.text);
+            run.boxes.shown.clear();
+            return seen;
+        };
+
+        // A name without an extension gets ".pdf", and a new file is made only after the question.
+        typed = { QStringLiteral("C:\\report") };
+        run.boxes.answer(platform::IDYES);
         report->Command2->click();
         QCOMPARE(calls.size(), 1);
+        QVERIFY(calls[0].save);
         QCOMPARE(calls[0].filter, QStringLiteral("Text (*.txt)|*.txt"));
         QCOMPARE(calls[0].defaultExtension, QStringLiteral("pdf"));
-        QCOMPARE(run.world.read(QStringLiteral("home/report.pdf")),
-            platform::ToCodePage(report->TxtLaporan->Text() + QStringLiteral("\r\n")));
-        typed = QStringLiteral("C:\\report.txt");
+        QCOMPARE(calls[0].flags, 8198);
+        QCOMPARE(boxes(),
+            QStringList { QStringLiteral(
+                "36|Save As|C:\\report.pdf\nThis file does not exist.\nDo you want to create it?") });
+        QCOMPARE(run.world.read(QStringLiteral("home/report.pdf")), text);
+
+        // The same name again: report.pdf exists and is replaced only after its own question; No
+        // shows the dialog again, and Cancel there leaves the file as it was.
+        run.world.write(QStringLiteral("home/report.pdf"), "older");
+        typed = { QStringLiteral("C:\\report") };
+        run.boxes.answer(platform::IDNO);
         report->Command2->click();
-        QVERIFY(QFile::exists(run.world.path(QStringLiteral("home/report.txt"))));
-        typed = QStringLiteral("C:\\no\\such\\r.txt"); // can't be written: nothing is said
-        typed.clear(); // and a cancel does nothing at all
+        QCOMPARE(calls.size(), 3);
+        QCOMPARE(calls[2].fileName, QStringLiteral("report.pdf"));
+        QCOMPARE(boxes(),
+            QStringList { QStringLiteral("52|Save As|C:\\report.pdf already exists.\nDo you want to replace it?") });
+        QCOMPARE(run.world.read(QStringLiteral("home/report.pdf")), QByteArray("older"));
+        typed = { QStringLiteral("C:\\report") };
+        run.boxes.answer(platform::IDYES);
         report->Command2->click();
-        QVERIFY(run.boxes.shown.isEmpty());
-        platform::SetSaveFileBackend({});
+        QCOMPARE(boxes().size(), 1);
+        QCOMPARE(run.world.read(QStringLiteral("home/report.pdf")), text);
+
+        // A new name declined: the dialog comes again; a file that can't be written: nothing said.
+        typed = { QStringLiteral("C:\\r.txt"), QStringLiteral("C:\\no\\such\\r.txt") };
+        run.boxes.answer(platform::IDNO);
+        run.boxes.answer(platform::IDYES);
+        report->Command2->click();
+        QCOMPARE(boxes().size(), 2);
+        QVERIFY(!QFile::exists(run.world.path(QStringLiteral("home/r.txt"))));
+        platform::SetFileDialogBackend({});
         report->Command4->click();
     }
 };

@@ -27,7 +27,7 @@ private Q_SLOTS:
     void cleanup()
     {
         platform::SetBrowseFolderBackend({});
-        platform::SetOpenFileBackend({});
+        platform::SetFileDialogBackend({});
         qunsetenv("TOLVANE_MSGBOX_LOG");
         qunsetenv("TOLVANE_MSGBOX_ANSWERS");
     }
@@ -91,12 +91,21 @@ private Q_SLOTS:
 
         frmImport* dialog = frmImport::Instance(main);
         QVERIFY(!dialog->Command1->isEnabled());
-        QString chosen = QStringLiteral("C:\\import.tvd");
-        platform::SetOpenFileBackend([&chosen](const platform::OpenFileCall& call) {
-            return call.title == QString::fromUtf8("Otwórz...") ? chosen : QStringLiteral("wrong title");
+        // The dialog starts with "*.tvd" in its box, and a name typed without an extension
+        // gets ".tvd".
+        QString chosen = QStringLiteral("C:\\import");
+        QList<platform::FileDialogCall> calls;
+        platform::SetFileDialogBackend([&](const platform::FileDialogCall& call) {
+            calls.append(call);
+            return chosen;
         });
         dialog->Command3->click();
-        QCOMPARE(dialog->txtZipFName->text(), chosen);
+        QCOMPARE(calls.size(), 1);
+        QCOMPARE(calls[0].title, QString::fromUtf8("Otwórz..."));
+        QCOMPARE(calls[0].fileName, QStringLiteral("*.tvd"));
+        QCOMPARE(calls[0].defaultExtension, QStringLiteral("*.tvd"));
+        QCOMPARE(calls[0].filter, Lang(182));
+        QCOMPARE(dialog->txtZipFName->text(), QStringLiteral("C:\\import.tvd"));
         QVERIFY(dialog->Command1->isEnabled());
         chosen.clear();
         dialog->Command3->click(); // cancelled: the choice is withdrawn

@@ -330,7 +330,7 @@ private Q_SLOTS:
         QStringList answers = { QString(), platform::ToWindows(run.world.path(QStringLiteral("home/none.gif"))),
             platform::ToWindows(run.world.path(QStringLiteral("home/t.txt"))), platform::ToWindows(bmp),
             platform::ToWindows(png) };
-        platform::SetOpenFileBackend([&answers](const platform::OpenFileCall& call) {
+        platform::SetFileDialogBackend([&answers](const platform::FileDialogCall& call) {
             return call.title == QLatin1String("Load Image") ? answers.takeFirst() : QString();
         });
         const int before = static_cast<int>(run.boxes.shown.size());

@@ -1,5 +1,6 @@
 #include "platform/Dialogs.h"
 
+#include "platform/MessageBox.h"
 #include "platform/Paths.h"
 
 #include <QApplication>
@@ -9,15 +10,9 @@
 namespace platform {
 namespace {
 
-OpenFileBackend& openFileBackend()
+FileDialogBackend& fileDialogBackend()
 {
-    static OpenFileBackend b;
-    return b;
-}
-
-SaveFileBackend& saveFileBackend()
-{
-    static SaveFileBackend b;
+    static FileDialogBackend b;
     return b;
 }
 
@@ -51,46 +46,76 @@ QString QtFilter(const QString& filter)
     return out.join(QStringLiteral(";;"));
 }
 
+
+// The dialog of the window system: the name the user gives, not yet checked.
+QString AskWindowSystem(QWidget* owner, const FileDialogCall& call)
+{
+    QFileDialog dialog(owner, call.title, ToNative(call.initialFolder), QtFilter(call.filter));
+    dialog.setAcceptMode(call.save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+    dialog.setFileMode((call.flags & OFN_FILEMUSTEXIST) ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+    // The questions and the extension come after, as the classic dialog has them.
+    dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    dialog.selectFile(call.fileName);
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return QString();
+    return ToWindows(dialog.selectedFiles().constFirst());
+}
+
+QString WithDefaultExtension(const QString& path, const QString& defaultExtension)
+{
+    const QString extension = defaultExtension.mid(defaultExtension.lastIndexOf(QLatin1Char('.')) + 1);
+    const QString name = path.mid(path.lastIndexOf(QLatin1Char('\\')) + 1);
+    if (extension.isEmpty() || name.isEmpty() || name.contains(QLatin1Char('.')))
+        return path;
+    return path + QLatin1Char('.') + extension;
+}
+
+// Asks until a name passes the flags' questions or the user cancels.
+QString RunFileDialog(QWidget* owner, FileDialogCall call)
+{
+    const QString title
+        = call.title.isEmpty() ? (call.save ? QStringLiteral("Save As") : QStringLiteral("Open")) : call.title;
+    for (;;) {
+        const QString given = fileDialogBackend() ? fileDialogBackend()(call) : AskWindowSystem(owner, call);
+        if (given.isEmpty())
+            return QString();
+        const QString path = WithDefaultExtension(given, call.defaultExtension);
+        const bool exists = QFileInfo(ToNative(path)).isFile();
+        call.fileName = path.mid(path.lastIndexOf(QLatin1Char('\\')) + 1);
+        if (exists && call.save && (call.flags & OFN_OVERWRITEPROMPT)) {
+            if (MsgBox(path + QStringLiteral(" already exists.\nDo you want to replace it?"), 48 + 4, title) != IDYES)
+                continue;
+        } else if (!exists && (call.flags & OFN_CREATEPROMPT)) {
+            if (MsgBox(path + QStringLiteral("\nThis file does not exist.\nDo you want to create it?"), 32 + 4, title)
+                != IDYES)
+                continue;
+        } else if (!exists && (call.flags & OFN_FILEMUSTEXIST)) {
+            MsgBox(path + QStringLiteral("\nFile not found.\nPlease verify the correct file name was given."), 48, title);
+            continue;
+        }
+        return path;
+    }
+}
+
 } // namespace
 
-QString ShowOpenFile(QWidget* owner, const QString& title, const QString& filter)
+void SetFileDialogBackend(FileDialogBackend backend)
 {
-    if (openFileBackend())
-        return openFileBackend()({ title, filter });
-    const QString chosen = QFileDialog::getOpenFileName(owner, title, QString(), QtFilter(filter));
-    return chosen.isEmpty() ? QString() : ToWindows(chosen);
+    fileDialogBackend() = std::move(backend);
 }
 
-void SetOpenFileBackend(OpenFileBackend backend)
+QString GetOpenFileNameA(QWidget* owner, const FileDialogCall& call)
 {
-    openFileBackend() = std::move(backend);
+    FileDialogCall open = call;
+    open.save = false;
+    return RunFileDialog(owner, open);
 }
 
-QString GetSaveFileNameA(QWidget* owner, const SaveFileCall& call)
+QString GetSaveFileNameA(QWidget* owner, const FileDialogCall& call)
 {
-    QString chosen;
-    if (saveFileBackend()) {
-        chosen = saveFileBackend()(call);
-    } else {
-        QFileDialog dialog(owner, call.title, ToNative(call.initialFolder), QtFilter(call.filter));
-        dialog.setAcceptMode(QFileDialog::AcceptSave);
-        dialog.selectFile(call.fileName);
-        // The extension is added below, as the classic dialog adds it, not by the toolkit.
-        if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
-            return QString();
-        chosen = ToWindows(dialog.selectedFiles().constFirst());
-    }
-    if (chosen.isEmpty())
-        return QString();
-    const QString name = chosen.mid(chosen.lastIndexOf(QLatin1Char('\\')) + 1);
-    if (!name.contains(QLatin1Char('.')) && !call.defaultExtension.isEmpty())
-        chosen += QLatin1Char('.') + call.defaultExtension;
-    return chosen;
-}
-
-void SetSaveFileBackend(SaveFileBackend backend)
-{
-    saveFileBackend() = std::move(backend);
+    FileDialogCall save = call;
+    save.save = true;
+    return RunFileDialog(owner, save);
 }
 
 QString SHBrowseForFolderA(QWidget* owner, const BrowseFolderCall& call)

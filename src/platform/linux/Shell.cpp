@@ -74,7 +74,8 @@ int OpenWithDesktop(const QString& target, const QString& mimeType)
 // The system's "Open with" stand-in: the user picks the program.
 int OpenWith(QWidget* owner, const QString& file)
 {
-    const QString program = ShowOpenFile(owner, QStringLiteral("Open with"), QStringLiteral("Programs|*"));
+    const QString program = GetOpenFileNameA(
+        owner, { false, QStringLiteral("Open with"), QStringLiteral("Programs|*"), {}, {}, {}, OFN_FILEMUSTEXIST });
     if (program.isEmpty())
         return Started; // the chooser came up; closing it is the user's answer
     const QString target = IsAddress(file) ? file : ToNative(file);
