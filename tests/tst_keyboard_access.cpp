@@ -7,8 +7,10 @@
 #include "startup/frmPassChange.h"
 #include "startup/frmPassRemind.h"
 #include "startup/modMD5.h"
+#include "tools/frmExport.h"
 #include "tools/frmPwdGen.h"
 #include "vault/ImageControl.h"
+#include "vault/TextBox.h"
 
 #include <QAccessible>
 #include <QClipboard>
@@ -239,6 +241,70 @@ private Q_SLOTS:
         audit(run.login());
         if (!faults.isEmpty())
             QFAIL(qPrintable(faults.join(QLatin1Char('\n'))));
+    }
+
+    // Nothing hidden is read, and what the user can't type in, an assistive tool can't write.
+    void hiddenControlsAreNotReadAndLockedBoxesRefuseAssistiveWrites()
+    {
+        VaultRun run;
+        frmMain* main = run.startActive({});
+        QVERIFY(main);
+        // The nodes of a window's accessible tree that stand for controls out of sight.
+        std::function<void(QAccessibleInterface*, QStringList&)> hidden
+            = [&hidden](QAccessibleInterface* node, QStringList& found) {
+                  for (int i = 0; i < node->childCount(); ++i) {
+                      QAccessibleInterface* child = node->child(i);
+                      if (child->state().invisible)
+                          found << child->object()->objectName() + QStringLiteral(" \"")
+                                  + child->text(QAccessible::Name) + child->text(QAccessible::Value) + QLatin1Char('"');
+                      else
+                          hidden(child, found);
+                  }
+              };
+        // Each modal window is looked at, then closed, and judged after.
+        QStringList found;
+        QString length;
+        QString generated;
+        VaultRun::onNextModal([&](QWidget* w) {
+            auto* generator = qobject_cast<frmPwdGen*>(w);
+            hidden(QAccessible::queryAccessibleInterface(w), found);
+            // The length box: neither a new text nor an edit of it gets in.
+            QAccessibleInterface* box = QAccessible::queryAccessibleInterface(generator->Text1->Editor());
+            box->setText(QAccessible::Value, QStringLiteral("40"));
+            if (QAccessibleEditableTextInterface* edit = box->editableTextInterface())
+                edit->replaceText(0, 1, QStringLiteral("40"));
+            length = generator->Text1->Text();
+            QTest::mouseClick(generator->Command3, Qt::LeftButton);
+            generated = generator->Text2->Text();
+            w->close();
+        });
+        main->mnuPassGen->trigger();
+        QVERIFY2(found.isEmpty(), qPrintable(found.join(QStringLiteral(", "))));
+        QCOMPARE(length, QStringLiteral("5"));
+        QCOMPARE(generated.size(), 5);
+        QString target;
+        VaultRun::onNextModal([&](QWidget* w) {
+            TextBox* path = qobject_cast<frmExport*>(w)->txtSelected;
+            QAccessible::queryAccessibleInterface(path->Editor())
+                ->setText(QAccessible::Value, QStringLiteral("Z:\\etc\\passwd"));
+            target = path->Text();
+            w->close();
+        });
+        main->mnuExport->trigger();
+        QCOMPARE(target, QStringLiteral("C:\\tolvane_data.tvd"));
+
+        // The profile dialogs keep the stored values to themselves.
+        main->mnuSettings->trigger();
+        frmSettings* settings = frmSettings::Loaded();
+        settings->Command11->click();
+        settings->Command12->click();
+        for (QWidget* dialog :
+            { static_cast<QWidget*>(frmPassChange::Loaded()), static_cast<QWidget*>(frmPassRemind::Loaded()) })
+            hidden(QAccessible::queryAccessibleInterface(dialog), found);
+        frmPassChange::Unload();
+        frmPassRemind::Unload();
+        settings->Command14_Click();
+        QVERIFY2(found.isEmpty(), qPrintable(found.join(QStringLiteral(", "))));
     }
 
     // The pictures beside the boxes: Tab reaches them and Space or Enter clicks them, while a

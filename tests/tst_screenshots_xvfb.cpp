@@ -55,7 +55,7 @@ int shoot(const QString& dir, const QString& scale)
     settings->hide();
 
     frmPwdGen generator(main);
-    generator.Label1->setText(QStringLiteral("0"));
+    generator.deliveryMode = QStringLiteral("0");
     VaultRun::activate(&generator);
     generator.Command3_Click();
     QTest::qWait(200);

@@ -27,13 +27,9 @@ frmPassChange::frmPassChange(QWidget* owner)
             { &Label4, "Label4", &Text3, "Text3" }, { &Label6, "Label6", &Text5, "Text5" },
             { &Label5, "Label5", &Text4, "Text4" } },
         540);
-    md5aa = Named(new QLineEdit(this), "md5aa");
-    md5aa->setVisible(false);
     Command2 = Placed(new QPushButton(this), "Command2", 2280, 3300, 1200, 375);
     Command2->setDefault(true);
     Command1 = Placed(new QPushButton(this), "Command1", 3600, 3300, 1200, 375);
-    Command3 = Named(new QPushButton(this), "Command3"); // hidden, and nothing handles it
-    Command3->setVisible(false);
     connect(Command2, &QPushButton::clicked, this, &frmPassChange::Command2_Click);
     connect(Command1, &QPushButton::clicked, this, &frmPassChange::Command1_Click);
     Timer1 = new QTimer(this);
@@ -73,9 +69,9 @@ void frmPassChange::Timer1_Timer()
 
 void frmPassChange::Command2_Click()
 {
-    md5aa->setText(GetIni(Keys::settings, Keys::password, settingsFile()));
+    storedPassword = GetIni(Keys::settings, Keys::password, settingsFile());
     // An empty stored value equals no digest text: such a profile can't be given a password here.
-    if (md5aa->text() != MD5Hex(Text1->text())) {
+    if (storedPassword != MD5Hex(Text1->text())) {
         platform::MsgBox(Lang(257), 64);
         return;
     }

@@ -23,11 +23,13 @@ public:
 
     QLabel* Label1; // the profile: the only way the dialog knows it
     QLabel *Label2, *Label3, *Label4, *Label5, *Label6, *Label7;
-    QLineEdit *Text1, *Text2, *Text3, *Text4, *Text5, *md5aa;
-    QPushButton *Command1, *Command2, *Command3;
+    QLineEdit *Text1, *Text2, *Text3, *Text4, *Text5;
+    QPushButton *Command1, *Command2;
     QTimer* Timer1;
 
 private:
+    // The stored `password` value during the check.
+    QString storedPassword;
     explicit frmPassChange(QWidget* owner);
     QString settingsFile() const;
 };

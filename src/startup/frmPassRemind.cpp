@@ -27,10 +27,6 @@ frmPassRemind::frmPassRemind(QWidget* owner)
     Label5 = Placed(new QLabel(this), "Label5", 120, 1485, 1800, 285);
     Text1 = Placed(new QLineEdit(this), "Text1", 1980, 1440, 2820, 330);
     Label5->setBuddy(Text1);
-    Text2 = Named(new QLineEdit(this), "Text2");
-    Text2->setVisible(false);
-    Text3 = Named(new QLineEdit(this), "Text3");
-    Text3->setVisible(false);
     Command1 = Placed(new QPushButton(this), "Command1", 2280, 2100, 1200, 375);
     Command1->setDefault(true);
     Command2 = Placed(new QPushButton(this), "Command2", 3600, 2100, 1200, 375);
@@ -52,14 +48,14 @@ void frmPassRemind::Form_Load()
     Label1->setText(GetIni(Keys::settings, Keys::question, settings));
     // The answer box alone would be read without the question it answers.
     Text1->setAccessibleDescription(Label1->text());
-    Text2->setText(GetIni(Keys::settings, Keys::answer, settings));
-    Text3->setText(GetIni(Keys::settings, Keys::password, settings));
+    storedAnswer = GetIni(Keys::settings, Keys::answer, settings);
+    storedPassword = GetIni(Keys::settings, Keys::password, settings);
 }
 
 void frmPassRemind::Command1_Click()
 {
-    if (Text2->text() == MD5Hex(Text1->text())) {
-        platform::MsgBox(Lang(264) + QLatin1Char(' ') + Text3->text(), 0);
+    if (storedAnswer == MD5Hex(Text1->text())) {
+        platform::MsgBox(Lang(264) + QLatin1Char(' ') + storedPassword, 0);
         Unload();
         return;
     }

@@ -20,10 +20,12 @@ public:
 
     QLabel *Label1, *Label2, *Label3, *Label4, *Label5, *Label6;
     QLineEdit* Text1;
-    QLineEdit* Text2; // hidden: the stored answer
-    QLineEdit* Text3; // hidden: the stored password
     QPushButton *Command1, *Command2;
 
 private:
     explicit frmPassRemind(QWidget* owner);
+
+    // The profile's stored answer and password values, read at the load.
+    QString storedAnswer;
+    QString storedPassword;
 };

@@ -3,17 +3,18 @@
 // browse button, and two buttons below it.
 #include <QGroupBox>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 
 #include <tuple>
+
+class TextBox;
 
 struct PathFrame
 {
     QGroupBox* frame;
     QLabel* lead; // Label2
     QLabel* profile; // Label1
-    QLineEdit* path;
+    TextBox* path; // read-only for the user
     QPushButton* browse; // "..."
     QPushButton* action;
     QPushButton* cancel;
@@ -39,4 +40,4 @@ PathFrame MakePathFrame(
 // the path by the lead and the profile ("Export the data of user Ann"), the browse button by the
 // dialog it opens.
 void NamePathFrame(
-    QLineEdit* path, const QLabel* lead, const QLabel* profile, QPushButton* browse, const QString& browseDialogTitle);
+    TextBox* path, const QLabel* lead, const QLabel* profile, QPushButton* browse, const QString& browseDialogTitle);

@@ -7,6 +7,7 @@
 #include "services/modLanguage.h"
 #include "storage/DataRoot.h"
 #include "tools/PathFrame.h"
+#include "vault/TextBox.h"
 
 namespace {
 const QString defaultTarget = QStringLiteral("C:\\tolvane_data.tvd");
@@ -45,14 +46,14 @@ void frmExport::Command3_Click()
 {
     // The constant, not the box: a cancelled browse drops an earlier choice as well.
     const QString folder = BrowseForFolder(defaultTarget);
-    txtSelected->setText(folder.isEmpty() ? defaultTarget : folder + QStringLiteral("\\tolvane_data.tvd"));
+    txtSelected->SetText(folder.isEmpty() ? defaultTarget : folder + QStringLiteral("\\tolvane_data.tvd"));
 }
 
 void frmExport::Command2_Click()
 {
     // The file on disk, as the last save left it; nothing guards the copy.
     const int error
-        = platform::FileCopy(DataFolder() + CurrentProfile() + QStringLiteral("\\list.dat"), txtSelected->text());
+        = platform::FileCopy(DataFolder() + CurrentProfile() + QStringLiteral("\\list.dat"), txtSelected->Text());
     if (error != platform::ErrNone)
         platform::UnhandledError(error);
     platform::MsgBox(Lang(178), 64);

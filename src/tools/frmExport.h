@@ -5,7 +5,7 @@
 
 class QGroupBox;
 class QLabel;
-class QLineEdit;
+class TextBox;
 class QPushButton;
 
 class frmExport : public SingleDialog<frmExport>
@@ -23,7 +23,7 @@ public:
 
     QGroupBox* Frame1;
     QLabel *Label1, *Label2;
-    QLineEdit* txtSelected;
+    TextBox* txtSelected;
     QPushButton *Command1, *Command2, *Command3;
 
 private:

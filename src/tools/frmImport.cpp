@@ -9,6 +9,7 @@
 #include "storage/DataRoot.h"
 #include "storage/modIni2.h"
 #include "tools/PathFrame.h"
+#include "vault/TextBox.h"
 
 namespace {
 // The open dialog's title, this text in every language.
@@ -44,7 +45,7 @@ void frmImport::Command3_Click()
     // A cancel withdraws an earlier choice.
     const QString chosen = platform::GetOpenFileNameA(
         this, { false, openTitle, Lang(182), QString(), QStringLiteral("*.tvd"), QStringLiteral("*.tvd"), 0 });
-    txtZipFName->setText(chosen.isEmpty() ? QStringLiteral("C:\\") : chosen);
+    txtZipFName->SetText(chosen.isEmpty() ? QStringLiteral("C:\\") : chosen);
     Command1->setEnabled(!chosen.isEmpty());
 }
 
@@ -54,7 +55,7 @@ void frmImport::Command1_Click()
         return;
     // Not read, not kept: the chosen file is the vault from now on.
     const int error
-        = platform::FileCopy(txtZipFName->text(), DataFolder() + CurrentProfile() + QStringLiteral("\\list.dat"));
+        = platform::FileCopy(txtZipFName->Text(), DataFolder() + CurrentProfile() + QStringLiteral("\\list.dat"));
     if (error != platform::ErrNone)
         platform::UnhandledError(error);
     WriteIni(Keys::user, Keys::switchTo, Label1->text(), ConfigFile());

@@ -5,7 +5,7 @@
 
 class QGroupBox;
 class QLabel;
-class QLineEdit;
+class TextBox;
 class QPushButton;
 
 class frmImport : public SingleDialog<frmImport>
@@ -21,7 +21,7 @@ public:
 
     QGroupBox* Frame1;
     QLabel *Label1, *Label2;
-    QLineEdit* txtZipFName;
+    TextBox* txtZipFName;
     QPushButton *Command1, *Command3, *Command4;
 
 private:

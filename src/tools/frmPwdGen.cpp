@@ -22,17 +22,12 @@
 #include <QRadioButton>
 #include <QTimer>
 
-
-
 frmPwdGen::frmPwdGen(QWidget* owner)
     : QDialog(owner)
 {
     setObjectName(QStringLiteral("frmPwdGen"));
     setWindowModality(Qt::ApplicationModal);
     setFixedSize(Twips(4200), Twips(3000));
-
-    Label1 = Named(new QLabel(QStringLiteral("0"), this), "Label1");
-    Label1->setVisible(false);
 
     Frame1 = Named(new QGroupBox(this), "Frame1");
     PlaceTwips(Frame1, 120, 60, 1935, 1335);
@@ -153,8 +148,8 @@ bool frmPwdGen::eventFilter(QObject* watched, QEvent* event)
 
 void frmPwdGen::Command3_Click()
 {
-    static const QString setNames[] = { QStringLiteral("all letter"), QStringLiteral("all number"),
-        QStringLiteral("number and letter") };
+    static const QString setNames[]
+        = { QStringLiteral("all letter"), QStringLiteral("all number"), QStringLiteral("number and letter") };
     setName = setNames[selector - 1];
     SystemRandomSource source;
     Text2->SetText(GeneratePassword(static_cast<PasswordAlphabet>(selector), Text1->Text().toInt(), source));
@@ -163,7 +158,7 @@ void frmPwdGen::Command3_Click()
 
 void frmPwdGen::Timer1_Timer()
 {
-    const QString mode = Label1->text();
+    const QString& mode = deliveryMode;
     if (mode == QLatin1String("1") || mode == QLatin1String("2"))
         Command4->setEnabled(!Text2->Text().isEmpty());
     if (mode == QLatin1String("0"))
@@ -172,7 +167,7 @@ void frmPwdGen::Timer1_Timer()
 
 TextBox* frmPwdGen::target() const
 {
-    const QString mode = Label1->text();
+    const QString& mode = deliveryMode;
     if (mode == QLatin1String("1"))
         return frmMain::Instance()->txtAge;
     if (mode == QLatin1String("2")) {
@@ -209,6 +204,6 @@ void frmPwdGen::Image4_Click()
 void ShowPasswordGenerator(QWidget* owner, const QString& deliveryMode)
 {
     frmPwdGen dialog(owner);
-    dialog.Label1->setText(deliveryMode);
+    dialog.deliveryMode = deliveryMode;
     dialog.exec();
 }

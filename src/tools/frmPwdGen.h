@@ -30,9 +30,6 @@ public:
     void Image4_Click();
     void Timer1_Timer();
 
-    // The delivery mode, written by the opener before it shows the dialog: "0" no target,
-    // "1" the password box of the vault window, "2" that of the new-entry dialog.
-    QLabel* Label1;
     QGroupBox* Frame1;
     QRadioButton *Option1, *Option2, *Option3;
     QPushButton *Command1, *Command2, *Command3, *Command4, *Command5;
@@ -41,6 +38,9 @@ public:
     ImageControl* Image4;
     QTimer* Timer1;
 
+    // The delivery mode, set by the opener before it shows the dialog: "0" no target, "1" the
+    // password box of the vault window, "2" that of the new-entry dialog.
+    QString deliveryMode = QStringLiteral("0");
     // The character set: 1 letters, 2 digits, 3 digits and letters.
     qint16 selector = 3;
     // Named on every pass; nothing reads it.

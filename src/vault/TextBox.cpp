@@ -79,6 +79,12 @@ void TextBox::contentsChanged()
     const QString now = editorText();
     if (now == lastText)
         return;
+    // Neither the keyboard nor the program changed it: an assistive tool did, and a locked box
+    // refuses that as it refuses the keyboard.
+    if (locked && !quiet) {
+        setEditorText(lastText);
+        return;
+    }
     // The first change of a run of typing keeps the text before it.
     if (!quiet && !typing) {
         undoText = lastText;

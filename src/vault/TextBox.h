@@ -63,6 +63,7 @@ private:
     void contentsChanged();
 
     // The one step of undo: the text before the last edit, kept while a run of typing goes on.
+    // lastText is also what a locked box keeps.
     QString undoText;
     QString lastText;
     bool canUndo = false;

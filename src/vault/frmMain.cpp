@@ -253,8 +253,6 @@ void frmMain::buildControls()
     lstResults = Named(new ListBox(true, client), "lstResults");
     PlaceTwips(lstResults, 120, 840, 2415, 4785);
     connect(lstResults, &ListBox::Click, this, &frmMain::lstResults_Click);
-    lstData2 = Named(new ListBox(false, client), "lstData2");
-    lstData2->setVisible(false);
 
     Label1 = label("Label1");
     Label1->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
@@ -307,14 +305,9 @@ void frmMain::buildControls()
 
     CarryIntoCurrentEntry(this, Boxes());
 
-    // The record of the field clicked last; it sits under the note box, out of sight. Only a
-    // click into a box sets it: Tab does not, and nothing clears it.
-    Label4 = label("Label4");
-    Label4->setText(QStringLiteral("Label4"));
-    PlaceTwips(Label4, 3840, 4000, 1000, 255);
-    Label4->lower();
+    // Only a click into a box makes it the current field: Tab does not, and nothing clears it.
     for (TextBox* b : { txtFullName, txtPhone, txtAge, txtAddress, txtInterests, txtExtra })
-        connect(b, &TextBox::Click, this, [this, b] { Label4->setText(b->objectName()); });
+        connect(b, &TextBox::Click, this, [this, b] { currentField = b->objectName(); });
 
     buildImages(client);
 
@@ -491,7 +484,7 @@ void frmMain::Form_Load()
         WriteIni(Keys::user, Keys::current, QStringLiteral("Administrator"), config);
         WriteIni(Keys::user, Keys::defaultProfile, QStringLiteral("Administrator"), config);
     }
-    LoadListFile(DataFolder() + QStringLiteral("users.txt"), *lstData2);
+    LoadListFile(DataFolder() + QStringLiteral("users.txt"), profileNames);
     WriteIni(Keys::user, Keys::switchTo, QString(), config);
     const QString profile = CurrentProfile();
     setWindowTitle(QStringLiteral("Tolvane - ") + profile);
@@ -736,7 +729,7 @@ void frmMain::Command10_Click()
 
 TextBox* frmMain::CurrentField() const
 {
-    const QString field = Label4->text();
+    const QString& field = currentField;
     TextBox* box = nullptr;
     if (field == QLatin1String("txtFullName"))
         box = txtFullName;

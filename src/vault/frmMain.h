@@ -3,6 +3,7 @@
 // load reads the vault of `current` into entryTable and its unload writes the table back;
 // nothing else saves the vault.
 #include "storage/EntryRecord.h"
+#include "storage/ListControl.h"
 #include "vault/EntryBoxes.h"
 
 #include <QMainWindow>
@@ -57,7 +58,7 @@ public:
     void mnuDelete_Click();
     void Command10_Click();
 
-    // The edit commands act on the field clicked last (Label4), not on the focused box.
+    // The edit commands act on the field clicked last, not on the focused box.
     void cmdCopy_Click();
     void cmdCut_Click();
     void cmdPaste_Click();
@@ -131,12 +132,11 @@ public:
     QLabel* Image8;
     QFrame* Line1;
 
-    QLabel *Label1, *Label2, *Label3, *Label4;
+    QLabel *Label1, *Label2, *Label3;
     TextBox* txtSearch;
     Command* Command1;
     QPushButton* Command2;
     ListBox* lstResults;
-    ListBox* lstData2;
 
     ImageControl *Image1, *Image2, *Image3, *Image4, *Image5, *Image6, *Image7;
 
@@ -163,10 +163,18 @@ private:
     void showCurrentEntry();
     void deleteSelected(int noSelectionSlot);
     EntryBoxes Boxes() const;
-    // The box named by Label4, or null when it names none.
+    // The box named by currentField, or null when it names none.
     TextBox* CurrentField() const;
     void copyImage(TextBox* box);
     void buildImages(QWidget* client);
 
     bool unloaded = false;
+    // The record of the field clicked last: the name of its box, or "Label4" (no field) until a
+    // box was clicked, as the hidden label of the original held it.
+    QString currentField = QStringLiteral("Label4");
+    // The names of users.txt, read at the load (which provisions the tree when it can't be read).
+    StringListControl profileNames;
+
+public:
+    QString CurrentFieldName() const { return currentField; }
 };

@@ -170,7 +170,7 @@ private Q_SLOTS:
         VaultRun::onNextModal([](QWidget* w) {
             auto* g = qobject_cast<frmPwdGen*>(w);
             QVERIFY(g);
-            QCOMPARE(g->Label1->text(), QStringLiteral("0"));
+            QCOMPARE(g->deliveryMode, QStringLiteral("0"));
             QTest::mouseClick(g->Command3, Qt::LeftButton);
             g->Timer1_Timer();
             QVERIFY(!g->Command4->isEnabled());
@@ -184,7 +184,7 @@ private Q_SLOTS:
         // empty, so nothing is asked.
         VaultRun::onNextModal([](QWidget* w) {
             auto* g = qobject_cast<frmPwdGen*>(w);
-            QCOMPARE(g->Label1->text(), QStringLiteral("1"));
+            QCOMPARE(g->deliveryMode, QStringLiteral("1"));
             g->Timer1_Timer();
             QVERIFY(!g->Command4->isEnabled());
             QTest::mouseClick(g->Command3, Qt::LeftButton);
@@ -222,7 +222,7 @@ private Q_SLOTS:
             QVERIFY(view);
             VaultRun::onNextModal([](QWidget* w2) {
                 auto* g = qobject_cast<frmPwdGen*>(w2);
-                QCOMPARE(g->Label1->text(), QStringLiteral("2"));
+                QCOMPARE(g->deliveryMode, QStringLiteral("2"));
                 QTest::mouseClick(g->Command1, Qt::LeftButton);
                 QTest::mouseClick(g->Command3, Qt::LeftButton);
                 g->Timer1_Timer();

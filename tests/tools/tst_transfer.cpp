@@ -44,7 +44,7 @@ private Q_SLOTS:
 
         frmExport* dialog = frmExport::Instance(main);
         QCOMPARE(dialog->Label1->text(), QStringLiteral("Administrator"));
-        QCOMPARE(dialog->txtSelected->text(), QStringLiteral("C:\\tolvane_data.tvd"));
+        QCOMPARE(dialog->txtSelected->Text(), QStringLiteral("C:\\tolvane_data.tvd"));
         QStringList answers { QStringLiteral("C:\\out"), QString(), QStringLiteral("C:\\") };
         QList<platform::BrowseFolderCall> calls;
         platform::SetBrowseFolderBackend([&](const platform::BrowseFolderCall& call) {
@@ -52,11 +52,11 @@ private Q_SLOTS:
             return answers.takeFirst();
         });
         dialog->Command3->click();
-        QCOMPARE(dialog->txtSelected->text(), QStringLiteral("C:\\out\\tolvane_data.tvd"));
+        QCOMPARE(dialog->txtSelected->Text(), QStringLiteral("C:\\out\\tolvane_data.tvd"));
         dialog->Command3->click(); // cancelled: back to the default, not the first choice
-        QCOMPARE(dialog->txtSelected->text(), QStringLiteral("C:\\tolvane_data.tvd"));
+        QCOMPARE(dialog->txtSelected->Text(), QStringLiteral("C:\\tolvane_data.tvd"));
         dialog->Command3->click(); // a root: the backslash doubles, harmlessly
-        QCOMPARE(dialog->txtSelected->text(), QStringLiteral("C:\\\\tolvane_data.tvd"));
+        QCOMPARE(dialog->txtSelected->Text(), QStringLiteral("C:\\\\tolvane_data.tvd"));
         QCOMPARE(calls[1].startPath, QStringLiteral("C:\\tolvane_data.tvd"));
         QCOMPARE(calls[0].title, Lang(177));
 
@@ -71,7 +71,7 @@ private Q_SLOTS:
 
         // A target that can't be written ends the run through the unhandled error.
         dialog = frmExport::Instance(main);
-        dialog->txtSelected->setText(QStringLiteral("C:\\no\\such\\folder\\x.tvd"));
+        dialog->txtSelected->SetText(QStringLiteral("C:\\no\\such\\folder\\x.tvd"));
         QVERIFY_THROWS_EXCEPTION(ProcessEnded, dialog->Command2->click());
         QVERIFY(run.boxes.shown.last().text.startsWith(QStringLiteral("Run-time error '76'")));
         frmExport::Unload();
@@ -105,11 +105,11 @@ private Q_SLOTS:
         QCOMPARE(calls[0].fileName, QStringLiteral("*.tvd"));
         QCOMPARE(calls[0].defaultExtension, QStringLiteral("*.tvd"));
         QCOMPARE(calls[0].filter, Lang(182));
-        QCOMPARE(dialog->txtZipFName->text(), QStringLiteral("C:\\import.tvd"));
+        QCOMPARE(dialog->txtZipFName->Text(), QStringLiteral("C:\\import.tvd"));
         QVERIFY(dialog->Command1->isEnabled());
         chosen.clear();
         dialog->Command3->click(); // cancelled: the choice is withdrawn
-        QCOMPARE(dialog->txtZipFName->text(), QStringLiteral("C:\\"));
+        QCOMPARE(dialog->txtZipFName->Text(), QStringLiteral("C:\\"));
         QVERIFY(!dialog->Command1->isEnabled());
         chosen = QStringLiteral("C:\\import.tvd");
         dialog->Command3->click();

@@ -56,7 +56,7 @@ private Q_SLOTS:
         QApplication::clipboard()->setText(QStringLiteral("before"));
 
         // No box clicked yet: the five commands do nothing, the copy images work.
-        QCOMPARE(main->Label4->text(), QStringLiteral("Label4"));
+        QCOMPARE(main->CurrentFieldName(), QStringLiteral("Label4"));
         main->cmdCopy->trigger();
         QTest::mouseClick(main->Command14, Qt::LeftButton);
         main->cmdPaste->trigger();
@@ -66,11 +66,11 @@ private Q_SLOTS:
         QTest::mouseClick(main->Image4, Qt::LeftButton);
         QCOMPARE(clipboard(), QStringLiteral("secret-pass")); // masked on screen, clear on the clipboard
         QCOMPARE(main->txtAge->PasswordChar(), QStringLiteral("*"));
-        QCOMPARE(main->Label4->text(), QStringLiteral("Label4"));
+        QCOMPARE(main->CurrentFieldName(), QStringLiteral("Label4"));
 
         // Copy takes the whole box, whatever is selected; cut takes the selection only.
         VaultRun::clickInto(main->txtFullName);
-        QCOMPARE(main->Label4->text(), QStringLiteral("txtFullName"));
+        QCOMPARE(main->CurrentFieldName(), QStringLiteral("txtFullName"));
         main->txtFullName->LineEditor()->setSelection(0, 4);
         QTest::mouseClick(main->Command13, Qt::LeftButton);
         QCOMPARE(clipboard(), QStringLiteral("annabel"));
@@ -78,7 +78,7 @@ private Q_SLOTS:
         // Tab moves the focus but not the field: the cut acts on the box clicked last.
         QTest::keyClick(main->txtFullName->Editor(), Qt::Key_Tab);
         QVERIFY(!main->txtFullName->Editor()->hasFocus());
-        QCOMPARE(main->Label4->text(), QStringLiteral("txtFullName"));
+        QCOMPARE(main->CurrentFieldName(), QStringLiteral("txtFullName"));
         main->txtFullName->LineEditor()->setSelection(0, 4);
         main->cmdCut->trigger();
         QCOMPARE(main->txtFullName->Text(), QStringLiteral("bel"));
@@ -114,7 +114,7 @@ private Q_SLOTS:
         QTest::mouseClick(main->Command10, Qt::LeftButton);
         main->Timer1_Timer();
         QVERIFY(main->txtExtra->Locked());
-        QCOMPARE(main->Label4->text(), QStringLiteral("txtExtra"));
+        QCOMPARE(main->CurrentFieldName(), QStringLiteral("txtExtra"));
         QApplication::clipboard()->setText(QStringLiteral("pasted"));
         main->cmdPaste->trigger();
         main->mnuUndo->trigger();
