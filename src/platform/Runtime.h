@@ -23,6 +23,11 @@ void AtEndProcess(std::function<void()> work);
 // Tests replace the ending (it must not return: throw, or end the process).
 void SetEndProcessHook(std::function<void(int)> hook);
 
+// What to do when the session ends or somebody asks the program to end (SIGTERM, SIGINT,
+// SIGHUP): run on the user-interface thread, as the original's windows are unloaded when
+// Windows shuts down or the user logs off.
+void OnTerminationRequest(std::function<void()> handler);
+
 // Lets pending window events run (the runtime's DoEvents).
 void DoEvents();
 

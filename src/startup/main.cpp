@@ -2,9 +2,11 @@
 #include "platform/GuiMessageBox.h"
 #include "platform/Instance.h"
 #include "platform/Paths.h"
+#include "platform/Runtime.h"
 #include "platform/Twips.h"
 #include "services/ProgramPictures.h"
 #include "startup/frmSplash.h"
+#include "vault/frmMain.h"
 
 #include <QApplication>
 
@@ -25,6 +27,10 @@ int main(int argc, char* argv[])
     platform::SetCommandLine(QApplication::arguments());
     platform::InstallWindowMessageBoxes();
     platform::KeepClipboardAfterExit();
+
+    // Ending the session or the process by a signal ends the run as File > Close does: the vault
+    // is written and the clipboard emptied as the options say.
+    platform::OnTerminationRequest(&frmMain::EndRun);
 
     auto* splash = new frmSplash;
     splash->setAttribute(Qt::WA_DeleteOnClose);

@@ -936,11 +936,16 @@ void frmMain::lic1_Click()
     LinkLicence();
 }
 
-void frmMain::mnuClose_Click()
+void frmMain::EndRun()
 {
     Unload();
     frmContainer::Unload();
     platform::EndProcess(0);
+}
+
+void frmMain::mnuClose_Click()
+{
+    EndRun();
 }
 
 void frmMain::mnuClose2_Click()
@@ -962,10 +967,8 @@ void frmMain::closeEvent(QCloseEvent* event)
         Unload(); // the vault is saved; the icon in the notification area is the way back
         // Without a notification area there is no way back: the run ends as the File menu ends it.
         const frmContainer* host = frmContainer::Loaded();
-        if (event->spontaneous() && (!host || !host->IconShown())) {
-            frmContainer::Unload();
-            platform::EndProcess(0);
-        }
+        if (event->spontaneous() && (!host || !host->IconShown()))
+            EndRun();
     }
     event->accept();
 }

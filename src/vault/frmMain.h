@@ -38,6 +38,9 @@ public:
     static frmMain* Loaded();
     // Runs Form_Unload and discards the window.
     static void Unload();
+    // The end of a run: the vault window unloaded (which saves), the host window unloaded (which
+    // empties the clipboard if the option says so), the process ended.
+    [[noreturn]] static void EndRun();
 
     void Form_Load();
     void Form_Unload();

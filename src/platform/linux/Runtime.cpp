@@ -10,6 +10,7 @@
 #include <QHash>
 #include <QLocale>
 #include <QProcess>
+#include <QSocketNotifier>
 #include <QSysInfo>
 #include <QTime>
 
@@ -17,6 +18,10 @@
 #include <cstdio>
 #include <cstdlib>
 #include <vector>
+
+#include <csignal>
+#include <sys/socket.h>
+#include <unistd.h>
 
 namespace platform {
 namespace {
@@ -91,6 +96,40 @@ void EndProcess(int exitCode)
         endHook()(exitCode);
     std::fflush(nullptr);
     std::_Exit(exitCode);
+}
+
+namespace {
+
+int terminationPipe[2] = { -1, -1 };
+
+void signalled(int)
+{
+    const char byte = 1;
+    [[maybe_unused]] const ssize_t written = ::write(terminationPipe[0], &byte, 1);
+}
+
+} // namespace
+
+void OnTerminationRequest(std::function<void()> handler)
+{
+    // The signal only writes a byte; the handler runs when the event loop reads it.
+    if (terminationPipe[0] < 0 && ::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, terminationPipe) != 0)
+        return;
+    auto* notifier = new QSocketNotifier(terminationPipe[1], QSocketNotifier::Read, QCoreApplication::instance());
+    QObject::connect(notifier, &QSocketNotifier::activated, notifier, [notifier, handler = std::move(handler)] {
+        char byte = 0;
+        [[maybe_unused]] const ssize_t read = ::read(terminationPipe[1], &byte, 1);
+        notifier->setEnabled(false); // once: a second signal while ending changes nothing
+        handler();
+    });
+    struct sigaction action
+    {
+    };
+    action.sa_handler = signalled;
+    sigemptyset(&action.sa_mask);
+    action.sa_flags = SA_RESTART;
+    for (int signal : { SIGTERM, SIGINT, SIGHUP })
+        ::sigaction(signal, &action, nullptr);
 }
 
 void DoEvents()

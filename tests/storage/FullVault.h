@@ -1,0 +1,35 @@
+#pragma once
+// A vault of ordinary entries that fills the file to near its limit, the same for one seed
+// wherever it is made: the kill test and its worker process agree on it.
+#include "storage/EntryRecord.h"
+#include "storage/VaultFile.h"
+
+#include <QList>
+
+inline QList<EntryRecord> FullVault(quint32 seed, qsizetype innerBytes = 32000)
+{
+    QList<EntryRecord> entries;
+    quint32 state = seed * 2654435761u + 1;
+    auto word = [&state](int length) {
+        QByteArray w;
+        for (int i = 0; i < length; ++i) {
+            state = state * 1103515245u + 12345u;
+            w += char('a' + (state >> 16) % 26);
+        }
+        return w;
+    };
+    qsizetype size = 0;
+    for (int i = 0;; ++i) {
+        EntryRecord e;
+        e.title = "Entry " + QByteArray::number(seed) + '-' + QByteArray::number(i);
+        e.name = word(8) + "@example.org";
+        e.age = word(12);
+        e.address = "https://" + word(10) + ".example.org/login";
+        e.extra = word(30);
+        QList<EntryRecord> one { e };
+        size += ComposeInnerText(one).size(); // the text is the entries' texts one after the other
+        if (size > innerBytes)
+            return entries;
+        entries.append(e);
+    }
+}
