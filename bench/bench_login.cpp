@@ -11,8 +11,8 @@
 #include "startup/frmLogin.h"
 #include "startup/frmSplash.h"
 #include "startup/modMD5.h"
+#include "storage/ProfileFiles.h"
 #include "storage/VaultFile.h"
-#include "storage/modIni2.h"
 #include "vault/ListBox.h"
 #include "vault/frmMain.h"
 
@@ -105,13 +105,13 @@ int main(int argc, char* argv[])
     WriteIni(Keys::user, Keys::defaultProfile, QStringLiteral("Administrator"), config);
     WriteIni(Keys::settings, Keys::password, MD5Hex(QStringLiteral("bench")),
         platform::ToWindows(data + QStringLiteral("Administrator/settings.txt")));
-    QList<EntryRecord> entries;
+    QList<Entry> entries;
     for (int i = 0; i < 300; ++i) {
-        EntryRecord e;
+        Entry e;
         e.title = "Entry " + QByteArray::number(i);
-        e.name = "user" + QByteArray::number(i);
-        e.age = "pw" + QByteArray::number(i * 7919);
-        e.address = "https://e.org/" + QByteArray::number(i);
+        e.userName = "user" + QByteArray::number(i);
+        e.password = "pw" + QByteArray::number(i * 7919);
+        e.url = "https://e.org/" + QByteArray::number(i);
         entries.append(e);
     }
     if (SaveVault(platform::ToWindows(data + QStringLiteral("Administrator/list.dat")), entries) != VaultSave::Saved)

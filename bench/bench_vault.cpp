@@ -19,15 +19,15 @@ int main(int argc, char* argv[])
     const QString path = platform::ToWindows(dir.path() + QStringLiteral("/list.dat"));
 
     // A few hundred entries of ordinary size, as close to the limit as they go.
-    QList<EntryRecord> entries;
+    QList<Entry> entries;
     for (int i = 0;; ++i) {
-        EntryRecord e;
+        Entry e;
         e.title = "Entry number " + QByteArray::number(i);
-        e.name = "user" + QByteArray::number(i) + "@example.org";
-        e.age = "pw-" + QByteArray::number(i * 7919);
-        e.address = "https://www.example.org/login/" + QByteArray::number(i);
-        e.extra = "Note " + QByteArray::number(i);
-        QList<EntryRecord> trial = entries;
+        e.userName = "user" + QByteArray::number(i) + "@example.org";
+        e.password = "pw-" + QByteArray::number(i * 7919);
+        e.url = "https://www.example.org/login/" + QByteArray::number(i);
+        e.note = "Note " + QByteArray::number(i);
+        QList<Entry> trial = entries;
         trial.append(e);
         if (ComposeInnerText(trial).size() > MaxVaultText)
             break;
@@ -40,7 +40,7 @@ int main(int argc, char* argv[])
     QList<double> loads;
     QList<double> saves;
     for (int r = 0; r < rounds; ++r) {
-        QList<EntryRecord> copy = entries;
+        QList<Entry> copy = entries;
         QElapsedTimer t;
         t.start();
         SaveVault(path, copy, yield);

@@ -10,8 +10,8 @@
 #include "services/modLanguage.h"
 #include "startup/frmLogin.h"
 #include "storage/DataRoot.h"
+#include "storage/ProfileFiles.h"
 #include "storage/VaultFile.h"
-#include "storage/modIni2.h"
 #include "vault/ListBox.h"
 #include "vault/TextBox.h"
 #include "vault/frmMain.h"
@@ -51,7 +51,7 @@ public:
                 w->hide();
         }
         entryTable.Erase();
-        currentEntry = EntryRecord();
+        currentEntry = Entry();
         vaultDirty = false;
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
@@ -70,7 +70,7 @@ public:
     }
 
     // The entries on disk, read without the load's write-back.
-    QList<EntryRecord> vaultOnDisk(const QString& profile = QStringLiteral("Administrator")) const
+    QList<Entry> vaultOnDisk(const QString& profile = QStringLiteral("Administrator")) const
     {
         QFile f(data(profile + QStringLiteral("/list.dat")));
         if (!f.open(QIODevice::ReadOnly))
@@ -79,7 +79,7 @@ public:
     }
 
     // Writes the vault of Administrator before the run starts.
-    void writeVault(QList<EntryRecord> entries) const
+    void writeVault(QList<Entry> entries) const
     {
         QDir().mkpath(data(QStringLiteral("Administrator")));
         QCOMPARE(
@@ -103,7 +103,7 @@ public:
         return frmMain::Loaded();
     }
     // The vault window over these entries, active; null when it did not come up.
-    frmMain* startActive(const QList<EntryRecord>& entries)
+    frmMain* startActive(const QList<Entry>& entries)
     {
         writeVault(entries);
         frmMain* main = start();

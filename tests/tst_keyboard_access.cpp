@@ -186,7 +186,7 @@ private Q_SLOTS:
     void everyWindowWalksInOrderAndIsNamed()
     {
         VaultRun run;
-        EntryRecord mail;
+        Entry mail;
         mail.title = "Mail";
         frmMain* main = run.startActive({ mail });
         QVERIFY(main);
@@ -312,9 +312,9 @@ private Q_SLOTS:
     void picturesAreTabStopsThatKeysPressAndTheMouseLeavesAlone()
     {
         VaultRun run;
-        EntryRecord mail;
+        Entry mail;
         mail.title = "Mail";
-        mail.age = "secret-pass";
+        mail.password = "secret-pass";
         frmMain* main = run.startActive({ mail });
         QVERIFY(main);
         VaultRun::clickRow(main->lstResults, 0);

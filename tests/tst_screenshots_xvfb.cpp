@@ -14,13 +14,13 @@
 
 namespace {
 
-EntryRecord sample(const char* title, const char* name, const char* age, const char* address)
+Entry sample(const char* title, const char* name, const char* age, const char* address)
 {
-    EntryRecord e;
+    Entry e;
     e.title = title;
-    e.name = name;
-    e.age = age;
-    e.address = address;
+    e.userName = name;
+    e.password = age;
+    e.url = address;
     return e;
 }
 

@@ -1,5 +1,5 @@
 // Decode64 over any text, and the round trip of Encode64 for any bytes.
-#include "storage/Module1.h"
+#include "storage/Base64Codec.h"
 
 #include <cstdint>
 

@@ -1,5 +1,5 @@
 // Any bytes as list.dat: the walk off, the program's reading and the careful reading.
-#include "storage/Module1.h"
+#include "storage/Base64Codec.h"
 #include "storage/VaultFile.h"
 #include "storage/VaultRescue.h"
 
@@ -15,7 +15,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     (void)quiet;
     const QByteArray file(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size));
     const QByteArray inner = LayerOff(file);
-    QList<EntryRecord> entries = ParseInnerText(inner);
+    QList<Entry> entries = ParseInnerText(inner);
     RescueInnerText(inner);
     const QByteArray again = ComposeInnerText(entries);
     // The walks invert each other unless a window's sum overflows, which needs a byte of 0x7D

@@ -6,8 +6,8 @@
 #include "platform/MessageBox.h"
 #include "platform/Twips.h"
 #include "storage/DataRoot.h"
-#include "storage/modFileExist.h"
-#include "storage/modIni2.h"
+#include "storage/FileExist.h"
+#include "storage/ProfileFiles.h"
 #include "vault/frmMain.h"
 
 #include <QCursor>

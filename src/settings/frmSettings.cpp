@@ -14,9 +14,9 @@
 #include "startup/frmPassChange.h"
 #include "startup/frmPassRemind.h"
 #include "storage/DataRoot.h"
-#include "storage/modDirectories.h"
-#include "storage/modFileExist.h"
-#include "storage/modIni2.h"
+#include "storage/DataTree.h"
+#include "storage/FileExist.h"
+#include "storage/ProfileFiles.h"
 #include "vault/ListBox.h"
 #include "vault/frmMain.h"
 

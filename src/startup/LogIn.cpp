@@ -1,8 +1,8 @@
 #include "startup/LogIn.h"
 
 #include "storage/DataRoot.h"
-#include "storage/modFileExist.h"
-#include "storage/modIni2.h"
+#include "storage/FileExist.h"
+#include "storage/ProfileFiles.h"
 
 qint16 ProfileMarkerExists(const QString& profile)
 {

@@ -11,8 +11,8 @@
 #include "startup/LogIn.h"
 #include "startup/modMD5.h"
 #include "storage/DataRoot.h"
-#include "storage/modDirectories.h"
-#include "storage/modIni2.h"
+#include "storage/DataTree.h"
+#include "storage/ProfileFiles.h"
 #include "vault/frmMain.h"
 
 #include <QApplication>

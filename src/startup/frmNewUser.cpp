@@ -10,8 +10,8 @@
 #include "settings/frmSettings.h"
 #include "startup/ProfileFields.h"
 #include "storage/DataRoot.h"
-#include "storage/modDirectories.h"
-#include "storage/modIni2.h"
+#include "storage/DataTree.h"
+#include "storage/ProfileFiles.h"
 #include "vault/ListBox.h"
 
 #include <QLabel>

@@ -7,7 +7,7 @@
 #include "startup/ProfileFields.h"
 #include "startup/modMD5.h"
 #include "storage/DataRoot.h"
-#include "storage/modIni2.h"
+#include "storage/ProfileFiles.h"
 
 #include <QLabel>
 #include <QLineEdit>

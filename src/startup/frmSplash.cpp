@@ -9,7 +9,7 @@
 #include "services/modLanguage.h"
 #include "startup/frmLogin.h"
 #include "storage/DataRoot.h"
-#include "storage/modFileExist.h"
+#include "storage/FileExist.h"
 
 #include <QVBoxLayout>
 

@@ -2,7 +2,7 @@
 
 #include "platform/Files.h"
 #include "platform/Paths.h"
-#include "storage/modIni2.h"
+#include "storage/ProfileFiles.h"
 
 qint16 UsbMode = 0;
 

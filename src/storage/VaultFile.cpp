@@ -1,8 +1,8 @@
 #include "storage/VaultFile.h"
 
 #include "platform/Files.h"
-#include "storage/Module1.h"
-#include "storage/modIni.h"
+#include "storage/Base64Codec.h"
+#include "storage/VaultText.h"
 
 #include <limits>
 
@@ -40,14 +40,14 @@ QByteArray LayerOff(QByteArray bytes, const Yield& yield)
     return bytes;
 }
 
-QList<EntryRecord> ParseInnerText(const QByteArray& text)
+QList<Entry> ParseInnerText(const QByteArray& text)
 {
     const TextLines lines = SplitTextLines(text);
     QList<QByteArray> sections;
     ListSections(sections, lines);
-    QList<EntryRecord> entries;
+    QList<Entry> entries;
     for (qsizetype i = 1; i < sections.size(); ++i) {
-        EntryRecord entry;
+        Entry entry;
         entry.title = sections.at(i);
         const QList<QByteArray> keyLines = SectionLines(sections.at(i), lines);
         for (qsizetype k = 1; k < keyLines.size(); ++k) {
@@ -56,28 +56,27 @@ QList<EntryRecord> ParseInnerText(const QByteArray& text)
             QByteArray* field = EncodedField(entry, key);
             if (field)
                 *field = Decode64(UnescapeValue(value));
-            else if (key == "picture")
-                entry.picture = UnescapeValue(value);
+            else if (key == PictureKey.key)
+                entry.*PictureKey.field = UnescapeValue(value);
         }
         entries.append(entry);
     }
     return entries;
 }
 
-QByteArray ComposeInnerText(QList<EntryRecord>& entries)
+QByteArray ComposeInnerText(QList<Entry>& entries)
 {
     QByteArray out;
-    for (EntryRecord& e : entries) {
+    for (Entry& e : entries) {
         if (e.title.isEmpty())
             continue;
         out += '[' + e.title + "]\r\n";
-        for (const char* key : EncodedKeys) {
-            QByteArray* field = EncodedField(e, key);
-            if (!field->isEmpty())
-                out += QByteArray(key) + '=' + Encode64(EscapeValue(*field)) + "\r\n";
+        for (const EntryKey& k : EncodedKeys) {
+            if (!(e.*k.field).isEmpty())
+                out += QByteArray(k.key) + '=' + Encode64(EscapeValue(e.*k.field)) + "\r\n";
         }
-        if (!e.picture.isEmpty())
-            out += "picture=" + e.picture + "\r\n";
+        if (!(e.*PictureKey.field).isEmpty())
+            out += QByteArray(PictureKey.key) + '=' + e.*PictureKey.field + "\r\n";
     }
     return out;
 }
@@ -101,7 +100,7 @@ VaultLoad LoadVault(const QString& path, const Yield& yield)
     return result;
 }
 
-VaultSave SaveVault(const QString& path, QList<EntryRecord>& entries, const Yield& yield)
+VaultSave SaveVault(const QString& path, QList<Entry>& entries, const Yield& yield)
 {
     QByteArray old;
     if (platform::ReadFileBytes(path, old) && old.size() <= MaxWalkLength + 3)

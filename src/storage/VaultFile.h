@@ -2,7 +2,7 @@
 // list.dat: the outer byte walk and the load and save sequences over it. The walks run on the
 // bytes in memory and the file is replaced in one atomic step, so a crash never leaves a half
 // walked vault; the bytes that reach the disk are those of the walks in place.
-#include "storage/EntryRecord.h"
+#include "storage/Entry.h"
 
 #include <QByteArray>
 #include <QList>
@@ -28,17 +28,17 @@ QByteArray LayerOn(QByteArray bytes, const Yield& yield = {});
 QByteArray LayerOff(QByteArray bytes, const Yield& yield = {});
 
 // The inner text: the entries as sections and escaped, encoded key lines.
-QList<EntryRecord> ParseInnerText(const QByteArray& text);
+QList<Entry> ParseInnerText(const QByteArray& text);
 
 // Writes the entries whose title is not empty. Escaping changes the fields of the entries
 // (a leading blank or ";" of a value becomes "&6" or "&7"), as it always has at saving.
-QByteArray ComposeInnerText(QList<EntryRecord>& entries);
+QByteArray ComposeInnerText(QList<Entry>& entries);
 
 struct VaultLoad
 {
     bool read = false; // false: no file could be read, nothing else was done
     bool oversize = false; // over the walk's limit: read, and the file left as it was
-    QList<EntryRecord> entries;
+    QList<Entry> entries;
 };
 
 // The load: the file comes into being if missing, the layer comes off, the entries are read,
@@ -54,4 +54,4 @@ enum class VaultSave
 
 // The save: the old layer comes off for nothing (it always has), the file is written anew
 // from the entries with the layer on.
-VaultSave SaveVault(const QString& path, QList<EntryRecord>& entries, const Yield& yield = {});
+VaultSave SaveVault(const QString& path, QList<Entry>& entries, const Yield& yield = {});

@@ -1,7 +1,7 @@
 #include "storage/VaultRescue.h"
 
-#include "storage/Module1.h"
-#include "storage/modIni.h"
+#include "storage/Base64Codec.h"
+#include "storage/VaultText.h"
 
 namespace {
 
@@ -35,25 +35,25 @@ QByteArray recoverValue(const QByteArray& base64)
 
 } // namespace
 
-QList<EntryRecord> RescueInnerText(const QByteArray& innerText)
+QList<Entry> RescueInnerText(const QByteArray& innerText)
 {
     QByteArray text = innerText;
     while (text.endsWith('\0'))
         text.chop(1); // the overhang of the walks
     TextLines lines = SplitTextLines(text);
-    QList<EntryRecord> entries;
+    QList<Entry> entries;
     for (qsizetype i = 1; i < lines.size(); ++i) {
         const QByteArray& line = lines.at(i);
         if (isSectionLine(line)) {
-            entries.append(EntryRecord {});
+            entries.append(Entry {});
             entries.last().title = line.mid(1, line.size() - 2);
             continue;
         }
         if (entries.isEmpty() || line.startsWith(';') || !line.contains('='))
             continue;
         const QByteArray key = keyName(line);
-        EntryRecord& entry = entries.last();
-        if (key == "picture") {
+        Entry& entry = entries.last();
+        if (key == PictureKey.key) {
             QByteArray picture = KeyValue(line);
             // The picture's own line breaks stand in the file as they are: take every line up to
             // the next section, but not the empty element behind the text's last line end.

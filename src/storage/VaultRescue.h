@@ -2,8 +2,8 @@
 // Reading a vault the careful way, for users who want back what the program's own reading
 // loses: every continuation line of a long value, the escapes undone, the padding cut. A
 // vault that has not been saved since still holds all of it.
-#include "storage/EntryRecord.h"
+#include "storage/Entry.h"
 
 #include <QList>
 
-QList<EntryRecord> RescueInnerText(const QByteArray& innerText);
+QList<Entry> RescueInnerText(const QByteArray& innerText);

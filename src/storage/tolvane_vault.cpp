@@ -2,7 +2,7 @@
 #include "platform/CodePage.h"
 #include "platform/Files.h"
 #include "platform/Paths.h"
-#include "storage/Module1.h"
+#include "storage/Base64Codec.h"
 #include "storage/VaultFile.h"
 #include "storage/VaultRescue.h"
 
@@ -37,21 +37,23 @@ Exit codes: 0 done, 1 bad input (missing or unreadable file, bad JSON, vault too
 2 usage.
 )";
 
-const char* const fieldNames[] = { "title", "name", "age", "interests", "address", "phone", "extra", "picture" };
-
-QByteArray* field(EntryRecord& e, int i)
+// The JSON of an entry speaks the file's language: "title", then the file's own keys.
+QList<EntryKey> jsonFields()
 {
-    QByteArray* fields[] = { &e.title, &e.name, &e.age, &e.interests, &e.address, &e.phone, &e.extra, &e.picture };
-    return fields[i];
+    QList<EntryKey> fields { { "title", &Entry::title } };
+    for (const EntryKey& k : EncodedKeys)
+        fields.append(k);
+    fields.append(PictureKey);
+    return fields;
 }
 
-void printJson(QList<EntryRecord> entries)
+void printJson(QList<Entry> entries)
 {
     QJsonArray array;
-    for (EntryRecord& e : entries) {
+    for (Entry& e : entries) {
         QJsonObject object;
-        for (int i = 0; i < 8; ++i)
-            object.insert(QLatin1String(fieldNames[i]), platform::FromCodePage(*field(e, i)));
+        for (const EntryKey& k : jsonFields())
+            object.insert(QLatin1String(k.key), platform::FromCodePage(e.*k.field));
         array.append(object);
     }
     const QByteArray out = QJsonDocument(array).toJson(QJsonDocument::Indented);
@@ -154,13 +156,13 @@ int main(int argc, char* argv[])
         const QJsonDocument doc = QJsonDocument::fromJson(input, &error);
         if (error.error != QJsonParseError::NoError || !doc.isArray())
             return fail(QStringLiteral("standard input is not a JSON array of entries: %1").arg(error.errorString()));
-        QList<EntryRecord> entries;
+        QList<Entry> entries;
         for (const QJsonValue& v : doc.array()) {
             if (!v.isObject())
                 return fail(QStringLiteral("an entry is not a JSON object"));
-            EntryRecord e;
-            for (int i = 0; i < 8; ++i)
-                *field(e, i) = platform::ToCodePage(v.toObject().value(QLatin1String(fieldNames[i])).toString());
+            Entry e;
+            for (const EntryKey& k : jsonFields())
+                e.*k.field = platform::ToCodePage(v.toObject().value(QLatin1String(k.key)).toString());
             entries.append(e);
         }
         switch (SaveVault(path, entries)) {

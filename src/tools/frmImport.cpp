@@ -7,7 +7,7 @@
 #include "services/ShellMod.h"
 #include "services/modLanguage.h"
 #include "storage/DataRoot.h"
-#include "storage/modIni2.h"
+#include "storage/ProfileFiles.h"
 #include "tools/PathFrame.h"
 #include "vault/TextBox.h"
 

@@ -24,10 +24,10 @@ QString ReportText(int rows)
         + QLatin1Char(' ') + platform::DateText() + crlf + Lang(285) + QLatin1Char(' ') + CurrentProfile() + crlf
         + QStringLiteral("===");
     for (int i = 1; i <= rows && entryTable.Has(i); ++i) {
-        const EntryRecord& e = entryTable[i];
+        const Entry& e = entryTable[i];
         text += crlf + QString::number(i) + QStringLiteral(") ") + Lang(286) + QLatin1Char(' ') + Shown(e.title)
-            + QStringLiteral("  ") + Lang(242) + QLatin1Char(' ') + Shown(e.name) + QStringLiteral("  ") + Lang(244)
-            + QLatin1Char(' ') + Shown(e.age) + QStringLiteral("  ");
+            + QStringLiteral("  ") + Lang(242) + QLatin1Char(' ') + Shown(e.userName) + QStringLiteral("  ") + Lang(244)
+            + QLatin1Char(' ') + Shown(e.password) + QStringLiteral("  ");
     }
     return text;
 }

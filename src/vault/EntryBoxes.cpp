@@ -9,14 +9,14 @@
 
 void CarryIntoCurrentEntry(QObject* context, const EntryBoxes& boxes)
 {
-    const std::pair<TextBox*, QByteArray EntryRecord::*> carried[] = {
-        { boxes.txtDetails, &EntryRecord::title },
-        { boxes.txtAge, &EntryRecord::age },
-        { boxes.txtInterests, &EntryRecord::interests },
-        { boxes.txtFullName, &EntryRecord::name },
-        { boxes.txtAddress, &EntryRecord::address },
-        { boxes.txtPhone, &EntryRecord::phone },
-        { boxes.txtExtra, &EntryRecord::extra },
+    const std::pair<TextBox*, QByteArray Entry::*> carried[] = {
+        { boxes.txtDetails, &Entry::title },
+        { boxes.txtAge, &Entry::password },
+        { boxes.txtInterests, &Entry::document },
+        { boxes.txtFullName, &Entry::userName },
+        { boxes.txtAddress, &Entry::url },
+        { boxes.txtPhone, &Entry::passphrase },
+        { boxes.txtExtra, &Entry::note },
     };
     for (const auto& [control, field] : carried) {
         QObject::connect(
@@ -32,15 +32,15 @@ void SetEntryCaptions(const EntryLabels& labels)
         label->setText(Lang(slot++));
 }
 
-void ShowEntry(const EntryBoxes& boxes, const EntryRecord& entry)
+void ShowEntry(const EntryBoxes& boxes, const Entry& entry)
 {
-    boxes.txtAddress->SetText(Shown(entry.address));
-    boxes.txtAge->SetText(Shown(entry.age));
+    boxes.txtAddress->SetText(Shown(entry.url));
+    boxes.txtAge->SetText(Shown(entry.password));
     boxes.txtDetails->SetText(Shown(entry.title));
-    boxes.txtExtra->SetText(Shown(entry.extra));
-    boxes.txtFullName->SetText(Shown(entry.name));
-    boxes.txtInterests->SetText(Shown(entry.interests));
-    boxes.txtPhone->SetText(Shown(entry.phone));
+    boxes.txtExtra->SetText(Shown(entry.note));
+    boxes.txtFullName->SetText(Shown(entry.userName));
+    boxes.txtInterests->SetText(Shown(entry.document));
+    boxes.txtPhone->SetText(Shown(entry.passphrase));
 }
 
 QString Shown(const QByteArray& field)

@@ -1,6 +1,6 @@
 #pragma once
 // The seven boxes of an entry, as both the vault window and the new-entry dialog have them.
-#include "storage/EntryRecord.h"
+#include "storage/Entry.h"
 
 class QLabel;
 class QObject;
@@ -36,7 +36,7 @@ void SetEntryCaptions(const EntryLabels& labels);
 void CarryIntoCurrentEntry(QObject* context, const EntryBoxes& boxes);
 
 // Copies the record into the boxes: address, age, title, note, user name, document, phrase.
-void ShowEntry(const EntryBoxes& boxes, const EntryRecord& entry);
+void ShowEntry(const EntryBoxes& boxes, const Entry& entry);
 
 // A field's code-page bytes as the boxes show them, and back.
 QString Shown(const QByteArray& field);

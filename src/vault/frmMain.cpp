@@ -19,9 +19,9 @@
 #include "services/modLinki.h"
 #include "settings/frmSettings.h"
 #include "storage/DataRoot.h"
+#include "storage/DataTree.h"
+#include "storage/ProfileFiles.h"
 #include "storage/VaultFile.h"
-#include "storage/modDirectories.h"
-#include "storage/modIni2.h"
 #include "tools/frmExport.h"
 #include "tools/frmImport.h"
 #include "tools/frmPwdGen.h"
@@ -65,23 +65,23 @@ QString RowTitle(const QString& row)
     return cut < 0 ? row : row.left(cut);
 }
 
-std::optional<QString> SearchRow(const EntryRecord& e, const QString& needle)
+std::optional<QString> SearchRow(const Entry& e, const QString& needle)
 {
     const QString title = Shown(e.title);
     auto holds = [&needle](const QByteArray& field) { return Shown(field).toLower().contains(needle); };
     if (holds(e.title))
         return title;
-    if (holds(e.name))
-        return title + QStringLiteral(" (") + Shown(e.name) + QLatin1Char(')');
-    if (holds(e.age))
-        return title + QStringLiteral(" (Password: ") + Shown(e.age) + QLatin1Char(')');
-    if (holds(e.interests))
+    if (holds(e.userName))
+        return title + QStringLiteral(" (") + Shown(e.userName) + QLatin1Char(')');
+    if (holds(e.password))
+        return title + QStringLiteral(" (Password: ") + Shown(e.password) + QLatin1Char(')');
+    if (holds(e.document))
         return title;
-    if (holds(e.address))
-        return title + QStringLiteral(" (URL: ") + Shown(e.address) + QLatin1Char(')');
-    if (holds(e.phone))
-        return title + QStringLiteral(" (Passphrase: ") + Shown(e.phone) + QLatin1Char(')');
-    if (holds(e.extra))
+    if (holds(e.url))
+        return title + QStringLiteral(" (URL: ") + Shown(e.url) + QLatin1Char(')');
+    if (holds(e.passphrase))
+        return title + QStringLiteral(" (Passphrase: ") + Shown(e.passphrase) + QLatin1Char(')');
+    if (holds(e.note))
         return title;
     return std::nullopt;
 }
@@ -519,7 +519,7 @@ void frmMain::Form_Unload()
     if (lstResults->ListCount() == 0)
         return; // a search without matches on the screen saves nothing
 
-    QList<EntryRecord> entries;
+    QList<Entry> entries;
     for (int i = 1; i <= entryTable.UBound(); ++i)
         entries.append(entryTable[i]);
     const VaultSave saved = SaveVault(ProfileFile(QStringLiteral("list.dat")), entries, &platform::YieldStep);
@@ -674,7 +674,7 @@ void frmMain::lstResults_Click()
 
 void frmMain::cmdSaveChanges_Click()
 {
-    const EntryRecord copy = currentEntry;
+    const Entry copy = currentEntry;
     if (copy.title.isEmpty()) {
         platform::MsgBox(Lang(192), 16);
         return;
@@ -686,7 +686,7 @@ void frmMain::cmdSaveChanges_Click()
 
 void frmMain::mnuNew_Click()
 {
-    currentEntry = EntryRecord();
+    currentEntry = Entry();
     auto* view = new frmView(this);
     view->txtDetails->SetLocked(false);
     view->exec();

@@ -2,7 +2,7 @@
 // The vault window: the list on the left, the boxes of the entry on show on the right. Its
 // load reads the vault of `current` into entryTable and its unload writes the table back;
 // nothing else saves the vault.
-#include "storage/EntryRecord.h"
+#include "storage/Entry.h"
 #include "storage/ListControl.h"
 #include "vault/EntryBoxes.h"
 
@@ -26,7 +26,7 @@ QString RowTitle(const QString& row);
 
 // The row that an entry adds to a search for `needle` (already in lower case): the first of
 // title, name, age, interests, address, phone, extra that holds it decides the form.
-std::optional<QString> SearchRow(const EntryRecord& entry, const QString& needle);
+std::optional<QString> SearchRow(const Entry& entry, const QString& needle);
 
 class frmMain : public QMainWindow
 {

@@ -117,7 +117,7 @@ void frmView::unload()
 
 void frmView::cmdSaveChanges_Click()
 {
-    const EntryRecord copy = currentEntry;
+    const Entry copy = currentEntry;
     if (copy.title.isEmpty()) {
         platform::MsgBox(Lang(192), 16);
         return;

@@ -1,7 +1,7 @@
 #include "vault/modRoster.h"
 
 EntryTable entryTable;
-EntryRecord currentEntry;
+Entry currentEntry;
 bool vaultDirty = false;
 
 void EntryTable::ReDim(int lowerBound, int upperBound)
@@ -10,7 +10,7 @@ void EntryTable::ReDim(int lowerBound, int upperBound)
         return; // "1 To 0" is refused and leaves the table as it was
     allocated = true;
     lower = lowerBound;
-    slots = QList<EntryRecord>(upperBound - lowerBound + 1);
+    slots = QList<Entry>(upperBound - lowerBound + 1);
 }
 
 void EntryTable::ReDimPreserve(int upperBound)
@@ -37,7 +37,7 @@ qint16 FindEntryByTitle(const QByteArray& title, const EntryTable& table)
     return found;
 }
 
-void InsertEntry(EntryTable& table, const EntryRecord& record, qint16& position)
+void InsertEntry(EntryTable& table, const Entry& record, qint16& position)
 {
     if (static_cast<quint16>(position) > 65534 && table.HasBounds() && table.UBound() + 1 <= 32767)
         position = static_cast<qint16>(table.UBound() + 1);
@@ -73,7 +73,7 @@ void RemoveEntry(EntryTable& table, int index)
     }
 }
 
-void StoreEntry(const EntryRecord& record)
+void StoreEntry(const Entry& record)
 {
     const qint16 index = FindEntryByTitle(record.title);
     if (index == 0) {

@@ -3,7 +3,7 @@
 // its bounds are not kept tidy: after a load it is 1 to n; once its last entry is gone it is 0
 // to 0 with an empty slot 0, which every loop from 1 passes over; before anything sized it, it
 // has no bounds at all and every use of it fails quietly.
-#include "storage/EntryRecord.h"
+#include "storage/Entry.h"
 
 #include <QList>
 
@@ -15,8 +15,8 @@ public:
     // The upper bound; 0 for a table without bounds, so that loops from 1 do nothing.
     int UBound() const { return allocated ? lower + static_cast<int>(slots.size()) - 1 : 0; }
     bool Has(int index) const { return allocated && index >= lower && index <= UBound(); }
-    EntryRecord& operator[](int index) { return slots[index - lower]; }
-    const EntryRecord& operator[](int index) const { return slots[index - lower]; }
+    Entry& operator[](int index) { return slots[index - lower]; }
+    const Entry& operator[](int index) const { return slots[index - lower]; }
 
     // ReDim lower To upper, contents dropped.
     void ReDim(int lowerBound, int upperBound);
@@ -27,12 +27,12 @@ public:
 private:
     bool allocated = false;
     int lower = 0;
-    QList<EntryRecord> slots;
+    QList<Entry> slots;
 };
 
 extern EntryTable entryTable;
 // The one working copy between the boxes and the table.
-extern EntryRecord currentEntry;
+extern Entry currentEntry;
 // Set by saving and deleting; nothing reads it.
 extern bool vaultDirty;
 
@@ -40,14 +40,14 @@ extern bool vaultDirty;
 qint16 FindEntryByTitle(const QByteArray& title, const EntryTable& table = entryTable);
 
 // Puts a copy of the record at `position` (-1, read as 65535, means the end).
-void InsertEntry(EntryTable& table, const EntryRecord& record, qint16& position);
+void InsertEntry(EntryTable& table, const Entry& record, qint16& position);
 
 // Takes the entry out and closes the gap; an index outside 1..EntryCount does nothing.
 void RemoveEntry(EntryTable& table, int index);
 
 // Overwrites the last entry of that title, or appends the record when there is none; marks the
 // vault changed. The one write of both save commands.
-void StoreEntry(const EntryRecord& record);
+void StoreEntry(const Entry& record);
 
 // UBound - LBound + 1; 0 for a table without bounds.
 qint16 EntryCount(const EntryTable& table);

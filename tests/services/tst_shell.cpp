@@ -161,10 +161,10 @@ private Q_SLOTS:
         VaultRun run;
         ShellScript shell;
         qputenv("TOLVANE_SERVER_ADDRESS", "http://127.0.0.1:9");
-        EntryRecord e;
+        Entry e;
         e.title = "Bank";
-        e.address = "bank.example";
-        e.interests = "C:\\docs\\statement.pdf";
+        e.url = "bank.example";
+        e.document = "C:\\docs\\statement.pdf";
         run.writeVault({ e });
         SaveProgramSetting(QStringLiteral("curLang"), QString());
         frmMain* main = run.start();

@@ -72,7 +72,7 @@ private Q_SLOTS:
     void closingTheVaultWindowLeavesTheMenuAsTheWayBack()
     {
         VaultRun run;
-        EntryRecord e;
+        Entry e;
         e.title = "Mail";
         frmMain* main = run.startActive({ e });
         QVERIFY(main);

@@ -1,14 +1,14 @@
 #pragma once
 // A vault of ordinary entries that fills the file to near its limit, the same for one seed
 // wherever it is made: the kill test and its worker process agree on it.
-#include "storage/EntryRecord.h"
+#include "storage/Entry.h"
 #include "storage/VaultFile.h"
 
 #include <QList>
 
-inline QList<EntryRecord> FullVault(quint32 seed, qsizetype innerBytes = 32000)
+inline QList<Entry> FullVault(quint32 seed, qsizetype innerBytes = 32000)
 {
-    QList<EntryRecord> entries;
+    QList<Entry> entries;
     quint32 state = seed * 2654435761u + 1;
     auto word = [&state](int length) {
         QByteArray w;
@@ -20,13 +20,13 @@ inline QList<EntryRecord> FullVault(quint32 seed, qsizetype innerBytes = 32000)
     };
     qsizetype size = 0;
     for (int i = 0;; ++i) {
-        EntryRecord e;
+        Entry e;
         e.title = "Entry " + QByteArray::number(seed) + '-' + QByteArray::number(i);
-        e.name = word(8) + "@example.org";
-        e.age = word(12);
-        e.address = "https://" + word(10) + ".example.org/login";
-        e.extra = word(30);
-        QList<EntryRecord> one { e };
+        e.userName = word(8) + "@example.org";
+        e.password = word(12);
+        e.url = "https://" + word(10) + ".example.org/login";
+        e.note = word(30);
+        QList<Entry> one { e };
         size += ComposeInnerText(one).size(); // the text is the entries' texts one after the other
         if (size > innerBytes)
             return entries;

@@ -1,6 +1,6 @@
 #include "TestSupport.h"
-#include "storage/Module1.h"
-#include "storage/modIni.h"
+#include "storage/Base64Codec.h"
+#include "storage/VaultText.h"
 #include "vault/Scramble.h"
 
 class tst_codecs : public QObject

@@ -1,8 +1,8 @@
 #include "TestSupport.h"
 #include "platform/Paths.h"
 #include "storage/DataRoot.h"
-#include "storage/modDirectories.h"
-#include "storage/modIni2.h"
+#include "storage/DataTree.h"
+#include "storage/ProfileFiles.h"
 
 #include <QFileInfo>
 

@@ -48,9 +48,9 @@ private Q_SLOTS:
         run.provision();
         run.setIni(
             QStringLiteral("Administrator/settings.txt"), Keys::settings, Keys::question, QStringLiteral("Pet?"));
-        QList<EntryRecord> entries;
+        QList<Entry> entries;
         for (int i = 0; i < 300; ++i)
-            entries.append(EntryRecord { "Entry " + QByteArray::number(i), "pw", {}, "user", {}, {}, {}, {} });
+            entries.append(Entry { "Entry " + QByteArray::number(i), "pw", {}, "user", {}, {}, {}, {} });
         run.writeVault(entries);
         frmMain* main = run.start();
         QVERIFY(main);
@@ -67,7 +67,7 @@ private Q_SLOTS:
         run.boxes.shown.clear();
         // A new entry in memory, then the options applied: cfg.txt, config.txt and users.txt are written,
         // and the vault window's reload writes the vault, time.txt and config.txt.
-        currentEntry = EntryRecord { "New", "pw", {}, {}, {}, {}, {}, {} };
+        currentEntry = Entry { "New", "pw", {}, {}, {}, {}, {}, {} };
         main->cmdSaveChanges_Click();
         main->mnuSettings->trigger();
         frmSettings* settings = frmSettings::Loaded();

@@ -1,5 +1,5 @@
 #include "TestSupport.h"
-#include "storage/modIni2.h"
+#include "storage/ProfileFiles.h"
 
 class tst_ini : public QObject
 {

@@ -4,7 +4,7 @@
 #include "TestSupport.h"
 #include "platform/Paths.h"
 #include "services/modRegistry2.h"
-#include "storage/modIni2.h"
+#include "storage/ProfileFiles.h"
 
 #include <QDateTime>
 #include <QElapsedTimer>
@@ -43,7 +43,7 @@ QByteArray afterLoad(const QByteArray& before)
     return before.size() > MaxWalkLength ? before : LayerOn(LayerOff(before));
 }
 
-QByteArray savedFrom(QList<EntryRecord> entries)
+QByteArray savedFrom(QList<Entry> entries)
 {
     return LayerOn(ComposeInnerText(entries));
 }
@@ -193,7 +193,7 @@ private Q_SLOTS:
             world.write(QStringLiteral("appdata/Brenmark/Tolvane/data/Administrator/list.dat"),
                 savedFrom(FullVault(static_cast<quint32>(i))));
             const QByteArray loaded = afterLoad(readFile(file));
-            QList<EntryRecord> entries = ParseInnerText(LayerOff(loaded));
+            QList<Entry> entries = ParseInnerText(LayerOff(loaded));
             const QByteArray saved = savedFrom(entries);
             QProcess program;
             program.setProcessEnvironment(env);

@@ -49,7 +49,7 @@ private Q_SLOTS:
         const QByteArray json = QJsonDocument(QJsonArray { e }).toJson();
         QCOMPARE(tool({ QStringLiteral("save"), file }, json).code, 0);
         // The same bytes as the program's own save.
-        QList<EntryRecord> same { EntryRecord { "Mail", {}, {}, "anna", {}, {}, {}, QByteArray("\xff\0x", 3) } };
+        QList<Entry> same { Entry { "Mail", {}, {}, "anna", {}, {}, {}, QByteArray("\xff\0x", 3) } };
         QCOMPARE(world.read(QStringLiteral("tool.dat")), LayerOn(ComposeInnerText(same)));
         const Run dump = tool({ QStringLiteral("dump"), file });
         QCOMPARE(dump.code, 0);
@@ -64,9 +64,9 @@ private Q_SLOTS:
     void rescueGivesBackWhatTheProgramLoses()
     {
         TestWorld world;
-        QList<EntryRecord> entries { EntryRecord {
+        QList<Entry> entries { Entry {
             "Note", {}, {}, {}, {}, {}, "first line\r\nand a long second line=" + QByteArray(80, 'z'), {} } };
-        const QByteArray original = entries[0].extra;
+        const QByteArray original = entries[0].note;
         SaveVault(QStringLiteral("C:\\..\\rescue.dat"), entries);
         const Run rescue = tool({ QStringLiteral("rescue"), world.path(QStringLiteral("rescue.dat")) });
         QCOMPARE(rescue.code, 0);

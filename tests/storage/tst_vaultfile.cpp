@@ -1,17 +1,17 @@
 #include "TestSupport.h"
 #include "storage/VaultFile.h"
-#include "storage/modIni.h"
+#include "storage/VaultText.h"
 
 namespace {
-EntryRecord entry(const QByteArray& title)
+Entry entry(const QByteArray& title)
 {
-    EntryRecord e;
+    Entry e;
     e.title = title;
     return e;
 }
 
 // Saves the entries and loads them back as the program's window would.
-QList<EntryRecord> roundTrip(QList<EntryRecord> entries)
+QList<Entry> roundTrip(QList<Entry> entries)
 {
     const QString path = QStringLiteral("C:\\list.dat");
     if (SaveVault(path, entries) != VaultSave::Saved)
@@ -48,10 +48,10 @@ private Q_SLOTS:
     void knownEntriesGiveKnownBytes()
     {
         TestWorld world;
-        QList<EntryRecord> entries { entry("Mail"), entry("Bank") };
-        entries[0].name = "anna";
-        entries[1].age = "pw";
-        entries[1].extra = "x";
+        QList<Entry> entries { entry("Mail"), entry("Bank") };
+        entries[0].userName = "anna";
+        entries[1].password = "pw";
+        entries[1].note = "x";
         QCOMPARE(ComposeInnerText(entries), QByteArray("[Mail]\r\nname=YW5uYQ\r\n[Bank]\r\nage=cHc\r\nextra=eA\r\n"));
         QCOMPARE(SaveVault(QStringLiteral("C:\\list.dat"), entries), VaultSave::Saved);
         const QByteArray inner = "[Mail]\r\nname=YW5uYQ\r\n[Bank]\r\nage=cHc\r\nextra=eA\r\n";
@@ -61,8 +61,8 @@ private Q_SLOTS:
     void eachLoadGrowsTheFileByThreeBytes()
     {
         TestWorld world;
-        QList<EntryRecord> entries { entry("Mail") };
-        entries[0].name = "anna";
+        QList<Entry> entries { entry("Mail") };
+        entries[0].userName = "anna";
         const QString path = QStringLiteral("C:\\list.dat");
         SaveVault(path, entries);
         const qsizetype saved = world.read(QStringLiteral("home/list.dat")).size();
@@ -70,9 +70,9 @@ private Q_SLOTS:
         const VaultLoad second = LoadVault(path);
         QCOMPARE(world.read(QStringLiteral("home/list.dat")).size(), saved + 6);
         QCOMPARE(second.entries, first.entries);
-        QCOMPARE(first.entries.first().name, QByteArray("anna\0\0", 6));
+        QCOMPARE(first.entries.first().userName, QByteArray("anna\0\0", 6));
         // A save writes the file anew and takes the overhang away.
-        QList<EntryRecord> again = second.entries;
+        QList<Entry> again = second.entries;
         SaveVault(path, again);
         QCOMPARE(world.read(QStringLiteral("home/list.dat")).size(), LayerOn(ComposeInnerText(again)).size());
     }
@@ -95,32 +95,32 @@ private Q_SLOTS:
     void whatTheFormatDoesToFields()
     {
         TestWorld world;
-        EntryRecord e = entry("Mail");
-        e.name = QByteArray(48, 'n');
-        e.age = "a=b";
-        e.extra = "line one\r\nline two";
-        e.phone = QByteArray(49, 'p');
-        e.address = "[x]&y";
+        Entry e = entry("Mail");
+        e.userName = QByteArray(48, 'n');
+        e.password = "a=b";
+        e.note = "line one\r\nline two";
+        e.passphrase = QByteArray(49, 'p');
+        e.url = "[x]&y";
         e.picture = QByteArray("GIF&1\x00\xff", 7);
-        const EntryRecord back = roundTrip({ e }).value(0);
+        const Entry back = roundTrip({ e }).value(0);
         QCOMPARE(back.title, QByteArray("Mail"));
-        QCOMPARE(back.name, QByteArray(48, 'n')); // 48 comes back whole
-        QCOMPARE(back.phone, QByteArray(48, 'p')); // 49 comes back as its first 48
-        QCOMPARE(back.age, QByteArray("a&1b\0\0", 6)); // escapes are never undone; padding stays
-        QCOMPARE(back.address, QByteArray("&2x&3&0y\0", 9)); // 8 characters: one code 0 of padding
-        QCOMPARE(back.extra, QByteArray("line one&4&5line two\0", 21).left(21));
+        QCOMPARE(back.userName, QByteArray(48, 'n')); // 48 comes back whole
+        QCOMPARE(back.passphrase, QByteArray(48, 'p')); // 49 comes back as its first 48
+        QCOMPARE(back.password, QByteArray("a&1b\0\0", 6)); // escapes are never undone; padding stays
+        QCOMPARE(back.url, QByteArray("&2x&3&0y\0", 9)); // 8 characters: one code 0 of padding
+        QCOMPARE(back.note, QByteArray("line one&4&5line two\0", 21).left(21));
         QCOMPARE(back.picture, QByteArray("GIF=\x00\xff", 6)); // raw, but read through the unescape
         // Each further save and load adds a layer.
-        QCOMPARE(roundTrip({ back }).value(0).age.left(5), QByteArray("a&01b"));
+        QCOMPARE(roundTrip({ back }).value(0).password.left(5), QByteArray("a&01b"));
     }
 
     void pictureLineBreaksCutIt()
     {
         TestWorld world;
         MessageBoxScript boxes; // "name=x" behind the cut is no Base64 the reader can take
-        EntryRecord e = entry("P");
+        Entry e = entry("P");
         e.picture = "head\r\n[next]\r\nname=x";
-        QList<EntryRecord> back = roundTrip({ e, entry("Q") });
+        QList<Entry> back = roundTrip({ e, entry("Q") });
         QCOMPARE(back.size(), 3); // the "[next]" inside the picture is taken for a section
         QCOMPARE(back[0].picture, QByteArray("head"));
         QCOMPARE(back[1].title, QByteArray("next"));
@@ -129,18 +129,18 @@ private Q_SLOTS:
     void titles()
     {
         TestWorld world;
-        QList<EntryRecord> entries { entry(" lead=[x];"), entry(""), entry("Dup"), entry("Dup"), entry("Empty") };
-        entries[1].name = "lost";
-        entries[2].name = "first";
-        entries[3].name = "second";
-        const QList<EntryRecord> back = roundTrip(entries);
+        QList<Entry> entries { entry(" lead=[x];"), entry(""), entry("Dup"), entry("Dup"), entry("Empty") };
+        entries[1].userName = "lost";
+        entries[2].userName = "first";
+        entries[3].userName = "second";
+        const QList<Entry> back = roundTrip(entries);
         QCOMPARE(back.size(), 4);
         QCOMPARE(back[0].title, QByteArray(" lead=[x];"));
-        QCOMPARE(back[1].name, QByteArray("first\0", 6));
-        QCOMPARE(back[2].name, QByteArray("first\0", 6)); // both get the fields of the first
+        QCOMPARE(back[1].userName, QByteArray("first\0", 6));
+        QCOMPARE(back[2].userName, QByteArray("first\0", 6)); // both get the fields of the first
         QCOMPARE(back[3], entry("Empty"));
         // A line break in a title breaks its section line into two lines that are no sections.
-        const QList<EntryRecord> broken = roundTrip({ entry("Keep"), entry("a\r\nb") });
+        const QList<Entry> broken = roundTrip({ entry("Keep"), entry("a\r\nb") });
         QCOMPARE(broken.size(), 1);
         QCOMPARE(broken[0].title, QByteArray("Keep"));
     }
@@ -148,43 +148,44 @@ private Q_SLOTS:
     void escapingAtSaveChangesTheTable()
     {
         TestWorld world;
-        QList<EntryRecord> entries { entry("T") };
-        entries[0].name = " blank first";
+        QList<Entry> entries { entry("T") };
+        entries[0].userName = " blank first";
         SaveVault(QStringLiteral("C:\\list.dat"), entries);
-        QCOMPARE(entries[0].name, QByteArray("&6blank first"));
-        QCOMPARE(LoadVault(QStringLiteral("C:\\list.dat")).entries[0].name, QByteArray(" blank first\0", 13).left(12));
+        QCOMPARE(entries[0].userName, QByteArray("&6blank first"));
+        QCOMPARE(
+            LoadVault(QStringLiteral("C:\\list.dat")).entries[0].userName, QByteArray(" blank first\0", 13).left(12));
     }
 
     void readerIgnoresWhatItShould()
     {
         const QByteArray inner
             = "name=ZZZZ\r\n[A]\r\n;name=YW5uYQ\r\nnoequals\r\nname=YW5uYQ\r\nname=Ym9i\r\nother=x\r\n[B]";
-        const QList<EntryRecord> entries = ParseInnerText(inner);
+        const QList<Entry> entries = ParseInnerText(inner);
         QCOMPARE(entries.size(), 2);
-        QCOMPARE(entries[0].name, QByteArray("bob")); // the last of two keys wins
+        QCOMPARE(entries[0].userName, QByteArray("bob")); // the last of two keys wins
         QCOMPARE(FindLine("[B]", SplitTextLines(inner), -4), 8);
     }
 
     void badBase64AsksOncePerGroup()
     {
         MessageBoxScript boxes;
-        const QList<EntryRecord> entries = ParseInnerText("[A]\r\nname=YW5u*W5u\r\nage=**\r\n");
+        const QList<Entry> entries = ParseInnerText("[A]\r\nname=YW5u*W5u\r\nage=**\r\n");
         QCOMPARE(boxes.shown.size(), 2);
-        QCOMPARE(entries[0].name, QByteArray("ann???"));
+        QCOMPARE(entries[0].userName, QByteArray("ann???"));
     }
 
     void tooLargeIsRefusedAndTheLastFileKept()
     {
         TestWorld world;
-        QList<EntryRecord> small { entry("S") };
+        QList<Entry> small { entry("S") };
         SaveVault(QStringLiteral("C:\\list.dat"), small);
         const QByteArray before = world.read(QStringLiteral("home/list.dat"));
-        QList<EntryRecord> big { entry("B") };
-        big[0].extra = QByteArray(24600, 'x'); // 32,800 characters of Base64
+        QList<Entry> big { entry("B") };
+        big[0].note = QByteArray(24600, 'x'); // 32,800 characters of Base64
         QCOMPARE(SaveVault(QStringLiteral("C:\\list.dat"), big), VaultSave::TooLarge);
         QCOMPARE(world.read(QStringLiteral("home/list.dat")), before);
         // Right at the limit it is written, and it loads and grows as any other vault.
-        QList<EntryRecord> edge { entry("E") };
+        QList<Entry> edge { entry("E") };
         edge[0].picture = QByteArray(MaxVaultText - 5 - 10, 'p');
         QCOMPARE(ComposeInnerText(edge).size(), MaxVaultText);
         edge[0].picture = QByteArray(MaxVaultText - 5 - 10, 'p');

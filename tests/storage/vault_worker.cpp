@@ -15,6 +15,6 @@ int main(int argc, char* argv[])
     const QString file = platform::ToWindows(QDir::current().absoluteFilePath(args.at(2)));
     if (args.at(1) == QLatin1String("load"))
         return LoadVault(file).read ? 0 : 1;
-    QList<EntryRecord> entries = FullVault(args.value(3).toUInt());
+    QList<Entry> entries = FullVault(args.value(3).toUInt());
     return SaveVault(file, entries) == VaultSave::Saved ? 0 : 1;
 }

@@ -160,9 +160,9 @@ private Q_SLOTS:
     void useNeedsATargetAndAResultAndAsksBeforeReplacing()
     {
         VaultRun run;
-        EntryRecord e;
+        Entry e;
         e.title = "Mail";
-        e.age = "old-pass";
+        e.password = "old-pass";
         frmMain* main = run.startActive({ e });
         QVERIFY(main);
 

@@ -14,13 +14,13 @@ class tst_report : public QObject
 {
     Q_OBJECT
 
-    static EntryRecord entry(const char* title, const char* name, const char* password)
+    static Entry entry(const char* title, const char* name, const char* password)
     {
-        EntryRecord e;
+        Entry e;
         e.title = title;
-        e.name = name;
-        e.age = password;
-        e.interests = "C:\\doc.txt";
+        e.userName = name;
+        e.password = password;
+        e.document = "C:\\doc.txt";
         return e;
     }
 
@@ -159,8 +159,8 @@ private Q_SLOTS:
         QCOMPARE(calls[0].defaultExtension, QStringLiteral("pdf"));
         QCOMPARE(calls[0].flags, 8198);
         QCOMPARE(boxes(),
-            QStringList { QStringLiteral(
-                "36|Save As|C:\\report.pdf\nThis file does not exist.\nDo you want to create it?") });
+            QStringList {
+                QStringLiteral("36|Save As|C:\\report.pdf\nThis file does not exist.\nDo you want to create it?") });
         QCOMPARE(run.world.read(QStringLiteral("home/report.pdf")), text);
 
         // The same name again: report.pdf exists and is replaced only after its own question; No

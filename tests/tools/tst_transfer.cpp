@@ -15,11 +15,11 @@ class tst_transfer : public QObject
 {
     Q_OBJECT
 
-    static EntryRecord entry(const char* title)
+    static Entry entry(const char* title)
     {
-        EntryRecord e;
+        Entry e;
         e.title = title;
-        e.age = "pw1";
+        e.password = "pw1";
         return e;
     }
 
@@ -38,7 +38,7 @@ private Q_SLOTS:
         run.writeVault({ entry("Saved") });
         frmMain* main = run.start();
         // A change only in memory is not in the export.
-        entryTable[1].age = "changed";
+        entryTable[1].password = "changed";
         const QByteArray onDisk
             = run.world.read(QStringLiteral("appdata/Brenmark/Tolvane/data/Administrator/list.dat"));
 
@@ -84,7 +84,7 @@ private Q_SLOTS:
         run.provision({ QStringLiteral("Bob") });
         // The file to import: a vault of two entries, made where a user keeps such a file.
         QDir().mkpath(run.data(QStringLiteral("Bob")));
-        QList<EntryRecord> imported { entry("One"), entry("Two") };
+        QList<Entry> imported { entry("One"), entry("Two") };
         QCOMPARE(SaveVault(QStringLiteral("C:\\import.tvd"), imported), VaultSave::Saved);
         run.writeVault({ entry("Old") });
         frmMain* main = run.start();
@@ -129,7 +129,7 @@ private Q_SLOTS:
         QTRY_VERIFY_WITH_TIMEOUT(run.world.runningCopy() > 0, 15000);
         const qint64 child = run.world.runningCopy();
         QTRY_COMPARE_WITH_TIMEOUT(run.ini(QStringLiteral("config.txt"), Keys::user, Keys::switchTo), QString(), 20000);
-        const QList<EntryRecord> loaded = run.vaultOnDisk();
+        const QList<Entry> loaded = run.vaultOnDisk();
         QCOMPARE(loaded.size(), 2);
         QCOMPARE(loaded[0].title, QByteArray("One"));
         ::kill(static_cast<pid_t>(child), SIGKILL);

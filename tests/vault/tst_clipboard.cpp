@@ -11,12 +11,12 @@
 
 namespace {
 
-EntryRecord mail()
+Entry mail()
 {
-    EntryRecord e;
+    Entry e;
     e.title = "Mail";
-    e.name = "annabel";
-    e.age = "secret-pass";
+    e.userName = "annabel";
+    e.password = "secret-pass";
     return e;
 }
 
@@ -99,7 +99,7 @@ private Q_SLOTS:
         main->txtFullName->LineEditor()->setCursorPosition(0);
         QTest::mouseClick(main->Command15, Qt::LeftButton);
         QCOMPARE(main->txtFullName->Text(), QStringLiteral("annabel"));
-        QCOMPARE(currentEntry.name, QByteArray("annabel")); // the table's value, unchanged so far
+        QCOMPARE(currentEntry.userName, QByteArray("annabel")); // the table's value, unchanged so far
 
         // Typing is one step too: undo takes back the whole run of typing.
         VaultRun::clickInto(main->txtExtra);

@@ -46,12 +46,12 @@ int rowOf(const ListBox* list, const QString& text)
     return static_cast<int>(VaultRun::rows(list).indexOf(text));
 }
 
-EntryRecord entry(const char* title, const char* name = "", const char* age = "")
+Entry entry(const char* title, const char* name = "", const char* age = "")
 {
-    EntryRecord e;
+    Entry e;
     e.title = title;
-    e.name = name;
-    e.age = age;
+    e.userName = name;
+    e.password = age;
     return e;
 }
 
@@ -133,12 +133,12 @@ private Q_SLOTS:
         QVERIFY(vaultDirty);
 
         run.close();
-        const QList<EntryRecord> saved = run.vaultOnDisk();
+        const QList<Entry> saved = run.vaultOnDisk();
         QCOMPARE(saved.size(), 2);
         QCOMPARE(saved.at(0).title, QByteArray("beta"));
         // Decoding keeps the codec's padding: a zero for a length one short of a multiple of 3.
-        QCOMPARE(saved.at(0).age, QByteArray("new-pass\0", 9));
-        QCOMPARE(saved.at(0).name, QByteArray("joe"));
+        QCOMPARE(saved.at(0).password, QByteArray("new-pass\0", 9));
+        QCOMPARE(saved.at(0).userName, QByteArray("joe"));
         QCOMPARE(saved.at(1).title, QByteArray("Alpha"));
         QVERIFY(!run.ini(QStringLiteral("Administrator/time.txt"), Keys::settings, Keys::time).isEmpty());
         QCOMPARE(
@@ -257,13 +257,13 @@ private Q_SLOTS:
         QCOMPARE(main->txtDetails->Text(), QStringLiteral("Fresh"));
         VaultRun::type(main->txtPhone, QStringLiteral("phrase"));
         QTest::mouseClick(main->cmdSaveChanges, Qt::LeftButton);
-        QCOMPARE(entryTable[FindEntryByTitle("Newest")].phone, QByteArray("phrase"));
-        QVERIFY(entryTable[FindEntryByTitle("Fresh")].phone.isEmpty());
+        QCOMPARE(entryTable[FindEntryByTitle("Newest")].passphrase, QByteArray("phrase"));
+        QVERIFY(entryTable[FindEntryByTitle("Fresh")].passphrase.isEmpty());
         QCOMPARE(main->StatusBar1Panel[0]->text(), QStringLiteral("3 entries"));
         run.close();
-        const QList<EntryRecord> saved = run.vaultOnDisk();
+        const QList<Entry> saved = run.vaultOnDisk();
         QCOMPARE(saved.size(), 5);
-        QCOMPARE(saved.at(1).name, QByteArray("overwritten\0", 12));
+        QCOMPARE(saved.at(1).userName, QByteArray("overwritten\0", 12));
     }
 
     void closingWithAnEmptyListSavesNothingAndEachLoadGrowsTheFile()
@@ -357,14 +357,14 @@ private Q_SLOTS:
                 QStringLiteral("a=b"), QStringLiteral("bmp"), QStringLiteral("long"), QStringLiteral("png"),
                 QStringLiteral("x]y"), QStringLiteral("Zürich é") }));
         for (const QString& t : titles) {
-            const EntryRecord& e = entryTable[FindEntryByTitle(platform::ToCodePage(t))];
+            const Entry& e = entryTable[FindEntryByTitle(platform::ToCodePage(t))];
             // A leading blank is written as it is; "=" comes back as its escape; both with
             // the codec's padding.
-            QCOMPARE(e.name, QByteArray(" user\0", 6));
-            QCOMPARE(e.age, QByteArray("p&1w\0\0", 6));
+            QCOMPARE(e.userName, QByteArray(" user\0", 6));
+            QCOMPARE(e.password, QByteArray("p&1w\0\0", 6));
         }
         // Only the first line of a value is read: 48 characters of the escaped note.
-        QCOMPARE(entryTable[FindEntryByTitle("long")].extra, QByteArray(48, 'n'));
+        QCOMPARE(entryTable[FindEntryByTitle("long")].note, QByteArray(48, 'n'));
         QCOMPARE(entryTable[FindEntryByTitle("bmp")].picture, bmpBytes);
         // A picture is written raw: its first CR LF ends it.
         QCOMPARE(entryTable[FindEntryByTitle("png")].picture, pngBytes.left(pngBytes.indexOf("\r\n")));
@@ -381,9 +381,9 @@ private Q_SLOTS:
         for (const QLocale& locale : { QLocale::c(), QLocale(QLocale::Swedish, QLocale::Sweden) }) {
             QLocale::setDefault(locale);
             VaultRun run;
-            QList<EntryRecord> entries;
+            QList<Entry> entries;
             for (const QString& title : sorted)
-                entries.prepend(EntryRecord { platform::ToCodePage(title), {}, {}, {}, {}, {}, {}, {} });
+                entries.prepend(Entry { platform::ToCodePage(title), {}, {}, {}, {}, {}, {}, {} });
             frmMain* main = run.startActive(entries);
             QVERIFY(main);
             QCOMPARE(VaultRun::rows(main->lstResults), sorted);
@@ -401,9 +401,9 @@ private Q_SLOTS:
         VaultRun::activate(main);
         VaultRun::clickRow(main->lstResults, 0);
         VaultRun::type(main->txtFullName, QStringLiteral("b"));
-        QVERIFY(currentEntry.name.startsWith("a\0")); // typed, not yet carried
+        QVERIFY(currentEntry.userName.startsWith("a\0")); // typed, not yet carried
         QTest::keyClick(main->txtFullName->Editor(), Qt::Key_Tab);
-        QCOMPARE(currentEntry.name, QByteArray("ba"));
+        QCOMPARE(currentEntry.userName, QByteArray("ba"));
 
         VaultRun::onNextModal([&run](QWidget* w) {
             qobject_cast<frmView*>(w)->Command1->click();
@@ -416,9 +416,9 @@ private Q_SLOTS:
         // More than the walk can carry: the message, and the last vault stays as it was.
         const QByteArray onDisk = run.world.read(file);
         for (int i = 0; i < 200; ++i) {
-            EntryRecord e = entry("Big");
+            Entry e = entry("Big");
             e.title += QByteArray::number(i);
-            e.extra = QByteArray(200, 'x');
+            e.note = QByteArray(200, 'x');
             qint16 end = -1;
             InsertEntry(entryTable, e, end);
         }

@@ -14,11 +14,11 @@
 
 namespace {
 
-EntryRecord entry(const char* title, const char* name)
+Entry entry(const char* title, const char* name)
 {
-    EntryRecord e;
+    Entry e;
     e.title = title;
-    e.name = name;
+    e.userName = name;
     return e;
 }
 
@@ -139,25 +139,25 @@ private Q_SLOTS:
         // The keyboard starts in the search box at the top, not on a toolbar button.
         QCOMPARE(QApplication::focusWidget(), main->txtSearch->Editor());
         VaultRun::clickRow(main->lstResults, 0);
-        QCOMPARE(currentEntry.name, QStringLiteral("ann"));
+        QCOMPARE(currentEntry.userName, QStringLiteral("ann"));
 
         VaultRun::type(main->txtFullName, QStringLiteral("-x"));
         QVERIFY(main->txtFullName->Editor()->hasFocus());
-        QCOMPARE(currentEntry.name, QStringLiteral("ann")); // the box has not been left yet
+        QCOMPARE(currentEntry.userName, QStringLiteral("ann")); // the box has not been left yet
         // Merely passing the mouse over a button takes the focus, which leaves the box.
         QTest::mouseMove(main->Command16);
         QTRY_VERIFY(main->Command16->hasFocus());
-        QCOMPARE(currentEntry.name, QStringLiteral("-xann"));
+        QCOMPARE(currentEntry.userName, QStringLiteral("-xann"));
         QCOMPARE(main->Command16->Picture(), main->Command16->PicOver);
         // Nothing was clicked: the undo of the box did not run, the table is untouched.
         QCOMPARE(main->txtFullName->Text(), QStringLiteral("-xann"));
-        QCOMPARE(entryTable[1].name, QStringLiteral("ann"));
+        QCOMPARE(entryTable[1].userName, QStringLiteral("ann"));
     }
 
     void theTitleBoxIsGreyAsAReadOnlyField()
     {
         VaultRun run;
-        frmMain* main = run.startActive({ EntryRecord { "Mail", "pw", {}, "anna", {}, {}, {}, {} } });
+        frmMain* main = run.startActive({ Entry { "Mail", "pw", {}, "anna", {}, {}, {}, {} } });
         QVERIFY(main);
         // The ground of each box at its right end, where no text stands.
         auto ground = [](TextBox* box) {

@@ -6,9 +6,9 @@
 
 namespace {
 
-EntryRecord titled(const char* title)
+Entry titled(const char* title)
 {
-    EntryRecord e;
+    Entry e;
     e.title = title;
     return e;
 }
@@ -87,14 +87,14 @@ private Q_SLOTS:
 
     void searchRowTellsTheFirstMatchingField()
     {
-        EntryRecord e;
+        Entry e;
         e.title = "Mail";
-        e.name = "Joe";
-        e.age = "Joe123";
-        e.interests = "C:\\doc.txt";
-        e.address = "http://mail.example";
-        e.phone = "correct horse";
-        e.extra = "pin 4711";
+        e.userName = "Joe";
+        e.password = "Joe123";
+        e.document = "C:\\doc.txt";
+        e.url = "http://mail.example";
+        e.passphrase = "correct horse";
+        e.note = "pin 4711";
         e.picture = "GIF89a secret";
         QCOMPARE(SearchRow(e, QStringLiteral("mail")), QStringLiteral("Mail"));
         QCOMPARE(SearchRow(e, QStringLiteral("joe")), QStringLiteral("Mail (Joe)")); // name before age
@@ -106,7 +106,7 @@ private Q_SLOTS:
         QCOMPARE(SearchRow(e, QStringLiteral("secret")), std::nullopt); // the picture is never searched
         QCOMPARE(SearchRow(e, QStringLiteral(" horse")), QStringLiteral("Mail (Passphrase: correct horse)"));
         QCOMPARE(SearchRow(e, QStringLiteral("horse ")), std::nullopt); // blanks count
-        e.extra = "\xc4rger"; // code-page bytes lower-case as the letters they are
+        e.note = "\xc4rger"; // code-page bytes lower-case as the letters they are
         QCOMPARE(SearchRow(e, QString::fromUtf8("\xc3\xa4rger")), QStringLiteral("Mail"));
     }
 };

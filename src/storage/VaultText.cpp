@@ -1,4 +1,4 @@
-#include "storage/modIni.h"
+#include "storage/VaultText.h"
 
 #include "platform/Files.h"
 

@@ -1,4 +1,4 @@
-#include "storage/modFileExist.h"
+#include "storage/FileExist.h"
 
 #include "platform/Files.h"
 

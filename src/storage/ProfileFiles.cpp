@@ -1,4 +1,4 @@
-#include "storage/modIni2.h"
+#include "storage/ProfileFiles.h"
 
 #include "platform/Ini.h"
 

@@ -1,10 +1,10 @@
-#include "storage/modDirectories.h"
+#include "storage/DataTree.h"
 
 #include "platform/CodePage.h"
 #include "platform/Files.h"
 #include "platform/Paths.h"
 #include "storage/DataRoot.h"
-#include "storage/modIni2.h"
+#include "storage/ProfileFiles.h"
 
 #include <limits>
 

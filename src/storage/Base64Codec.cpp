@@ -1,4 +1,4 @@
-#include "storage/Module1.h"
+#include "storage/Base64Codec.h"
 
 #include "platform/CodePage.h"
 #include "platform/MessageBox.h"
