@@ -6,14 +6,14 @@
 // Run: build/bench/bench_login [rounds]   (offscreen unless DISPLAY is set)
 #include "platform/MessageBox.h"
 #include "platform/Paths.h"
-#include "services/frmContainer.h"
-#include "services/modRegistry2.h"
+#include "services/ListBox.h"
+#include "services/RegistryLayer.h"
+#include "services/TrayHost.h"
 #include "startup/frmLogin.h"
 #include "startup/frmSplash.h"
 #include "startup/modMD5.h"
 #include "storage/ProfileFiles.h"
 #include "storage/VaultFile.h"
-#include "vault/ListBox.h"
 #include "vault/frmMain.h"
 
 #include <QApplication>
@@ -153,7 +153,7 @@ int main(int argc, char* argv[])
         QTest::qWait(20);
         rss = std::max(rss, residentKb());
         frmMain::Unload();
-        frmContainer::Unload();
+        TrayHost::Unload();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         login = nullptr;
     }

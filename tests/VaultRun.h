@@ -5,15 +5,15 @@
 #include "platform/Dialogs.h"
 #include "platform/Files.h"
 #include "platform/Paths.h"
-#include "services/Command.h"
-#include "services/frmContainer.h"
-#include "services/modLanguage.h"
+#include "services/LanguageTable.h"
+#include "services/ListBox.h"
+#include "services/SkinnedButton.h"
+#include "services/TextBox.h"
+#include "services/TrayHost.h"
 #include "startup/frmLogin.h"
 #include "storage/DataRoot.h"
 #include "storage/ProfileFiles.h"
 #include "storage/VaultFile.h"
-#include "vault/ListBox.h"
-#include "vault/TextBox.h"
 #include "vault/frmMain.h"
 #include "vault/modRoster.h"
 
@@ -45,7 +45,7 @@ public:
     static void Reset()
     {
         frmMain::Unload();
-        frmContainer::Unload();
+        TrayHost::Unload();
         for (QWidget* w : QApplication::topLevelWidgets()) {
             if (!w->isHidden())
                 w->hide();
@@ -131,7 +131,7 @@ public:
     void close()
     {
         frmMain::Unload();
-        frmContainer::Unload();
+        TrayHost::Unload();
         Reset();
     }
 

@@ -3,14 +3,14 @@
 // caught in a box, and every control it stops at has a name and a role an assistive tool reads.
 #include "VaultRun.h"
 #include "platform/Clipboard.h"
+#include "services/ClickablePicture.h"
+#include "services/TextBox.h"
 #include "settings/frmSettings.h"
 #include "startup/frmPassChange.h"
 #include "startup/frmPassRemind.h"
 #include "startup/modMD5.h"
 #include "tools/frmExport.h"
 #include "tools/frmPwdGen.h"
-#include "vault/ImageControl.h"
-#include "vault/TextBox.h"
 
 #include <QAccessible>
 #include <QClipboard>
@@ -142,7 +142,7 @@ QStringList Audit(QWidget* window, const QStringList& mouseOnly)
     }
     for (QWidget* w : window->findChildren<QWidget*>()) {
         if (!w->isVisibleTo(window) || !w->isEnabled() || reached.contains(w) || !Pressable(w)
-            || qobject_cast<Command*>(w) || mouseOnly.contains(w->objectName()))
+            || qobject_cast<SkinnedButton*>(w) || mouseOnly.contains(w->objectName()))
             continue;
         if (auto* radio = qobject_cast<QRadioButton*>(w); radio && radio->autoExclusive()) {
             const auto group = w->parentWidget()->findChildren<QRadioButton*>(Qt::FindDirectChildrenOnly);

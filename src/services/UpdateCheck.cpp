@@ -4,8 +4,8 @@
 #include "platform/Inet.h"
 #include "platform/MessageBox.h"
 #include "platform/Runtime.h"
-#include "services/modLanguage.h"
-#include "services/modLinki.h"
+#include "services/LanguageTable.h"
+#include "services/ProductLinks.h"
 
 #include <QStringList>
 

@@ -6,9 +6,10 @@
 #include "platform/Registry.h"
 #include "platform/Runtime.h"
 #include "platform/Twips.h"
-#include "services/ShellMod.h"
-#include "services/modLanguage.h"
-#include "services/modRegistry.h"
+#include "services/LanguageTable.h"
+#include "services/ListBox.h"
+#include "services/RegistryLayer.h"
+#include "services/ShellOpen.h"
 #include "settings/DriveListBox.h"
 #include "startup/frmNewUser.h"
 #include "startup/frmPassChange.h"
@@ -17,7 +18,6 @@
 #include "storage/DataTree.h"
 #include "storage/FileExist.h"
 #include "storage/ProfileFiles.h"
-#include "vault/ListBox.h"
 #include "vault/frmMain.h"
 
 #include <QCheckBox>
@@ -322,7 +322,7 @@ void frmSettings::Command1_Click()
 {
     platform::MsgBox(Lang(306), 0);
     // Written where no reader looks: the choice shows neither at the next start nor here.
-    modRegistry::RegSetValue(QStringLiteral("Tolvane"), QStringLiteral("Settings"), QStringLiteral("curLang"),
+    RegSetValue(QStringLiteral("Tolvane"), QStringLiteral("Settings"), QStringLiteral("curLang"),
         optLang->currentText(), platform::HKEY_LOCAL_MACHINE, QStringLiteral("SOFTWARE"), platform::REG_SZ);
 }
 

@@ -3,7 +3,7 @@
 // (first page), the portable copy on a removable drive (second), the profiles (third). The
 // option boxes hold their values until OK, which applies them by a reload of the vault window;
 // everything on the other pages takes effect at once.
-#include "services/FormSlot.h"
+#include "services/WindowSlot.h"
 
 class DriveListBox;
 class ListBox;

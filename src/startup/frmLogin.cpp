@@ -4,10 +4,10 @@
 #include "platform/MessageBox.h"
 #include "platform/Runtime.h"
 #include "platform/Twips.h"
+#include "services/LanguageTable.h"
 #include "services/ProgramPictures.h"
-#include "services/frmContainer.h"
-#include "services/modLanguage.h"
-#include "services/modRegistry2.h"
+#include "services/RegistryLayer.h"
+#include "services/TrayHost.h"
 #include "startup/LogIn.h"
 #include "startup/modMD5.h"
 #include "storage/DataRoot.h"
@@ -170,7 +170,7 @@ void frmLogin::Command1_Click()
 
 void frmLogin::openVault(bool typedLogin)
 {
-    frmContainer::Instance();
+    TrayHost::Instance();
     frmMain* main = frmMain::Instance();
     main->show();
     if (typedLogin)

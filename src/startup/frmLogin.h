@@ -34,7 +34,7 @@ protected:
 private:
     // Sets the list to a listed name; a name that is not listed leaves it as it was.
     void selectProfile(const QString& name);
-    // frmContainer, then frmMain shown, then this window gone.
+    // TrayHost, then frmMain shown, then this window gone.
     void openVault(bool typedLogin);
     void unload();
 

@@ -6,13 +6,13 @@
 #include "platform/Paths.h"
 #include "platform/Runtime.h"
 #include "platform/Twips.h"
-#include "services/modLanguage.h"
+#include "services/LanguageTable.h"
+#include "services/ListBox.h"
 #include "settings/frmSettings.h"
 #include "startup/ProfileFields.h"
 #include "storage/DataRoot.h"
 #include "storage/DataTree.h"
 #include "storage/ProfileFiles.h"
-#include "vault/ListBox.h"
 
 #include <QLabel>
 #include <QLineEdit>

@@ -2,7 +2,7 @@
 // Adds a profile: its folder, settings.txt with the four values as typed (in the clear), the
 // marker copied from the program's folder, and the name list written anew. Opened modally from
 // the profile page of the settings window, whose list it adds to.
-#include "services/FormSlot.h"
+#include "services/WindowSlot.h"
 
 class QLabel;
 class QLineEdit;

@@ -3,7 +3,7 @@
 // old password is proved. Password and answer are stored as digest texts. Owned by the
 // settings window, not modal. Label1 is set by the opener after the load, so the fields are
 // filled by one tick of Timer1.
-#include "services/FormSlot.h"
+#include "services/WindowSlot.h"
 
 class QLabel;
 class QLineEdit;

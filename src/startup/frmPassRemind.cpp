@@ -2,7 +2,7 @@
 
 #include "platform/MessageBox.h"
 #include "platform/Twips.h"
-#include "services/modLanguage.h"
+#include "services/LanguageTable.h"
 #include "settings/frmSettings.h"
 #include "startup/ProfileFields.h"
 #include "startup/modMD5.h"

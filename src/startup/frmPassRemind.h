@@ -2,7 +2,7 @@
 // Asks the question of the profile selected on the settings window's profile page and, on the
 // right answer, shows the stored password value: for a changed password that is its digest
 // text, not the password. Owned by the settings window, not modal.
-#include "services/FormSlot.h"
+#include "services/WindowSlot.h"
 
 class QLabel;
 class QLineEdit;

@@ -2,7 +2,7 @@
 
 #include "platform/Twips.h"
 #include "services/Accessibility.h"
-#include "vault/TextBox.h"
+#include "services/TextBox.h"
 
 PathFrame MakePathFrame(
     QWidget* window, const char* pathName, const char* actionName, const char* cancelName, const PathFrameTexts& texts)

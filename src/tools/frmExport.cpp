@@ -4,10 +4,10 @@
 #include "platform/Files.h"
 #include "platform/MessageBox.h"
 #include "platform/Runtime.h"
-#include "services/modLanguage.h"
+#include "services/LanguageTable.h"
+#include "services/TextBox.h"
 #include "storage/DataRoot.h"
 #include "tools/PathFrame.h"
-#include "vault/TextBox.h"
 
 namespace {
 const QString defaultTarget = QStringLiteral("C:\\tolvane_data.tvd");

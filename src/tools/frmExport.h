@@ -1,7 +1,7 @@
 #pragma once
 // Copies the vault file of the profile in use, as it is on disk, to a chosen folder under the
 // fixed name tolvane_data.tvd. The open vault is not saved first.
-#include "services/FormSlot.h"
+#include "services/WindowSlot.h"
 
 class QGroupBox;
 class QLabel;

@@ -4,12 +4,12 @@
 #include "platform/Files.h"
 #include "platform/MessageBox.h"
 #include "platform/Runtime.h"
-#include "services/ShellMod.h"
-#include "services/modLanguage.h"
+#include "services/LanguageTable.h"
+#include "services/ShellOpen.h"
+#include "services/TextBox.h"
 #include "storage/DataRoot.h"
 #include "storage/ProfileFiles.h"
 #include "tools/PathFrame.h"
-#include "vault/TextBox.h"
 
 namespace {
 // The open dialog's title, this text in every language.

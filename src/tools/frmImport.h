@@ -1,7 +1,7 @@
 #pragma once
 // Copies a chosen file over the vault file of the profile in use, unread, and restarts the
 // program with that profile preselected, so that the open vault is not written back over it.
-#include "services/FormSlot.h"
+#include "services/WindowSlot.h"
 
 class QGroupBox;
 class QLabel;

@@ -4,11 +4,11 @@
 #include "platform/MessageBox.h"
 #include "platform/Twips.h"
 #include "services/Accessibility.h"
+#include "services/ClickablePicture.h"
+#include "services/LanguageTable.h"
 #include "services/ProgramPictures.h"
-#include "services/modLanguage.h"
+#include "services/TextBox.h"
 #include "tools/PasswordRecipe.h"
-#include "vault/ImageControl.h"
-#include "vault/TextBox.h"
 #include "vault/frmMain.h"
 #include "vault/frmView.h"
 #include "vault/modClipboard.h"
@@ -65,12 +65,12 @@ frmPwdGen::frmPwdGen(QWidget* owner)
     Text2->SetLocked(true);
     Text2->LineEditor()->setAlignment(Qt::AlignCenter);
     Label2->setBuddy(Text2);
-    Image4 = Named(new ImageControl(this), "Image4");
+    Image4 = Named(new ClickablePicture(this), "Image4");
     PlaceTwips(Image4, 3720, 1897, 240, 240);
     Image4->SetPicture(CopyPicture());
     Image4->SetTabStop(true);
-    connect(Image4, &ImageControl::Click, this, &frmPwdGen::Image4_Click);
-    connect(Image4, &ImageControl::MouseMove, this, [this] { platform::SetCursor(Image4, platform::IDC_HAND); });
+    connect(Image4, &ClickablePicture::Click, this, &frmPwdGen::Image4_Click);
+    connect(Image4, &ClickablePicture::MouseMove, this, [this] { platform::SetCursor(Image4, platform::IDC_HAND); });
 
     Command4 = Named(new QPushButton(this), "Command4");
     PlaceTwips(Command4, 1320, 2400, 1215, 375);

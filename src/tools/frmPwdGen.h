@@ -3,7 +3,7 @@
 // handed to the password box of the window that opened it, or copied. Nothing of it is kept.
 #include <QDialog>
 
-class ImageControl;
+class ClickablePicture;
 class QGroupBox;
 class QLabel;
 class QPushButton;
@@ -35,7 +35,7 @@ public:
     QPushButton *Command1, *Command2, *Command3, *Command4, *Command5;
     TextBox *Text1, *Text2;
     QLabel* Label2;
-    ImageControl* Image4;
+    ClickablePicture* Image4;
     QTimer* Timer1;
 
     // The delivery mode, set by the opener before it shows the dialog: "0" no target, "1" the

@@ -1,7 +1,7 @@
 #pragma once
 // The report: the listed entries' titles, user names and passwords as one plain text, made at
 // opening, shown read-only, printed on the default printer after a warning or saved as text.
-#include "services/FormSlot.h"
+#include "services/WindowSlot.h"
 
 class QPushButton;
 class TextBox;

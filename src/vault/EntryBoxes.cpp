@@ -1,8 +1,8 @@
 #include "vault/EntryBoxes.h"
 
 #include "platform/CodePage.h"
-#include "services/modLanguage.h"
-#include "vault/TextBox.h"
+#include "services/LanguageTable.h"
+#include "services/TextBox.h"
 #include "vault/modRoster.h"
 
 #include <QLabel>

@@ -6,17 +6,20 @@
 #include "platform/MessageBox.h"
 #include "platform/Runtime.h"
 #include "platform/Twips.h"
+#include "services/AboutDialog.h"
 #include "services/Accessibility.h"
-#include "services/Command.h"
-#include "services/FormSlot.h"
-#include "services/FrmAbout.h"
+#include "services/ClickablePicture.h"
+#include "services/LanguageTable.h"
+#include "services/ListBox.h"
+#include "services/ProductLinks.h"
 #include "services/ProgramPictures.h"
-#include "services/ShellMod.h"
-#include "services/frmAutoUpd.h"
-#include "services/frmContainer.h"
-#include "services/frmUpdate.h"
-#include "services/modLanguage.h"
-#include "services/modLinki.h"
+#include "services/ShellOpen.h"
+#include "services/SilentUpdateCheck.h"
+#include "services/SkinnedButton.h"
+#include "services/TextBox.h"
+#include "services/TrayHost.h"
+#include "services/UpdateWindow.h"
+#include "services/WindowSlot.h"
 #include "settings/frmSettings.h"
 #include "storage/DataRoot.h"
 #include "storage/DataTree.h"
@@ -27,9 +30,6 @@
 #include "tools/frmPwdGen.h"
 #include "tools/frmRaport.h"
 #include "vault/EntryBoxes.h"
-#include "vault/ImageControl.h"
-#include "vault/ListBox.h"
-#include "vault/TextBox.h"
 #include "vault/frmView.h"
 #include "vault/modClipboard.h"
 #include "vault/modRoster.h"
@@ -43,9 +43,9 @@
 
 namespace {
 
-FormSlot<frmMain>& slot()
+WindowSlot<frmMain>& slot()
 {
-    static FormSlot<frmMain> form;
+    static WindowSlot<frmMain> form;
     return form;
 }
 
@@ -260,8 +260,8 @@ void frmMain::buildControls()
     txtSearch = box("txtSearch", TextBox::SingleLine);
     Label1->setBuddy(txtSearch);
     PlaceTwips(txtSearch, 5160, 20, 2400, 300);
-    Command1 = PlacedCommand(client, "Command1", SearchPicture(), 7620, 0, 615);
-    connect(Command1, &Command::Click, this, &frmMain::Command1_Click);
+    Command1 = PlacedSkinnedButton(client, "Command1", SearchPicture(), 7620, 0, 615);
+    connect(Command1, &SkinnedButton::Click, this, &frmMain::Command1_Click);
 
     Label3 = label("Label3");
     MakeBold(Label3);
@@ -319,7 +319,7 @@ void frmMain::buildControls()
     // to the mouse only; the Tab key passes them by.
     struct Tool
     {
-        Command** control;
+        SkinnedButton** control;
         const char* name;
         int left;
         QIcon (*picture)();
@@ -338,8 +338,8 @@ void frmMain::buildControls()
         { &Command18, "Command18", 3620, &SettingsPicture, &frmMain::Command18_Click },
     };
     for (const Tool& t : tools) {
-        *t.control = PlacedCommand(client, t.name, t.picture(), t.left, 0, 375);
-        connect(*t.control, &Command::Click, this, t.click);
+        *t.control = PlacedSkinnedButton(client, t.name, t.picture(), t.left, 0, 375);
+        connect(*t.control, &SkinnedButton::Click, this, t.click);
     }
 
     // The Tab key as the eye goes: the search box at the top, the list, then each box with the
@@ -360,7 +360,7 @@ void frmMain::buildImages(QWidget* client)
 {
     struct Picture
     {
-        ImageControl** control;
+        ClickablePicture** control;
         const char* name;
         int left;
         int top;
@@ -377,13 +377,13 @@ void frmMain::buildImages(QWidget* client)
         { &Image6, "Image6", 8640, 1970, &GeneratorPicture, &frmMain::Image6_Click },
     };
     for (const Picture& p : pictures) {
-        auto* image = new ImageControl(client);
+        auto* image = new ClickablePicture(client);
         image->setObjectName(QLatin1String(p.name));
         PlaceTwips(image, p.left, p.top, 240, 240);
         image->SetPicture(p.picture());
         image->SetTabStop(true);
-        connect(image, &ImageControl::Click, this, p.click);
-        connect(image, &ImageControl::MouseMove, this, [image] { platform::SetCursor(image, platform::IDC_HAND); });
+        connect(image, &ClickablePicture::Click, this, p.click);
+        connect(image, &ClickablePicture::MouseMove, this, [image] { platform::SetCursor(image, platform::IDC_HAND); });
         *p.control = image;
     }
 }
@@ -435,7 +435,7 @@ void frmMain::setCaptions()
         action->setText(Lang(slot));
     Label1->setText(Lang(239));
     // The toolbar has pictures only; assistive tools name each button after its menu entry.
-    const std::pair<Command*, QAction*> tools[] = {
+    const std::pair<SkinnedButton*, QAction*> tools[] = {
         { Command9, mnuNew },
         { Command10, mnuDelete },
         { Command11, mnuPrint },
@@ -568,9 +568,9 @@ void frmMain::Form_Resize()
     Image8->resize(Twips(W), Image8->height());
     Line1->resize(Twips(W), Line1->height());
     cmdSaveChanges->move(Twips(W - 1400), Twips(H - 1600));
-    for (ImageControl* image : { Image1, Image2, Image3, Image4, Image7 })
+    for (ClickablePicture* image : { Image1, Image2, Image3, Image4, Image7 })
         image->move(Twips(W - 850), image->y());
-    for (ImageControl* image : { Image6, Image5 })
+    for (ClickablePicture* image : { Image6, Image5 })
         image->move(Twips(W - 450), image->y());
 }
 
@@ -939,7 +939,7 @@ void frmMain::lic1_Click()
 void frmMain::EndRun()
 {
     Unload();
-    frmContainer::Unload();
+    TrayHost::Unload();
     platform::EndProcess(0);
 }
 
@@ -966,7 +966,7 @@ void frmMain::closeEvent(QCloseEvent* event)
     if (!unloaded) {
         Unload(); // the vault is saved; the icon in the notification area is the way back
         // Without a notification area there is no way back: the run ends as the File menu ends it.
-        const frmContainer* host = frmContainer::Loaded();
+        const TrayHost* host = TrayHost::Loaded();
         if (event->spontaneous() && (!host || !host->IconShown()))
             EndRun();
     }

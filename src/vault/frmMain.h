@@ -11,8 +11,8 @@
 
 #include <optional>
 
-class Command;
-class ImageControl;
+class SkinnedButton;
+class ClickablePicture;
 class ListBox;
 class QAction;
 class QFrame;
@@ -130,18 +130,18 @@ public:
     QAction *mnuOpen, *mnuUpdate, *mnuWWW, *mnuForum, *mnuAbout2, *mnuClose2;
 
     // Toolbar.
-    Command *Command9, *Command10, *Command11, *Command12, *Command13, *Command14, *Command15, *Command16, *Command17,
-        *Command18;
+    SkinnedButton *Command9, *Command10, *Command11, *Command12, *Command13, *Command14, *Command15, *Command16,
+        *Command17, *Command18;
     QLabel* Image8;
     QFrame* Line1;
 
     QLabel *Label1, *Label2, *Label3;
     TextBox* txtSearch;
-    Command* Command1;
+    SkinnedButton* Command1;
     QPushButton* Command2;
     ListBox* lstResults;
 
-    ImageControl *Image1, *Image2, *Image3, *Image4, *Image5, *Image6, *Image7;
+    ClickablePicture *Image1, *Image2, *Image3, *Image4, *Image5, *Image6, *Image7;
 
     QLabel *lblViewID, *lblFullName, *lblPhone, *lblAge, *lblAddress, *lblInterests, *lblExtra;
     TextBox *txtDetails, *txtFullName, *txtPhone, *txtAge, *txtAddress, *txtInterests, *txtExtra;

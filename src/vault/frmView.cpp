@@ -8,13 +8,13 @@
 #include "platform/Runtime.h"
 #include "platform/Twips.h"
 #include "services/Accessibility.h"
+#include "services/ClickablePicture.h"
+#include "services/LanguageTable.h"
+#include "services/ListBox.h"
 #include "services/ProgramPictures.h"
-#include "services/modLanguage.h"
+#include "services/TextBox.h"
 #include "tools/frmPwdGen.h"
 #include "vault/EntryBoxes.h"
-#include "vault/ImageControl.h"
-#include "vault/ListBox.h"
-#include "vault/TextBox.h"
 #include "vault/frmMain.h"
 #include "vault/modRoster.h"
 
@@ -62,12 +62,12 @@ frmView::frmView(QWidget* owner)
 
     CarryIntoCurrentEntry(this, Boxes());
 
-    Image6 = Named(new ImageControl(this), "Image6");
+    Image6 = Named(new ClickablePicture(this), "Image6");
     PlaceTwips(Image6, 5340, 1222, 240, 240);
     Image6->SetPicture(GeneratorPicture());
     Image6->SetTabStop(true);
-    connect(Image6, &ImageControl::Click, this, &frmView::Image6_Click);
-    connect(Image6, &ImageControl::MouseMove, this, [this] { platform::SetCursor(Image6, platform::IDC_HAND); });
+    connect(Image6, &ClickablePicture::Click, this, &frmView::Image6_Click);
+    connect(Image6, &ClickablePicture::MouseMove, this, [this] { platform::SetCursor(Image6, platform::IDC_HAND); });
     Command1 = Named(new QPushButton(QStringLiteral("?"), this), "Command1");
     PlaceTwips(Command1, 5040, 1920, 615, 270);
     connect(Command1, &QPushButton::clicked, this, &frmView::Command1_Click);

@@ -5,7 +5,7 @@
 
 #include <QDialog>
 
-class ImageControl;
+class ClickablePicture;
 class QFrame;
 class QLabel;
 class QPushButton;
@@ -30,7 +30,7 @@ public:
     QPushButton* Command1;
     QPushButton* cmdSaveChanges;
     QPushButton* Command2;
-    ImageControl* Image6;
+    ClickablePicture* Image6;
     QFrame* fmePicture;
     QLabel* picPicture;
     QPushButton* cmdLoad;

@@ -1,7 +1,7 @@
 #include "TestSupport.h"
-#include "services/modLanguage.h"
 #include "platform/Paths.h"
-#include "services/modRegistry2.h"
+#include "services/LanguageTable.h"
+#include "services/RegistryLayer.h"
 
 #include <QHash>
 

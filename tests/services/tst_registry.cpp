@@ -1,5 +1,5 @@
 #include "TestSupport.h"
-#include "services/modRegistry2.h"
+#include "services/RegistryLayer.h"
 
 #include <QFileInfo>
 

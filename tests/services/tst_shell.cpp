@@ -3,10 +3,10 @@
 // desktop's own opener behind the shell's codes.
 #include "VaultRun.h"
 #include "platform/Shell.h"
-#include "services/ShellMod.h"
-#include "services/modLinki.h"
-#include "services/modRegistry2.h"
-#include "vault/ImageControl.h"
+#include "services/ClickablePicture.h"
+#include "services/ProductLinks.h"
+#include "services/RegistryLayer.h"
+#include "services/ShellOpen.h"
 
 #include <QAction>
 #include <QElapsedTimer>

@@ -13,7 +13,7 @@ class tst_tray : public QObject
     Q_OBJECT
 
     // The icon's message as the notification area delivers it: a mouse move, X the message.
-    static void iconMessage(frmContainer* host, int message)
+    static void iconMessage(TrayHost* host, int message)
     {
         QMouseEvent move(
             QEvent::MouseMove, QPointF(message, 0), QPointF(message, 0), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
@@ -23,12 +23,12 @@ class tst_tray : public QObject
 private Q_SLOTS:
     void tipIsAFieldOfSixtyFourCharacters()
     {
-        const QString tip = frmContainer::TipText(QStringLiteral("Administrator"));
+        const QString tip = TrayHost::TipText(QStringLiteral("Administrator"));
         QCOMPARE(tip.size(), 64);
         QVERIFY(tip.startsWith(QStringLiteral("Tolvane \r\nAdministrator") + QChar(0) + QLatin1Char(' ')));
         QVERIFY(tip.endsWith(QLatin1Char(' ')));
         const QString longName(60, QLatin1Char('x'));
-        const QString cut = frmContainer::TipText(longName);
+        const QString cut = TrayHost::TipText(longName);
         QCOMPARE(cut, (QStringLiteral("Tolvane \r\n") + longName).left(64));
         QVERIFY(!cut.contains(QChar(0)));
     }
@@ -38,9 +38,9 @@ private Q_SLOTS:
         VaultRun run;
         frmMain* main = run.start();
         QVERIFY(main);
-        frmContainer* host = frmContainer::Loaded();
+        TrayHost* host = TrayHost::Loaded();
         QVERIFY(host);
-        QCOMPARE(host->tip, frmContainer::TipText(QStringLiteral("Administrator")));
+        QCOMPARE(host->tip, TrayHost::TipText(QStringLiteral("Administrator")));
 
         // No notification area here: the menu of the icon stands in the window's bar.
         QVERIFY(!host->IconShown());
@@ -78,11 +78,11 @@ private Q_SLOTS:
         QVERIFY(main);
         main->close(); // saved and gone; the host stays
         QVERIFY(!frmMain::Loaded());
-        QVERIFY(frmContainer::Loaded());
+        QVERIFY(TrayHost::Loaded());
         QCOMPARE(run.vaultOnDisk().size(), 1);
 
         // Reaching the menu loads the window again; its first entry shows it.
-        iconMessage(frmContainer::Loaded(), 517);
+        iconMessage(TrayHost::Loaded(), 517);
         frmMain* again = frmMain::Loaded();
         QVERIFY(again && again != main);
         QVERIFY(!again->isVisible());

@@ -1,12 +1,12 @@
 // The update check against a small HTTP server on 127.0.0.1: newer, equal, equal with a line
 // end, an error status, a redirect, a large body and no answer at all; and the about box.
 #include "VaultRun.h"
-#include "services/FrmAbout.h"
+#include "services/AboutDialog.h"
+#include "services/ClickablePicture.h"
+#include "services/ProductLinks.h"
+#include "services/SilentUpdateCheck.h"
 #include "services/UpdateCheck.h"
-#include "services/frmAutoUpd.h"
-#include "services/frmUpdate.h"
-#include "services/modLinki.h"
-#include "vault/ImageControl.h"
+#include "services/UpdateWindow.h"
 
 #include <QLabel>
 #include <QProgressBar>
@@ -56,13 +56,13 @@ class tst_update : public QObject
     static QStringList checkShown(VaultRun& run)
     {
         run.boxes.shown.clear();
-        frmUpdate* update = frmUpdate::Instance(nullptr);
+        UpdateWindow* update = UpdateWindow::Instance(nullptr);
         update->show();
         update->Timer1_Timer();
         QStringList texts;
         for (const auto& box : run.boxes.shown)
             texts << QStringLiteral("%1 %2").arg(box.flags).arg(box.text);
-        if (frmUpdate::Loaded())
+        if (UpdateWindow::Loaded())
             texts << QStringLiteral("the window stayed");
         return texts;
     }
@@ -114,24 +114,24 @@ private Q_SLOTS:
         VaultRun run;
         ManifestServer server;
         server.response.clear(); // takes the request, never answers
-        frmUpdate* update = frmUpdate::Instance(nullptr);
+        UpdateWindow* update = UpdateWindow::Instance(nullptr);
         update->show();
         QCOMPARE(update->lblInfo->text(), Lang(145));
         QTimer::singleShot(300, update->cmdCanc, &QPushButton::click);
         update->Timer1_Timer(); // waits, with events running, until the cancel
-        QVERIFY(!frmUpdate::Loaded());
+        QVERIFY(!UpdateWindow::Loaded());
         QVERIFY(run.boxes.shown.isEmpty());
         QVERIFY(server.request.startsWith("GET "));
 
         // The bar is a sign of life only: ten ticks to 100, then its timer stops.
-        update = frmUpdate::Instance(nullptr);
+        update = UpdateWindow::Instance(nullptr);
         for (int i = 0; i < 10; ++i)
             update->Timer2_Timer();
         QCOMPARE(update->PB1->value(), 100);
         QVERIFY(update->Timer2->isActive());
         update->Timer2_Timer();
         QVERIFY(!update->Timer2->isActive());
-        frmUpdate::Unload();
+        UpdateWindow::Unload();
     }
 
     void silentCheckSpeaksOnlyOfNews()
@@ -141,16 +141,16 @@ private Q_SLOTS:
         for (const QByteArray& body : { QByteArray("2.10"), QByteArray("2.0") }) {
             server.serve("200 OK", body);
             StartSilentUpdateCheck();
-            frmAutoUpd* check = frmAutoUpd::Loaded();
+            SilentUpdateCheck* check = SilentUpdateCheck::Loaded();
             QVERIFY(check && !check->isVisible());
             QCOMPARE(check->Timer1->interval(), 600);
             check->Timer1_Timer();
-            QVERIFY(!frmAutoUpd::Loaded());
+            QVERIFY(!SilentUpdateCheck::Loaded());
         }
         QVERIFY(run.boxes.shown.isEmpty());
         server.serve("200 OK", "3.0");
         StartSilentUpdateCheck();
-        frmAutoUpd::Loaded()->Timer1_Timer();
+        SilentUpdateCheck::Loaded()->Timer1_Timer();
         QCOMPARE(run.boxes.shown.size(), 1);
         QCOMPARE(run.boxes.shown[0].text, Lang(144));
 
@@ -158,15 +158,15 @@ private Q_SLOTS:
         frmMain* main = run.start();
         QVERIFY(!main->Timer3->isActive());
         main->Timer3_Timer();
-        QVERIFY(frmAutoUpd::Loaded());
+        QVERIFY(SilentUpdateCheck::Loaded());
         QVERIFY(!main->Timer3->isActive());
-        frmAutoUpd::Unload();
+        SilentUpdateCheck::Unload();
     }
 
     void aboutBoxShowsVersionAndUnderlinesTheLastLink()
     {
         VaultRun run;
-        FrmAbout* about = FrmAbout::Instance(nullptr);
+        AboutDialog* about = AboutDialog::Instance(nullptr);
         about->show();
         QCOMPARE(about->windowTitle(), Lang(118));
         QCOMPARE(about->Label1->text(), QStringLiteral("2.10"));
@@ -176,14 +176,14 @@ private Q_SLOTS:
         about->LinkLabel_MouseMove(about->Label15);
         about->LinkLabel_MouseMove(about->Label17);
         QVERIFY(about->Label17->font().underline());
-        for (ImageControl* other : { about->Label14, about->Label15, about->Label16 })
+        for (ClickablePicture* other : { about->Label14, about->Label15, about->Label16 })
             QVERIFY(!other->font().underline());
         QCOMPARE(about->Label17->cursor().shape(), Qt::PointingHandCursor);
         ShellScript shell;
         QTest::mouseClick(about->Label16, Qt::LeftButton);
         QCOMPARE(shell.calls.size(), 1);
         QTest::mouseClick(about->Label1, Qt::LeftButton); // the version closes the window
-        QVERIFY(!FrmAbout::Loaded());
+        QVERIFY(!AboutDialog::Loaded());
     }
 };
 

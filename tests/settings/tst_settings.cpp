@@ -2,7 +2,7 @@
 // language written where nobody reads it, and the profile page's rights and writes.
 #include "VaultRun.h"
 #include "platform/Registry.h"
-#include "services/modRegistry2.h"
+#include "services/RegistryLayer.h"
 #include "settings/DriveListBox.h"
 #include "settings/frmSettings.h"
 

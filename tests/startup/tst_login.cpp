@@ -1,6 +1,6 @@
 // The login gate: its four outcomes, the one-time reset, the preselection and the password.
 #include "VaultRun.h"
-#include "services/modRegistry2.h"
+#include "services/RegistryLayer.h"
 #include "startup/modMD5.h"
 
 #include <QComboBox>

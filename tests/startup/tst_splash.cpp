@@ -1,6 +1,6 @@
 #include "TestSupport.h"
 #include "platform/Paths.h"
-#include "services/modLanguage.h"
+#include "services/LanguageTable.h"
 #include "startup/frmSplash.h"
 #include "storage/DataRoot.h"
 

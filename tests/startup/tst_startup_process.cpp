@@ -1,6 +1,6 @@
 // Runs the built program as a process, the way a user starts it, in a temporary world.
 #include "TestSupport.h"
-#include "services/modRegistry2.h"
+#include "services/RegistryLayer.h"
 
 #include <QProcess>
 #include <QProcessEnvironment>

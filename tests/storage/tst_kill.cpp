@@ -3,7 +3,7 @@
 #include "FullVault.h"
 #include "TestSupport.h"
 #include "platform/Paths.h"
-#include "services/modRegistry2.h"
+#include "services/RegistryLayer.h"
 #include "storage/ProfileFiles.h"
 
 #include <QDateTime>

@@ -3,9 +3,9 @@
 // box with its question, and the copy.
 #include "VaultRun.h"
 #include "platform/Clipboard.h"
+#include "services/ClickablePicture.h"
 #include "tools/PasswordRecipe.h"
 #include "tools/frmPwdGen.h"
-#include "vault/ImageControl.h"
 #include "vault/frmView.h"
 
 #include <QPushButton>

@@ -3,7 +3,7 @@
 // copy and the one to empty the clipboard at the end.
 #include "VaultRun.h"
 #include "platform/Clipboard.h"
-#include "vault/ImageControl.h"
+#include "services/ClickablePicture.h"
 
 #include <QAction>
 #include <QClipboard>

@@ -3,7 +3,7 @@
 #include "VaultRun.h"
 #include "platform/Twips.h"
 #include "services/Accessibility.h"
-#include "vault/ImageControl.h"
+#include "services/ClickablePicture.h"
 
 #include <QAccessible>
 #include <QClipboard>
@@ -44,9 +44,9 @@ void checkLayout(const frmMain* main, int W, int H)
     QCOMPARE(main->Image8->width(), Twips(W));
     QCOMPARE(main->Line1->width(), Twips(W));
     QCOMPARE(main->cmdSaveChanges->pos(), QPoint(Twips(W - 1400), Twips(H - 1600)));
-    for (const ImageControl* image : { main->Image1, main->Image2, main->Image3, main->Image4, main->Image7 })
+    for (const ClickablePicture* image : { main->Image1, main->Image2, main->Image3, main->Image4, main->Image7 })
         QCOMPARE(image->x(), Twips(W - 850));
-    for (const ImageControl* image : { main->Image5, main->Image6 })
+    for (const ClickablePicture* image : { main->Image5, main->Image6 })
         QCOMPARE(image->x(), Twips(W - 450));
 }
 

@@ -1,10 +1,10 @@
-#include "services/modLanguage.h"
+#include "services/LanguageTable.h"
 
 #include "platform/CodePage.h"
 #include "platform/Files.h"
 #include "platform/MessageBox.h"
 #include "platform/Paths.h"
-#include "services/modRegistry2.h"
+#include "services/RegistryLayer.h"
 
 #include <array>
 #include <cmath>

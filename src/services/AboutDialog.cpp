@@ -1,21 +1,21 @@
-#include "services/FrmAbout.h"
+#include "services/AboutDialog.h"
 
 #include "platform/Cursor.h"
 #include "platform/Runtime.h"
 #include "platform/Twips.h"
 #include "services/Accessibility.h"
+#include "services/ClickablePicture.h"
+#include "services/LanguageTable.h"
+#include "services/ProductLinks.h"
 #include "services/UpdateCheck.h"
-#include "services/modLanguage.h"
-#include "services/modLinki.h"
-#include "vault/ImageControl.h"
 
 #include <QPushButton>
 #include <QUrl>
 
-FrmAbout::FrmAbout(QWidget* owner)
+AboutDialog::AboutDialog(QWidget* owner)
     : SingleDialog(owner)
 {
-    setObjectName(QStringLiteral("FrmAbout"));
+    setObjectName(QStringLiteral("AboutDialog"));
     setWindowModality(Qt::ApplicationModal);
     setWindowTitle(QStringLiteral("Tolvane - O programie..."));
     setFixedSize(Twips(5880), Twips(4560));
@@ -23,13 +23,13 @@ FrmAbout::FrmAbout(QWidget* owner)
         return Placed(new QLabel(QString::fromUtf8(text), this), name, left, top, width, 285);
     };
     auto link = [this](const char* name, int left, int top, int width) {
-        auto* l = Placed(new ImageControl(this), name, left, top, width, 285);
+        auto* l = Placed(new ClickablePicture(this), name, left, top, width, 285);
         l->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
         l->SetTabStop(true);
         QPalette blue = l->palette();
         blue.setColor(QPalette::WindowText, QColor(0, 0, 255));
         l->setPalette(blue);
-        connect(l, &ImageControl::MouseMove, this, [this, l] { LinkLabel_MouseMove(l); });
+        connect(l, &ClickablePicture::MouseMove, this, [this, l] { LinkLabel_MouseMove(l); });
         return l;
     };
     Label88 = label("Label88", "Tolvane", 120, 120, 5640);
@@ -38,7 +38,7 @@ FrmAbout::FrmAbout(QWidget* owner)
     bold.setPointSizeF(bold.pointSizeF() * 1.5);
     Label88->setFont(bold);
     Label86 = label("Label86", "Wersja:", 120, 600, 2100);
-    Label1 = Placed(new ImageControl(this), "Label1", 2280, 600, 3480, 285);
+    Label1 = Placed(new ClickablePicture(this), "Label1", 2280, 600, 3480, 285);
     Label1->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     Label84 = label("Label84", "", 120, 960, 5640);
     Label84->setWordWrap(true);
@@ -58,15 +58,15 @@ FrmAbout::FrmAbout(QWidget* owner)
     Label17 = link("Label17", 3780, 3600, 1980);
     Command3 = Placed(new QPushButton(QStringLiteral("OK"), this), "Command3", 4440, 4020, 1320, 375);
     Command3->setDefault(true);
-    connect(Command3, &QPushButton::clicked, this, &FrmAbout::Command3_Click);
-    connect(Label1, &ImageControl::Click, this, &FrmAbout::Label1_Click);
-    connect(Label14, &ImageControl::Click, this, [] { LinkHomePage(); });
-    connect(Label15, &ImageControl::Click, this, [] { LinkSupportPage(); });
-    connect(Label16, &ImageControl::Click, this, [] { LinkForum(); });
-    connect(Label17, &ImageControl::Click, this, [] { LinkContactPage(); });
+    connect(Command3, &QPushButton::clicked, this, &AboutDialog::Command3_Click);
+    connect(Label1, &ClickablePicture::Click, this, &AboutDialog::Label1_Click);
+    connect(Label14, &ClickablePicture::Click, this, [] { LinkHomePage(); });
+    connect(Label15, &ClickablePicture::Click, this, [] { LinkSupportPage(); });
+    connect(Label16, &ClickablePicture::Click, this, [] { LinkForum(); });
+    connect(Label17, &ClickablePicture::Click, this, [] { LinkContactPage(); });
 }
 
-void FrmAbout::Form_Load()
+void AboutDialog::Form_Load()
 {
     setWindowTitle(Lang(118));
     Label86->setText(Lang(119));
@@ -78,7 +78,7 @@ void FrmAbout::Form_Load()
     Label7->setText(Lang(126));
     Label8->setText(Lang(127));
     Label9->setText(Lang(128));
-    for (ImageControl* l : { Label15, Label16, Label17 })
+    for (ClickablePicture* l : { Label15, Label16, Label17 })
         l->setText(Lang(135));
     Label14->setText(QUrl(ServerAddress()).host());
     // Each link is read by the caption of its row; three of them say the same "Go >>".
@@ -90,27 +90,27 @@ void FrmAbout::Form_Load()
     Label4->setText(name.left(name.indexOf(QChar(0))));
 }
 
-void FrmAbout::LinkLabel_MouseMove(ImageControl* link)
+void AboutDialog::LinkLabel_MouseMove(ClickablePicture* link)
 {
     platform::SetCursor(link, platform::IDC_HAND);
-    for (ImageControl* l : { Label14, Label15, Label16, Label17 }) {
+    for (ClickablePicture* l : { Label14, Label15, Label16, Label17 }) {
         QFont f = l->font();
         f.setUnderline(l == link);
         l->setFont(f);
     }
 }
 
-void FrmAbout::Command3_Click()
+void AboutDialog::Command3_Click()
 {
     Unload();
 }
 
-void FrmAbout::Label1_Click()
+void AboutDialog::Label1_Click()
 {
     Unload();
 }
 
 void ShowAbout(QWidget* owner)
 {
-    FrmAbout::Instance(owner)->exec();
+    AboutDialog::Instance(owner)->exec();
 }

@@ -7,12 +7,12 @@
 
 #include <QWidget>
 
-class frmContainer : public QWidget
+class TrayHost : public QWidget
 {
     Q_OBJECT
 public:
-    static frmContainer* Instance();
-    static frmContainer* Loaded();
+    static TrayHost* Instance();
+    static TrayHost* Loaded();
     static void Unload();
 
     void Form_Load();
@@ -33,6 +33,6 @@ protected:
     void mouseMoveEvent(QMouseEvent* event) override;
 
 private:
-    frmContainer();
+    TrayHost();
     bool iconShown = false;
 };

@@ -1,7 +1,7 @@
 #pragma once
 // The one window of a kind that the runtime makes at its first use: touching it creates it and
 // runs its Form_Load; unloading empties the slot, so the next touch loads a new one.
-template <typename Form> class FormSlot
+template <typename Form> class WindowSlot
 {
 public:
     template <typename Make> Form* Touch(Make make)
@@ -71,9 +71,9 @@ protected:
     void reject() override { Unload(); }
 
 private:
-    static FormSlot<Form>& slot()
+    static WindowSlot<Form>& slot()
     {
-        static FormSlot<Form> form;
+        static WindowSlot<Form> form;
         return form;
     }
 };

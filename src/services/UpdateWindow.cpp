@@ -1,24 +1,24 @@
-#include "services/frmUpdate.h"
+#include "services/UpdateWindow.h"
 
 #include "platform/Inet.h"
 #include "platform/MessageBox.h"
 #include "platform/Runtime.h"
 #include "platform/Twips.h"
+#include "services/LanguageTable.h"
 #include "services/UpdateCheck.h"
-#include "services/modLanguage.h"
 
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QTimer>
 
-frmUpdate::frmUpdate(QWidget* owner)
+UpdateWindow::UpdateWindow(QWidget* owner)
     : SingleDialog(owner)
     , Timer1(new QTimer(this))
     , Timer2(new QTimer(this))
     , Inet(std::make_unique<platform::Inet>())
 {
-    setObjectName(QStringLiteral("frmUpdate"));
+    setObjectName(QStringLiteral("UpdateWindow"));
     setWindowModality(Qt::ApplicationModal);
     setWindowTitle(platform::AppTitle());
     setFixedSize(Twips(4920), Twips(1800));
@@ -27,18 +27,18 @@ frmUpdate::frmUpdate(QWidget* owner)
     PB1->setRange(0, 100);
     PB1->setValue(0);
     cmdCanc = Placed(new QPushButton(this), "cmdCanc", 3480, 1080, 1320, 375);
-    connect(cmdCanc, &QPushButton::clicked, this, &frmUpdate::cmdCanc_Click);
+    connect(cmdCanc, &QPushButton::clicked, this, &UpdateWindow::cmdCanc_Click);
     Timer1->setObjectName(QStringLiteral("Timer1"));
     Timer1->setInterval(900);
-    connect(Timer1, &QTimer::timeout, this, &frmUpdate::Timer1_Timer);
+    connect(Timer1, &QTimer::timeout, this, &UpdateWindow::Timer1_Timer);
     Timer2->setObjectName(QStringLiteral("Timer2"));
     Timer2->setInterval(700);
-    connect(Timer2, &QTimer::timeout, this, &frmUpdate::Timer2_Timer);
+    connect(Timer2, &QTimer::timeout, this, &UpdateWindow::Timer2_Timer);
 }
 
-frmUpdate::~frmUpdate() = default;
+UpdateWindow::~UpdateWindow() = default;
 
-void frmUpdate::Form_Load()
+void UpdateWindow::Form_Load()
 {
     lblInfo->setText(Lang(145));
     cmdCanc->setText(Lang(147));
@@ -46,20 +46,20 @@ void frmUpdate::Form_Load()
     Timer2->start();
 }
 
-void frmUpdate::Form_Unload()
+void UpdateWindow::Form_Unload()
 {
     Timer1->stop();
     Timer2->stop();
     Inet->Cancel();
 }
 
-void frmUpdate::Timer1_Timer()
+void UpdateWindow::Timer1_Timer()
 {
     // A failed fetch reads as "nothing new".
     CheckOnce(this, [] { platform::MsgBox(Lang(146), 64); });
 }
 
-void frmUpdate::Timer2_Timer()
+void UpdateWindow::Timer2_Timer()
 {
     // A sign of life only: ten ticks to the end, whatever the network does.
     if (PB1->value() >= 100)
@@ -68,7 +68,7 @@ void frmUpdate::Timer2_Timer()
         PB1->setValue(PB1->value() + 10);
 }
 
-void frmUpdate::cmdCanc_Click()
+void UpdateWindow::cmdCanc_Click()
 {
     Timer1->stop();
     Timer2->stop();
@@ -77,5 +77,5 @@ void frmUpdate::cmdCanc_Click()
 
 void ShowUpdateCheck(QWidget* owner)
 {
-    frmUpdate::Instance(owner)->exec();
+    UpdateWindow::Instance(owner)->exec();
 }

@@ -1,8 +1,8 @@
-#include "services/modLinki.h"
+#include "services/ProductLinks.h"
 
 #include "platform/Paths.h"
 #include "platform/Shell.h"
-#include "services/modRegistry2.h"
+#include "services/RegistryLayer.h"
 
 namespace {
 

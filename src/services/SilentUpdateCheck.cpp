@@ -1,4 +1,4 @@
-#include "services/frmAutoUpd.h"
+#include "services/SilentUpdateCheck.h"
 
 #include "platform/Inet.h"
 #include "platform/Twips.h"
@@ -6,37 +6,37 @@
 
 #include <QTimer>
 
-frmAutoUpd::frmAutoUpd(QWidget* owner)
+SilentUpdateCheck::SilentUpdateCheck(QWidget* owner)
     : SingleDialog(owner)
     , Timer1(new QTimer(this))
     , Inet(std::make_unique<platform::Inet>())
 {
-    setObjectName(QStringLiteral("frmAutoUpd"));
+    setObjectName(QStringLiteral("SilentUpdateCheck"));
     Timer1->setObjectName(QStringLiteral("Timer1"));
     Timer1->setInterval(600);
-    connect(Timer1, &QTimer::timeout, this, &frmAutoUpd::Timer1_Timer);
+    connect(Timer1, &QTimer::timeout, this, &SilentUpdateCheck::Timer1_Timer);
 }
 
-frmAutoUpd::~frmAutoUpd() = default;
+SilentUpdateCheck::~SilentUpdateCheck() = default;
 
-void frmAutoUpd::Form_Load()
+void SilentUpdateCheck::Form_Load()
 {
     // Never shown: no size, far out of sight.
     setGeometry(Twips(-40000), Twips(-40000), 0, 0);
     Timer1->start();
 }
 
-void frmAutoUpd::Form_Unload()
+void SilentUpdateCheck::Form_Unload()
 {
     Inet->Cancel();
 }
 
-void frmAutoUpd::Timer1_Timer()
+void SilentUpdateCheck::Timer1_Timer()
 {
     CheckOnce(this, nullptr); // a failed fetch is no news, and no word is said
 }
 
 void StartSilentUpdateCheck()
 {
-    frmAutoUpd::Instance(nullptr);
+    SilentUpdateCheck::Instance(nullptr);
 }

@@ -27,12 +27,12 @@ private:
     QList<QPair<QString, QVariant>> values;
 };
 
-class Command : public QWidget
+class SkinnedButton : public QWidget
 {
     Q_OBJECT
 public:
     // Initialize, then ReadProperties from the host's store; Timer1 is running.
-    explicit Command(QWidget* parent, const PropertyBag& stored = PropertyBag());
+    explicit SkinnedButton(QWidget* parent, const PropertyBag& stored = PropertyBag());
 
     // The properties. The writers store the value and announce it under its stored name;
     // Enabled, CanBeChecked and IsChecked change nothing on the screen (see Timer1_Timer).
@@ -105,4 +105,5 @@ private:
 
 // A button as a window's design gives it: its name, its stored picture and its place in twips
 // (the height is always 375).
-Command* PlacedCommand(QWidget* parent, const char* name, const QIcon& picture, int left, int top, int width);
+SkinnedButton* PlacedSkinnedButton(
+    QWidget* parent, const char* name, const QIcon& picture, int left, int top, int width);

@@ -1,4 +1,4 @@
-#include "vault/ListBox.h"
+#include "services/ListBox.h"
 
 #include "platform/CodePage.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 // The silent update check after a typed login: out of sight, speaking only when the maker's
 // server has a newer version, gone after one check.
-#include "services/FormSlot.h"
+#include "services/WindowSlot.h"
 
 #include <memory>
 
@@ -11,13 +11,13 @@ namespace platform {
 class Inet;
 }
 
-class frmAutoUpd : public SingleDialog<frmAutoUpd>
+class SilentUpdateCheck : public SingleDialog<SilentUpdateCheck>
 {
     Q_OBJECT
-    friend class SingleDialog<frmAutoUpd>;
+    friend class SingleDialog<SilentUpdateCheck>;
 
 public:
-    ~frmAutoUpd() override;
+    ~SilentUpdateCheck() override;
     void Form_Load();
     void Form_Unload();
     void Timer1_Timer();
@@ -28,7 +28,7 @@ public:
     bool checking = false; // a check is waiting or asking
 
 private:
-    explicit frmAutoUpd(QWidget* owner);
+    explicit SilentUpdateCheck(QWidget* owner);
 };
 
 // Loads the silent check (never shown).

@@ -1,4 +1,4 @@
-#include "vault/ImageControl.h"
+#include "services/ClickablePicture.h"
 
 #include "services/Accessibility.h"
 
@@ -11,9 +11,9 @@ namespace {
 
 QAccessibleInterface* ImageAccessibleFactory(const QString& className, QObject* object)
 {
-    if (className != QLatin1String("ImageControl") || !object || !object->isWidgetType())
+    if (className != QLatin1String("ClickablePicture") || !object || !object->isWidgetType())
         return nullptr;
-    auto* image = static_cast<ImageControl*>(object);
+    auto* image = static_cast<ClickablePicture*>(object);
     // A picture is named where it is made; a link reads its own text.
     return new ClickableAccessible(
         image, [image] { Q_EMIT image->Click(); }, [image] { return image->text(); });
@@ -21,7 +21,7 @@ QAccessibleInterface* ImageAccessibleFactory(const QString& className, QObject* 
 
 } // namespace
 
-ImageControl::ImageControl(QWidget* parent)
+ClickablePicture::ClickablePicture(QWidget* parent)
     : QLabel(parent)
 {
     static const bool accessibleInstalled = (QAccessible::installFactory(&ImageAccessibleFactory), true);
@@ -30,18 +30,18 @@ ImageControl::ImageControl(QWidget* parent)
     setAlignment(Qt::AlignCenter);
 }
 
-void ImageControl::SetPicture(const QIcon& icon)
+void ClickablePicture::SetPicture(const QIcon& icon)
 {
     picture = icon;
     setPixmap(picture.pixmap(size()));
 }
 
-void ImageControl::SetTabStop(bool stop)
+void ClickablePicture::SetTabStop(bool stop)
 {
     setFocusPolicy(stop ? Qt::TabFocus : Qt::NoFocus);
 }
 
-void ImageControl::keyPressEvent(QKeyEvent* event)
+void ClickablePicture::keyPressEvent(QKeyEvent* event)
 {
     const int key = event->key();
     if ((event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier
@@ -52,7 +52,7 @@ void ImageControl::keyPressEvent(QKeyEvent* event)
     QLabel::keyPressEvent(event);
 }
 
-void ImageControl::paintEvent(QPaintEvent* event)
+void ClickablePicture::paintEvent(QPaintEvent* event)
 {
     QLabel::paintEvent(event);
     if (!hasFocus())
@@ -63,20 +63,20 @@ void ImageControl::paintEvent(QPaintEvent* event)
     painter.drawPrimitive(QStyle::PE_FrameFocusRect, focus);
 }
 
-void ImageControl::mouseMoveEvent(QMouseEvent* event)
+void ClickablePicture::mouseMoveEvent(QMouseEvent* event)
 {
     QLabel::mouseMoveEvent(event);
     Q_EMIT MouseMove();
 }
 
-void ImageControl::mouseReleaseEvent(QMouseEvent* event)
+void ClickablePicture::mouseReleaseEvent(QMouseEvent* event)
 {
     QLabel::mouseReleaseEvent(event);
     if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint()))
         Q_EMIT Click();
 }
 
-void ImageControl::resizeEvent(QResizeEvent* event)
+void ClickablePicture::resizeEvent(QResizeEvent* event)
 {
     QLabel::resizeEvent(event);
     if (!picture.isNull())

@@ -1,4 +1,4 @@
-#include "services/ShellMod.h"
+#include "services/ShellOpen.h"
 
 #include "platform/Paths.h"
 #include "platform/Runtime.h"

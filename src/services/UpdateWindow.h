@@ -1,7 +1,7 @@
 #pragma once
 // The update check on the user's request: a bar that runs through whatever the network does,
 // and a closing message in every case.
-#include "services/FormSlot.h"
+#include "services/WindowSlot.h"
 
 #include <memory>
 
@@ -14,13 +14,13 @@ namespace platform {
 class Inet;
 }
 
-class frmUpdate : public SingleDialog<frmUpdate>
+class UpdateWindow : public SingleDialog<UpdateWindow>
 {
     Q_OBJECT
-    friend class SingleDialog<frmUpdate>;
+    friend class SingleDialog<UpdateWindow>;
 
 public:
-    ~frmUpdate() override;
+    ~UpdateWindow() override;
     void Form_Load();
     void Form_Unload();
     void Timer1_Timer();
@@ -36,7 +36,7 @@ public:
     bool checking = false; // a check is waiting or asking
 
 private:
-    explicit frmUpdate(QWidget* owner);
+    explicit UpdateWindow(QWidget* owner);
 };
 
 // Shows the check modally over `owner`.

@@ -1,4 +1,4 @@
-#include "services/Command.h"
+#include "services/SkinnedButton.h"
 
 #include "platform/Twips.h"
 #include "services/Accessibility.h"
@@ -66,7 +66,7 @@ bool MovesBetweenControls(const QFocusEvent* event)
 class CommandAccessible : public ClickableAccessible
 {
 public:
-    explicit CommandAccessible(Command* control)
+    explicit CommandAccessible(SkinnedButton* control)
         : ClickableAccessible(
             control, [control] { control->UserControl_Click(); }, [control] { return control->Caption(); })
     {
@@ -77,7 +77,7 @@ public:
     QAccessible::State state() const override
     {
         QAccessible::State state = ClickableAccessible::state();
-        const auto* control = static_cast<const Command*>(widget());
+        const auto* control = static_cast<const SkinnedButton*>(widget());
         state.checkable = control->CanBeChecked();
         state.checked = control->CanBeChecked() && control->IsChecked();
         return state;
@@ -86,8 +86,8 @@ public:
 
 QAccessibleInterface* CommandAccessibleFactory(const QString& className, QObject* object)
 {
-    if (className == QLatin1String("Command") && object && object->isWidgetType())
-        return new CommandAccessible(static_cast<Command*>(object));
+    if (className == QLatin1String("SkinnedButton") && object && object->isWidgetType())
+        return new CommandAccessible(static_cast<SkinnedButton*>(object));
     return nullptr;
 }
 
@@ -99,7 +99,7 @@ constexpr int controlHeight = 375;
 
 } // namespace
 
-Command::Command(QWidget* parent, const PropertyBag& stored)
+SkinnedButton::SkinnedButton(QWidget* parent, const PropertyBag& stored)
     : QWidget(parent)
 {
     static const bool accessibleInstalled = (QAccessible::installFactory(&CommandAccessibleFactory), true);
@@ -141,71 +141,71 @@ Command::Command(QWidget* parent, const PropertyBag& stored)
 
     Timer1 = Named(new QTimer(this), "Timer1");
     Timer1->setInterval(10);
-    connect(Timer1, &QTimer::timeout, this, &Command::Timer1_Timer);
+    connect(Timer1, &QTimer::timeout, this, &SkinnedButton::Timer1_Timer);
 
     UserControl_Initialize();
     ReadProperties(stored);
     Timer1->start();
 }
 
-QIcon Command::PictureNormal() const
+QIcon SkinnedButton::PictureNormal() const
 {
     return pictureNormal;
 }
 
-void Command::SetPictureNormal(const QIcon& picture)
+void SkinnedButton::SetPictureNormal(const QIcon& picture)
 {
     pictureNormal = picture;
     ShowIcon();
     Q_EMIT PropertyChanged(QStringLiteral("PictureNormal"));
 }
 
-QString Command::Caption() const
+QString SkinnedButton::Caption() const
 {
     return Label1->text();
 }
 
-void Command::SetCaption(const QString& caption)
+void SkinnedButton::SetCaption(const QString& caption)
 {
     Label1->setText(caption);
     Label1->adjustSize(); // the caption sizes itself
     Q_EMIT PropertyChanged(QStringLiteral("CAP"));
 }
 
-bool Command::Enabled() const
+bool SkinnedButton::Enabled() const
 {
     return enabled;
 }
 
-void Command::SetEnabled(bool value)
+void SkinnedButton::SetEnabled(bool value)
 {
     enabled = value;
     Q_EMIT PropertyChanged(QStringLiteral("ENAB"));
 }
 
-bool Command::CanBeChecked() const
+bool SkinnedButton::CanBeChecked() const
 {
     return canBeChecked;
 }
 
-void Command::SetCanBeChecked(bool value)
+void SkinnedButton::SetCanBeChecked(bool value)
 {
     canBeChecked = value;
     Q_EMIT PropertyChanged(QStringLiteral("CHEK"));
 }
 
-bool Command::IsChecked() const
+bool SkinnedButton::IsChecked() const
 {
     return isChecked;
 }
 
-void Command::SetIsChecked(bool value)
+void SkinnedButton::SetIsChecked(bool value)
 {
     isChecked = value;
     Q_EMIT PropertyChanged(QStringLiteral("CCHEK"));
 }
 
-void Command::ReadProperties(const PropertyBag& bag)
+void SkinnedButton::ReadProperties(const PropertyBag& bag)
 {
     enabled = bag.ReadProperty(QStringLiteral("ENAB"), true).toBool();
     canBeChecked = bag.ReadProperty(QStringLiteral("CHEK"), false).toBool();
@@ -217,7 +217,7 @@ void Command::ReadProperties(const PropertyBag& bag)
     Label1->adjustSize();
 }
 
-void Command::WriteProperties(PropertyBag& bag) const
+void SkinnedButton::WriteProperties(PropertyBag& bag) const
 {
     bag.WriteProperty(QStringLiteral("ENAB"), enabled, true);
     bag.WriteProperty(QStringLiteral("PictureNormal"),
@@ -227,7 +227,7 @@ void Command::WriteProperties(PropertyBag& bag) const
     bag.WriteProperty(QStringLiteral("CAP"), Caption(), QString());
 }
 
-void Command::Timer1_Timer()
+void SkinnedButton::Timer1_Timer()
 {
     setEnabled(enabled);
     if (canBeChecked) {
@@ -237,7 +237,7 @@ void Command::Timer1_Timer()
     Timer1->stop();
 }
 
-void Command::UserControl_Initialize()
+void SkinnedButton::UserControl_Initialize()
 {
     ShowBackground(PicNormal);
     enabled = true;
@@ -245,19 +245,19 @@ void Command::UserControl_Initialize()
     isChecked = false;
 }
 
-void Command::UserControl_EnterFocus()
+void SkinnedButton::UserControl_EnterFocus()
 {
     ShowBackground(PicOver);
     ShowFrame(true);
 }
 
-void Command::UserControl_ExitFocus()
+void SkinnedButton::UserControl_ExitFocus()
 {
     ShowBackground(PicNormal);
     ShowFrame(canBeChecked && isChecked);
 }
 
-void Command::UserControl_MouseDown(int button)
+void SkinnedButton::UserControl_MouseDown(int button)
 {
     if (button != vbLeftButton)
         return;
@@ -265,12 +265,12 @@ void Command::UserControl_MouseDown(int button)
     ShowFrame(true);
 }
 
-void Command::UserControl_MouseUp()
+void SkinnedButton::UserControl_MouseUp()
 {
     ShowBackground(PicOver);
 }
 
-void Command::UserControl_Click()
+void SkinnedButton::UserControl_Click()
 {
     if (canBeChecked)
         isChecked = !isChecked;
@@ -278,55 +278,55 @@ void Command::UserControl_Click()
     Q_EMIT Click();
 }
 
-bool Command::FrameShown() const
+bool SkinnedButton::FrameShown() const
 {
     return !picUp->isHidden();
 }
 
-void Command::ShowBackground(const QLabel* background)
+void SkinnedButton::ShowBackground(const QLabel* background)
 {
     picture = background;
     update();
 }
 
-void Command::ShowFrame(bool shown)
+void SkinnedButton::ShowFrame(bool shown)
 {
     for (QLabel* part : { picUp, picBottom, picLeft, picRight })
         part->setVisible(shown);
 }
 
-void Command::ShowIcon()
+void SkinnedButton::ShowIcon()
 {
     Image1->setPixmap(pictureNormal.isNull()
             ? QPixmap()
             : pictureNormal.pixmap(Image1->size(), devicePixelRatioF(), isEnabled() ? QIcon::Normal : QIcon::Disabled));
 }
 
-void Command::paintEvent(QPaintEvent*)
+void SkinnedButton::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     painter.drawPixmap(0, 0, picture->pixmap());
 }
 
-void Command::mouseMoveEvent(QMouseEvent*)
+void SkinnedButton::mouseMoveEvent(QMouseEvent*)
 {
     setFocus(Qt::MouseFocusReason);
 }
 
-void Command::mousePressEvent(QMouseEvent* event)
+void SkinnedButton::mousePressEvent(QMouseEvent* event)
 {
     pressed = event->button() == Qt::LeftButton;
     UserControl_MouseDown(ButtonValue(event->button()));
 }
 
-void Command::mouseDoubleClickEvent(QMouseEvent*)
+void SkinnedButton::mouseDoubleClickEvent(QMouseEvent*)
 {
     // The second press of a double click is a DblClick, which the control does not handle: no
     // MouseDown, and its release raises no Click.
     pressed = false;
 }
 
-void Command::mouseReleaseEvent(QMouseEvent* event)
+void SkinnedButton::mouseReleaseEvent(QMouseEvent* event)
 {
     const bool click = pressed && event->button() == Qt::LeftButton && rect().contains(event->position().toPoint());
     pressed = false;
@@ -335,21 +335,21 @@ void Command::mouseReleaseEvent(QMouseEvent* event)
         UserControl_Click();
 }
 
-void Command::focusInEvent(QFocusEvent* event)
+void SkinnedButton::focusInEvent(QFocusEvent* event)
 {
     QWidget::focusInEvent(event);
     if (MovesBetweenControls(event))
         UserControl_EnterFocus();
 }
 
-void Command::focusOutEvent(QFocusEvent* event)
+void SkinnedButton::focusOutEvent(QFocusEvent* event)
 {
     QWidget::focusOutEvent(event);
     if (MovesBetweenControls(event))
         UserControl_ExitFocus();
 }
 
-void Command::resizeEvent(QResizeEvent* event)
+void SkinnedButton::resizeEvent(QResizeEvent* event)
 {
     QWidget::resizeEvent(event);
     if (height() != Twips(controlHeight))
@@ -357,16 +357,17 @@ void Command::resizeEvent(QResizeEvent* event)
     picRight->move(Twips(PixelsToTwips(width()) - frameThickness), picRight->y());
 }
 
-void Command::changeEvent(QEvent* event)
+void SkinnedButton::changeEvent(QEvent* event)
 {
     QWidget::changeEvent(event);
     if (event->type() == QEvent::EnabledChange)
         ShowIcon();
 }
 
-Command* PlacedCommand(QWidget* parent, const char* name, const QIcon& picture, int left, int top, int width)
+SkinnedButton* PlacedSkinnedButton(
+    QWidget* parent, const char* name, const QIcon& picture, int left, int top, int width)
 {
     PropertyBag design;
     design.WriteProperty(QStringLiteral("PictureNormal"), QVariant::fromValue(picture), QString());
-    return Placed(new Command(parent, design), name, left, top, width, controlHeight);
+    return Placed(new SkinnedButton(parent, design), name, left, top, width, controlHeight);
 }

@@ -1,4 +1,4 @@
-#include "services/modRegistry2.h"
+#include "services/RegistryLayer.h"
 
 #include "platform/CodePage.h"
 

@@ -5,11 +5,11 @@
 // still never gives it the focus, so a click leaves the focus where it was.
 #include <QLabel>
 
-class ImageControl : public QLabel
+class ClickablePicture : public QLabel
 {
     Q_OBJECT
 public:
-    explicit ImageControl(QWidget* parent = nullptr);
+    explicit ClickablePicture(QWidget* parent = nullptr);
     // A picture of the control's size, drawn sharp at the screen's scale.
     void SetPicture(const QIcon& icon);
     void SetTabStop(bool stop);

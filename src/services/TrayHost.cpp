@@ -1,6 +1,6 @@
-#include "services/frmContainer.h"
+#include "services/TrayHost.h"
 
-#include "services/FormSlot.h"
+#include "services/WindowSlot.h"
 
 #include "platform/Clipboard.h"
 #include "platform/MessageBox.h"
@@ -17,36 +17,36 @@
 
 namespace {
 
-FormSlot<frmContainer>& slot()
+WindowSlot<TrayHost>& slot()
 {
-    static FormSlot<frmContainer> form;
+    static WindowSlot<TrayHost> form;
     return form;
 }
 
 } // namespace
 
-frmContainer* frmContainer::Instance()
+TrayHost* TrayHost::Instance()
 {
-    return slot().Touch([] { return new frmContainer; });
+    return slot().Touch([] { return new TrayHost; });
 }
 
-frmContainer* frmContainer::Loaded()
+TrayHost* TrayHost::Loaded()
 {
     return slot().Loaded();
 }
 
-void frmContainer::Unload()
+void TrayHost::Unload()
 {
-    frmContainer* form = slot().Take();
+    TrayHost* form = slot().Take();
     if (!form)
         return;
     form->Form_Unload();
     form->deleteLater();
 }
 
-frmContainer::frmContainer()
+TrayHost::TrayHost()
 {
-    setObjectName(QStringLiteral("frmContainer"));
+    setObjectName(QStringLiteral("TrayHost"));
     // Small enough to stay wholly outside the screen at -1000 twips when it is shown.
     setWindowFlags(Qt::Tool | Qt::FramelessWindowHint);
     // The icon's messages come as moves without a button.
@@ -54,13 +54,13 @@ frmContainer::frmContainer()
     resize(Twips(600), Twips(600));
 }
 
-QString frmContainer::TipText(const QString& profile)
+QString TrayHost::TipText(const QString& profile)
 {
     QString text = QStringLiteral("Tolvane \r\n") + profile + QChar(0);
     return text.leftJustified(64, QLatin1Char(' '), true);
 }
 
-void frmContainer::Form_Load()
+void TrayHost::Form_Load()
 {
     move(-Twips(1000), -Twips(1000));
     // Taking the vault window's icon is its first use: its whole load runs here, before the
@@ -84,20 +84,20 @@ void frmContainer::Form_Load()
     }
 }
 
-void frmContainer::Form_Unload()
+void TrayHost::Form_Unload()
 {
     if (GetIni(Keys::setts, Keys::option(3), ProfileFile(QStringLiteral("cfg.txt"))) == QLatin1String("1"))
         platform::ClipboardClear();
 }
 
-void frmContainer::mouseMoveEvent(QMouseEvent* event)
+void TrayHost::mouseMoveEvent(QMouseEvent* event)
 {
     const QPointF at = event->position();
     Form_MouseMove(static_cast<int>(event->buttons()), static_cast<int>(event->modifiers()),
         PixelsToTwips(qRound(at.x())), PixelsToTwips(qRound(at.y())));
 }
 
-void frmContainer::Form_MouseMove(int button, int shift, int x, int y)
+void TrayHost::Form_MouseMove(int button, int shift, int x, int y)
 {
     Q_UNUSED(button);
     Q_UNUSED(shift);

@@ -1,7 +1,7 @@
 // The skinned button on its own: the look of each mouse and focus event, the toggle, the stored
 // properties and the one tick that applies them, the height it keeps.
 #include "platform/Twips.h"
-#include "services/Command.h"
+#include "services/SkinnedButton.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -20,7 +20,7 @@ struct Host
     {
         box = new QLineEdit(&window);
         box->setGeometry(0, 0, 100, 20);
-        button = Placed(new Command(&window, stored), "Command1", 120, 600, 900, 375);
+        button = Placed(new SkinnedButton(&window, stored), "Command1", 120, 600, 900, 375);
         window.resize(200, 100);
         window.show();
         window.activateWindow();
@@ -31,7 +31,7 @@ struct Host
     }
     QWidget window;
     QLineEdit* box;
-    Command* button;
+    SkinnedButton* button;
 };
 
 PropertyBag stored(std::initializer_list<std::pair<const char*, QVariant>> values)
@@ -44,7 +44,7 @@ PropertyBag stored(std::initializer_list<std::pair<const char*, QVariant>> value
 
 } // namespace
 
-class tst_command : public QObject
+class tst_skinned_button : public QObject
 {
     Q_OBJECT
 
@@ -52,8 +52,8 @@ private Q_SLOTS:
     void looksFollowFocusAndLeftButton()
     {
         Host host;
-        Command* b = host.button;
-        QSignalSpy clicks(b, &Command::Click);
+        SkinnedButton* b = host.button;
+        QSignalSpy clicks(b, &SkinnedButton::Click);
         QCOMPARE(b->Picture(), b->PicNormal);
         QVERIFY(!b->FrameShown());
 
@@ -101,10 +101,10 @@ private Q_SLOTS:
     void toggleShowsItsStateWhenTheFocusLeaves()
     {
         Host host(stored({ { "CHEK", true } }));
-        Command* b = host.button;
+        SkinnedButton* b = host.button;
         QVERIFY(b->CanBeChecked());
         QVERIFY(!b->IsChecked());
-        QSignalSpy clicks(b, &Command::Click);
+        QSignalSpy clicks(b, &SkinnedButton::Click);
 
         QTest::mouseClick(b, Qt::LeftButton);
         QVERIFY(b->IsChecked());
@@ -133,7 +133,7 @@ private Q_SLOTS:
     {
         Host host(
             stored({ { "ENAB", false }, { "CHEK", true }, { "CCHEK", true }, { "CAP", QStringLiteral("Find") } }));
-        Command* b = host.button;
+        SkinnedButton* b = host.button;
         QCOMPARE(b->Caption(), QStringLiteral("Find"));
         QVERIFY(b->Label1->width() > 0); // the caption sizes itself
         // Until the tick the control is as Initialize left it: enabled, plain look.
@@ -145,7 +145,7 @@ private Q_SLOTS:
         QCOMPARE(b->Picture(), b->PicNormal);
 
         // Enabled set by code later is the member only; nothing on the screen follows it.
-        QSignalSpy changed(b, &Command::PropertyChanged);
+        QSignalSpy changed(b, &SkinnedButton::PropertyChanged);
         b->SetEnabled(true);
         QVERIFY(b->Enabled());
         QVERIFY(!b->isEnabled());
@@ -164,7 +164,7 @@ private Q_SLOTS:
     void writesInItsOrderAndOnlyWhatDiffers()
     {
         Host host;
-        Command* b = host.button;
+        SkinnedButton* b = host.button;
         PropertyBag defaults;
         b->WriteProperties(defaults);
         QVERIFY(defaults.Names().isEmpty());
@@ -183,7 +183,7 @@ private Q_SLOTS:
                 QStringLiteral("CCHEK"), QStringLiteral("CAP") }));
 
         // What one button wrote, another reads back.
-        Command copy(&host.window, bag);
+        SkinnedButton copy(&host.window, bag);
         QCOMPARE(copy.Caption(), QStringLiteral("OK"));
         QVERIFY(!copy.Enabled());
         QVERIFY(copy.CanBeChecked());
@@ -195,8 +195,8 @@ private Q_SLOTS:
     void assistiveToolsSeeAPushButton()
     {
         Host host(stored({ { "CHEK", true }, { "CAP", QStringLiteral("Bold") } }));
-        Command* b = host.button;
-        QSignalSpy clicks(b, &Command::Click);
+        SkinnedButton* b = host.button;
+        QSignalSpy clicks(b, &SkinnedButton::Click);
         QAccessibleInterface* seen = QAccessible::queryAccessibleInterface(b);
         QVERIFY(seen);
         QCOMPARE(seen->role(), QAccessible::Button);
@@ -215,7 +215,7 @@ private Q_SLOTS:
     void heightIsAlways375Twips()
     {
         Host host;
-        Command* b = host.button;
+        SkinnedButton* b = host.button;
         QCOMPARE(b->height(), Twips(375));
         for (int twips : { 100, 375, 2000 }) {
             PlaceTwips(b, 0, 0, 1215, twips);
@@ -226,5 +226,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_MAIN(tst_command)
-#include "tst_command.moc"
+QTEST_MAIN(tst_skinned_button)
+#include "tst_skinned_button.moc"

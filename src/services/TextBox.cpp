@@ -1,4 +1,4 @@
-#include "vault/TextBox.h"
+#include "services/TextBox.h"
 
 #include "services/Accessibility.h"
 
