@@ -9,12 +9,12 @@
 #include "services/ListBox.h"
 #include "services/RegistryLayer.h"
 #include "services/TrayHost.h"
-#include "startup/frmLogin.h"
-#include "startup/frmSplash.h"
-#include "startup/modMD5.h"
+#include "startup/LoginDialog.h"
+#include "startup/PasswordDigest.h"
+#include "startup/SplashWindow.h"
 #include "storage/ProfileFiles.h"
 #include "storage/VaultFile.h"
-#include "vault/frmMain.h"
+#include "vault/VaultWindow.h"
 
 #include <QApplication>
 #include <QDir>
@@ -56,10 +56,10 @@ long residentKb()
     return -1;
 }
 
-frmLogin* shownLogin()
+LoginDialog* shownLogin()
 {
     for (QWidget* w : QApplication::topLevelWidgets()) {
-        auto* l = qobject_cast<frmLogin*>(w);
+        auto* l = qobject_cast<LoginDialog*>(w);
         if (l && !l->Unloaded() && l->isVisible())
             return l;
     }
@@ -118,14 +118,14 @@ int main(int argc, char* argv[])
         return 1;
     const qint64 vaultBytes = QFileInfo(data + QStringLiteral("Administrator/list.dat")).size();
 
-    auto* splash = new frmSplash;
+    auto* splash = new SplashWindow;
     splash->setAttribute(Qt::WA_DeleteOnClose);
     splash->Form_Initialize();
     splash->Form_Load();
     splash->show();
     for (int tick = 0; tick < 3; ++tick)
         splash->tmrTime_Timer();
-    frmLogin* login = shownLogin();
+    LoginDialog* login = shownLogin();
     if (!login || !QTest::qWaitForWindowExposed(login))
         return 2;
     const double toLoginFromMain = sinceMain.nsecsElapsed() / 1e6;
@@ -144,7 +144,7 @@ int main(int argc, char* argv[])
         QElapsedTimer t;
         t.start();
         QTest::keyClick(login->Text2, Qt::Key_Return);
-        frmMain* main = frmMain::Loaded();
+        VaultWindow* main = VaultWindow::Loaded();
         if (!main || !QTest::qWaitForWindowExposed(main))
             return 4;
         enterToVault << t.nsecsElapsed() / 1e6;
@@ -152,7 +152,7 @@ int main(int argc, char* argv[])
             return 5;
         QTest::qWait(20);
         rss = std::max(rss, residentKb());
-        frmMain::Unload();
+        VaultWindow::Unload();
         TrayHost::Unload();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         login = nullptr;

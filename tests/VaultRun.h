@@ -10,12 +10,12 @@
 #include "services/SkinnedButton.h"
 #include "services/TextBox.h"
 #include "services/TrayHost.h"
-#include "startup/frmLogin.h"
+#include "startup/LoginDialog.h"
 #include "storage/DataRoot.h"
 #include "storage/ProfileFiles.h"
 #include "storage/VaultFile.h"
-#include "vault/frmMain.h"
-#include "vault/modRoster.h"
+#include "vault/EntryTable.h"
+#include "vault/VaultWindow.h"
 
 #include <QApplication>
 #include <QLineEdit>
@@ -44,7 +44,7 @@ public:
     // Ends whatever a run left in memory.
     static void Reset()
     {
-        frmMain::Unload();
+        VaultWindow::Unload();
         TrayHost::Unload();
         for (QWidget* w : QApplication::topLevelWidgets()) {
             if (!w->isHidden())
@@ -86,10 +86,10 @@ public:
             SaveVault(platform::ToWindows(data(QStringLiteral("Administrator/list.dat"))), entries), VaultSave::Saved);
     }
 
-    frmLogin* login() const
+    LoginDialog* login() const
     {
         for (QWidget* w : QApplication::topLevelWidgets()) {
-            auto* l = qobject_cast<frmLogin*>(w);
+            auto* l = qobject_cast<LoginDialog*>(w);
             if (l && l->isVisible())
                 return l;
         }
@@ -97,16 +97,16 @@ public:
     }
 
     // Splash handed over: the login's load runs, and maybe the vault window comes up.
-    frmMain* start()
+    VaultWindow* start()
     {
         ShowLogin();
-        return frmMain::Loaded();
+        return VaultWindow::Loaded();
     }
     // The vault window over these entries, active; null when it did not come up.
-    frmMain* startActive(const QList<Entry>& entries)
+    VaultWindow* startActive(const QList<Entry>& entries)
     {
         writeVault(entries);
-        frmMain* main = start();
+        VaultWindow* main = start();
         if (main)
             activate(main);
         return main;
@@ -130,7 +130,7 @@ public:
     // Ends the run as the File menu does, up to the end of the process.
     void close()
     {
-        frmMain::Unload();
+        VaultWindow::Unload();
         TrayHost::Unload();
         Reset();
     }

@@ -5,12 +5,12 @@
 #include "platform/Clipboard.h"
 #include "services/ClickablePicture.h"
 #include "services/TextBox.h"
-#include "settings/frmSettings.h"
-#include "startup/frmPassChange.h"
-#include "startup/frmPassRemind.h"
-#include "startup/modMD5.h"
-#include "tools/frmExport.h"
-#include "tools/frmPwdGen.h"
+#include "settings/SettingsWindow.h"
+#include "startup/PasswordChangeDialog.h"
+#include "startup/PasswordDigest.h"
+#include "startup/PasswordReminderDialog.h"
+#include "tools/ExportDialog.h"
+#include "tools/PasswordGenerator.h"
 
 #include <QAccessible>
 #include <QClipboard>
@@ -188,16 +188,16 @@ private Q_SLOTS:
         VaultRun run;
         Entry mail;
         mail.title = "Mail";
-        frmMain* main = run.startActive({ mail });
+        VaultWindow* main = run.startActive({ mail });
         QVERIFY(main);
         audit(main);
         // A search brings the button back to the whole list above it.
         main->txtSearch->SetText(QStringLiteral("mail"));
         main->Command1_Click();
         QVERIFY(main->Command2->isVisible());
-        main->setObjectName(QStringLiteral("frmMain searching"));
+        main->setObjectName(QStringLiteral("VaultWindow searching"));
         audit(main);
-        main->setObjectName(QStringLiteral("frmMain"));
+        main->setObjectName(QStringLiteral("VaultWindow"));
         auditModal([main] { main->mnuNew->trigger(); });
         auditModal([main] { main->mnuPassGen->trigger(); });
         auditModal([main] { main->mnuReportList->trigger(); });
@@ -209,27 +209,28 @@ private Q_SLOTS:
 
         // The settings window, each of its pages, and the profile dialogs of the last one.
         main->mnuSettings->trigger();
-        frmSettings* settings = frmSettings::Loaded();
+        SettingsWindow* settings = SettingsWindow::Loaded();
         QVERIFY(settings);
         for (int page = 0; page < settings->TabStrip1->count(); ++page) {
             settings->TabStrip1->setCurrentIndex(page);
-            settings->setObjectName(QStringLiteral("frmSettings page %1").arg(page + 1));
+            settings->setObjectName(QStringLiteral("SettingsWindow page %1").arg(page + 1));
             audit(settings);
         }
         auditModal([settings] { settings->Command8->click(); });
         settings->Command11->click();
-        QVERIFY(frmPassChange::Loaded());
-        audit(frmPassChange::Loaded());
-        frmPassChange::Unload();
+        QVERIFY(PasswordChangeDialog::Loaded());
+        audit(PasswordChangeDialog::Loaded());
+        PasswordChangeDialog::Unload();
         run.setIni(
             QStringLiteral("Administrator/settings.txt"), Keys::settings, Keys::question, QStringLiteral("Pet?"));
         settings->Command12->click();
-        QVERIFY(frmPassRemind::Loaded());
-        audit(frmPassRemind::Loaded());
+        QVERIFY(PasswordReminderDialog::Loaded());
+        audit(PasswordReminderDialog::Loaded());
         // The answer box is read with the question it answers.
-        QCOMPARE(QAccessible::queryAccessibleInterface(frmPassRemind::Loaded()->Text1)->text(QAccessible::Description),
+        QCOMPARE(QAccessible::queryAccessibleInterface(PasswordReminderDialog::Loaded()->Text1)
+                     ->text(QAccessible::Description),
             QStringLiteral("Pet?"));
-        frmPassRemind::Unload();
+        PasswordReminderDialog::Unload();
         settings->Command14_Click();
 
         // The login that asks for a password.
@@ -247,7 +248,7 @@ private Q_SLOTS:
     void hiddenControlsAreNotReadAndLockedBoxesRefuseAssistiveWrites()
     {
         VaultRun run;
-        frmMain* main = run.startActive({});
+        VaultWindow* main = run.startActive({});
         QVERIFY(main);
         // The nodes of a window's accessible tree that stand for controls out of sight.
         std::function<void(QAccessibleInterface*, QStringList&)> hidden
@@ -266,7 +267,7 @@ private Q_SLOTS:
         QString length;
         QString generated;
         VaultRun::onNextModal([&](QWidget* w) {
-            auto* generator = qobject_cast<frmPwdGen*>(w);
+            auto* generator = qobject_cast<PasswordGenerator*>(w);
             hidden(QAccessible::queryAccessibleInterface(w), found);
             // The length box: neither a new text nor an edit of it gets in.
             QAccessibleInterface* box = QAccessible::queryAccessibleInterface(generator->Text1->Editor());
@@ -284,7 +285,7 @@ private Q_SLOTS:
         QCOMPARE(generated.size(), 5);
         QString target;
         VaultRun::onNextModal([&](QWidget* w) {
-            TextBox* path = qobject_cast<frmExport*>(w)->txtSelected;
+            TextBox* path = qobject_cast<ExportDialog*>(w)->txtSelected;
             QAccessible::queryAccessibleInterface(path->Editor())
                 ->setText(QAccessible::Value, QStringLiteral("Z:\\etc\\passwd"));
             target = path->Text();
@@ -295,14 +296,14 @@ private Q_SLOTS:
 
         // The profile dialogs keep the stored values to themselves.
         main->mnuSettings->trigger();
-        frmSettings* settings = frmSettings::Loaded();
+        SettingsWindow* settings = SettingsWindow::Loaded();
         settings->Command11->click();
         settings->Command12->click();
-        for (QWidget* dialog :
-            { static_cast<QWidget*>(frmPassChange::Loaded()), static_cast<QWidget*>(frmPassRemind::Loaded()) })
+        for (QWidget* dialog : { static_cast<QWidget*>(PasswordChangeDialog::Loaded()),
+                 static_cast<QWidget*>(PasswordReminderDialog::Loaded()) })
             hidden(QAccessible::queryAccessibleInterface(dialog), found);
-        frmPassChange::Unload();
-        frmPassRemind::Unload();
+        PasswordChangeDialog::Unload();
+        PasswordReminderDialog::Unload();
         settings->Command14_Click();
         QVERIFY2(found.isEmpty(), qPrintable(found.join(QStringLiteral(", "))));
     }
@@ -315,7 +316,7 @@ private Q_SLOTS:
         Entry mail;
         mail.title = "Mail";
         mail.password = "secret-pass";
-        frmMain* main = run.startActive({ mail });
+        VaultWindow* main = run.startActive({ mail });
         QVERIFY(main);
         VaultRun::clickRow(main->lstResults, 0);
         main->Timer1_Timer();
@@ -337,7 +338,7 @@ private Q_SLOTS:
         QCOMPARE(QApplication::focusWidget(), main->Image6);
         bool generator = false;
         VaultRun::onNextModal([&generator](QWidget* w) {
-            generator = qobject_cast<frmPwdGen*>(w);
+            generator = qobject_cast<PasswordGenerator*>(w);
             w->close();
         });
         QTest::keyClick(main->Image6, Qt::Key_Return);

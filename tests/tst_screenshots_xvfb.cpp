@@ -6,8 +6,8 @@
 #include "XvfbServer.h"
 #include "platform/Twips.h"
 #include "services/ProgramPictures.h"
-#include "settings/frmSettings.h"
-#include "tools/frmPwdGen.h"
+#include "settings/SettingsWindow.h"
+#include "tools/PasswordGenerator.h"
 
 #include <QImage>
 #include <QLabel>
@@ -37,7 +37,7 @@ int shoot(const QString& dir, const QString& scale)
         sample("E-mail", "jsmith@mail.example", "sun4Moon!", "https://mail.example"),
         sample("Forum", "jsmith", "r3d-apple", "https://forum.example"),
         sample("Shop", "john.smith", "4-tulips", "https://shop.example") });
-    frmMain* main = run.start();
+    VaultWindow* main = run.start();
     if (!main)
         return 2;
     VaultRun::activate(main);
@@ -48,13 +48,13 @@ int shoot(const QString& dir, const QString& scale)
     bool saved = save(main, dir, QStringLiteral("main"), scale);
     saved = save(main->Command13, dir, QStringLiteral("toolbar"), scale) && saved;
 
-    frmSettings* settings = frmSettings::Instance();
+    SettingsWindow* settings = SettingsWindow::Instance();
     VaultRun::activate(settings);
     QTest::qWait(200);
     saved = save(settings, dir, QStringLiteral("settings"), scale) && saved;
     settings->hide();
 
-    frmPwdGen generator(main);
+    PasswordGenerator generator(main);
     generator.deliveryMode = QStringLiteral("0");
     VaultRun::activate(&generator);
     generator.Command3_Click();

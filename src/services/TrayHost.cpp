@@ -8,7 +8,7 @@
 #include "storage/DataRoot.h"
 #include "storage/FileExist.h"
 #include "storage/ProfileFiles.h"
-#include "vault/frmMain.h"
+#include "vault/VaultWindow.h"
 
 #include <QCursor>
 #include <QMenu>
@@ -66,14 +66,14 @@ void TrayHost::Form_Load()
     // Taking the vault window's icon is its first use: its whole load runs here, before the
     // options below are looked at.
     nid.hWnd = this;
-    nid.hIcon = frmMain::Instance()->windowIcon();
+    nid.hIcon = VaultWindow::Instance()->windowIcon();
     setWindowIcon(nid.hIcon);
     tip = TipText(CurrentProfile());
     nid.szTip = tip;
     iconShown = platform::Shell_NotifyIconA(platform::NIM_ADD, nid) != 0;
     if (!iconShown) {
         // Without a notification area the pop-up menu would be out of reach.
-        frmMain* vault = frmMain::Instance();
+        VaultWindow* vault = VaultWindow::Instance();
         vault->mnuPop->setTitle(platform::AppTitle());
         vault->menuBar()->addMenu(vault->mnuPop);
     }
@@ -104,7 +104,7 @@ void TrayHost::Form_MouseMove(int button, int shift, int x, int y)
     Q_UNUSED(y);
     // The scale is twips: the message is X over the twips of a pixel.
     const int message = qRound(x / TwipsPerPixel());
-    QMenu* menu = frmMain::Instance()->mnuPop;
+    QMenu* menu = VaultWindow::Instance()->mnuPop;
     switch (message) {
     case platform::WM_LBUTTONUP:
         menu->popup(QCursor::pos());

@@ -5,8 +5,8 @@
 #include "platform/Runtime.h"
 #include "platform/Twips.h"
 #include "services/ProgramPictures.h"
-#include "startup/frmSplash.h"
-#include "vault/frmMain.h"
+#include "startup/SplashWindow.h"
+#include "vault/VaultWindow.h"
 
 #include <QApplication>
 
@@ -30,9 +30,9 @@ int main(int argc, char* argv[])
 
     // Ending the session or the process by a signal ends the run as File > Close does: the vault
     // is written and the clipboard emptied as the options say.
-    platform::OnTerminationRequest(&frmMain::EndRun);
+    platform::OnTerminationRequest(&VaultWindow::EndRun);
 
-    auto* splash = new frmSplash;
+    auto* splash = new SplashWindow;
     splash->setAttribute(Qt::WA_DeleteOnClose);
     splash->Form_Initialize();
     splash->Form_Load();

@@ -3,7 +3,7 @@
 #include "platform/CodePage.h"
 #include "services/LanguageTable.h"
 #include "services/TextBox.h"
-#include "vault/modRoster.h"
+#include "vault/EntryTable.h"
 
 #include <QLabel>
 

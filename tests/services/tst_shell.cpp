@@ -167,7 +167,7 @@ private Q_SLOTS:
         e.document = "C:\\docs\\statement.pdf";
         run.writeVault({ e });
         SaveProgramSetting(QStringLiteral("curLang"), QString());
-        frmMain* main = run.start();
+        VaultWindow* main = run.start();
         QVERIFY(main);
         VaultRun::activate(main);
 

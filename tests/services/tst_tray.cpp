@@ -36,7 +36,7 @@ private Q_SLOTS:
     void iconMessagesOpenTheMenuOrShowTheHostOutOfSight()
     {
         VaultRun run;
-        frmMain* main = run.start();
+        VaultWindow* main = run.start();
         QVERIFY(main);
         TrayHost* host = TrayHost::Loaded();
         QVERIFY(host);
@@ -74,16 +74,16 @@ private Q_SLOTS:
         VaultRun run;
         Entry e;
         e.title = "Mail";
-        frmMain* main = run.startActive({ e });
+        VaultWindow* main = run.startActive({ e });
         QVERIFY(main);
         main->close(); // saved and gone; the host stays
-        QVERIFY(!frmMain::Loaded());
+        QVERIFY(!VaultWindow::Loaded());
         QVERIFY(TrayHost::Loaded());
         QCOMPARE(run.vaultOnDisk().size(), 1);
 
         // Reaching the menu loads the window again; its first entry shows it.
         iconMessage(TrayHost::Loaded(), 517);
-        frmMain* again = frmMain::Loaded();
+        VaultWindow* again = VaultWindow::Loaded();
         QVERIFY(again && again != main);
         QVERIFY(!again->isVisible());
         again->mnuOpen->trigger();

@@ -155,7 +155,7 @@ private Q_SLOTS:
         QCOMPARE(run.boxes.shown[0].text, Lang(144));
 
         // Only a typed login starts it: the vault window's Timer3 loads it at its first tick.
-        frmMain* main = run.start();
+        VaultWindow* main = run.start();
         QVERIFY(!main->Timer3->isActive());
         main->Timer3_Timer();
         QVERIFY(SilentUpdateCheck::Loaded());

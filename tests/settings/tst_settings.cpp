@@ -3,8 +3,8 @@
 #include "VaultRun.h"
 #include "platform/Registry.h"
 #include "services/RegistryLayer.h"
-#include "settings/DriveListBox.h"
-#include "settings/frmSettings.h"
+#include "settings/DriveList.h"
+#include "settings/SettingsWindow.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -20,26 +20,26 @@ class tst_settings : public QObject
 
     // The first start's tree plus the profiles named, each listed and with its marker; the run
     // is left logged in as `current`.
-    static frmMain* startWith(VaultRun& run, const QStringList& more,
+    static VaultWindow* startWith(VaultRun& run, const QStringList& more,
         const QString& current = QStringLiteral("Administrator"),
         const QString& defaultProfile = QStringLiteral("Administrator"))
     {
         run.provision(more);
         run.setIni(QStringLiteral("config.txt"), Keys::user, Keys::current, current);
         run.setIni(QStringLiteral("config.txt"), Keys::user, Keys::defaultProfile, defaultProfile);
-        frmMain* main = frmMain::Instance();
+        VaultWindow* main = VaultWindow::Instance();
         main->show();
         return main;
     }
 
-    static frmSettings* openSettings(frmMain* main)
+    static SettingsWindow* openSettings(VaultWindow* main)
     {
         main->mnuSettings->trigger();
-        frmSettings* settings = frmSettings::Loaded();
+        SettingsWindow* settings = SettingsWindow::Loaded();
         return settings && settings->isVisible() ? settings : nullptr;
     }
 
-    static void selectRow(frmSettings* settings, const QString& name)
+    static void selectRow(SettingsWindow* settings, const QString& name)
     {
         const int row = VaultRun::rows(settings->lstData).indexOf(name);
         QVERIFY2(row >= 0, qPrintable(name));
@@ -56,10 +56,10 @@ private Q_SLOTS:
     void optionsTakeEffectThroughTheReloadAfterOk()
     {
         VaultRun run;
-        frmMain* main = startWith(run, {});
+        VaultWindow* main = startWith(run, {});
         QFile::remove(run.data(QStringLiteral("Administrator/cfg.txt")));
         QTest::mouseClick(main->Command18, Qt::LeftButton); // the toolbar opens the same window
-        frmSettings* settings = frmSettings::Loaded();
+        SettingsWindow* settings = SettingsWindow::Loaded();
         QVERIFY(settings && settings->isVisible());
         QCOMPARE(settings->parentWidget(), main);
         QVERIFY(!settings->isModal());
@@ -87,8 +87,8 @@ private Q_SLOTS:
         QCOMPARE(run.ini(QStringLiteral("Administrator/cfg.txt"), Keys::setts, Keys::option(4)), QStringLiteral("0"));
         QCOMPARE(run.ini(QStringLiteral("Administrator/cfg.txt"), Keys::setts, Keys::option(5)), QStringLiteral("1"));
         QCOMPARE(run.ini(QStringLiteral("config.txt"), Keys::user, Keys::tempChangeable), QStringLiteral("False"));
-        QVERIFY(!frmSettings::Loaded());
-        frmMain* reloaded = frmMain::Loaded();
+        QVERIFY(!SettingsWindow::Loaded());
+        VaultWindow* reloaded = VaultWindow::Loaded();
         QVERIFY(reloaded && reloaded != main && reloaded->isVisible());
         QCOMPARE(reloaded->txtAge->LineEditor()->echoMode(), QLineEdit::Password);
         // s1 on is a dead switch: the window stays an ordinary one.
@@ -101,13 +101,13 @@ private Q_SLOTS:
         settings->Check5->click();
         settings->Check14->click();
         settings->Command14->click();
-        QCOMPARE(frmMain::Loaded(), reloaded);
+        QCOMPARE(VaultWindow::Loaded(), reloaded);
         QCOMPARE(run.ini(QStringLiteral("Administrator/cfg.txt"), Keys::setts, Keys::option(5)), QStringLiteral("1"));
         QCOMPARE(run.ini(QStringLiteral("config.txt"), Keys::user, Keys::tempChangeable), QStringLiteral("False"));
         settings = openSettings(reloaded);
         reloaded->hide();
         settings->close();
-        QVERIFY(!frmSettings::Loaded());
+        QVERIFY(!SettingsWindow::Loaded());
         QVERIFY(!reloaded->isVisible());
 
         // Stored values are taken as numbers: blanks and a 2 (greyed) count, other text is passed over.
@@ -134,10 +134,10 @@ private Q_SLOTS:
     void languageIsWrittenWhereNobodyReadsIt()
     {
         VaultRun run;
-        frmMain* main = startWith(run, {});
+        VaultWindow* main = startWith(run, {});
         const QString before = GetProgramSetting(QStringLiteral("curLang"));
         QCOMPARE(before, QStringLiteral("English"));
-        frmSettings* settings = openSettings(main);
+        SettingsWindow* settings = openSettings(main);
         QCOMPARE(settings->optLang->currentText(), QStringLiteral("English"));
         settings->optLang->setCurrentIndex(2);
         settings->Command1->click();
@@ -151,16 +151,16 @@ private Q_SLOTS:
         QCOMPARE(GetProgramSetting(QStringLiteral("curLang")), before);
         settings->Command14->click();
         QCOMPARE(openSettings(main)->optLang->currentText(), QStringLiteral("English"));
-        frmSettings::Unload();
+        SettingsWindow::Unload();
     }
 
     void profilePageSelectsByContainedNameAndShowsTheLastTime()
     {
         VaultRun run;
-        frmMain* main = startWith(run, { QStringLiteral("Ann"), QStringLiteral("Joanna") }, QStringLiteral("Ann"));
+        VaultWindow* main = startWith(run, { QStringLiteral("Ann"), QStringLiteral("Joanna") }, QStringLiteral("Ann"));
         run.setIni(
             QStringLiteral("Joanna/time.txt"), Keys::settings, Keys::time, QStringLiteral("10:00:00 01.02.2026"));
-        frmSettings* settings = openSettings(main);
+        SettingsWindow* settings = openSettings(main);
         QCOMPARE(settings->Label11->text(), QStringLiteral("Ann"));
         QCOMPARE(settings->Label14->text(), QStringLiteral("Administrator"));
         QCOMPARE(settings->lstData->Text(), QStringLiteral("Joanna")); // "ann" is inside "joanna", below it
@@ -184,15 +184,15 @@ private Q_SLOTS:
         settings->Command11->click();
         QCOMPARE(run.boxes.shown.last().text, Lang(293));
         QCOMPARE(run.boxes.shown.last().flags, 64);
-        frmSettings::Unload();
+        SettingsWindow::Unload();
     }
 
     void deletionFollowsTheRightsOfAdministrator()
     {
         VaultRun run;
-        frmMain* main = startWith(run, { QStringLiteral("Bob"), QStringLiteral("Carol"), QStringLiteral("Dave") },
+        VaultWindow* main = startWith(run, { QStringLiteral("Bob"), QStringLiteral("Carol"), QStringLiteral("Dave") },
             QStringLiteral("Administrator"), QStringLiteral("Carol"));
-        frmSettings* settings = openSettings(main);
+        SettingsWindow* settings = openSettings(main);
         settings->Command3->click(); // Administrator selected: never deleted
         QCOMPARE(run.boxes.shown.last().text, Lang(294));
         QCOMPARE(run.boxes.shown.last().flags, 16);
@@ -217,7 +217,7 @@ private Q_SLOTS:
         QCOMPARE(
             run.ini(QStringLiteral("config.txt"), Keys::user, Keys::defaultProfile), QStringLiteral("Administrator"));
         QCOMPARE(users(run), QStringLiteral("Administrator\r\nDave\r\n"));
-        frmSettings::Unload();
+        SettingsWindow::Unload();
 
         // Another profile may not delete Dave, yet with Dave the default both keys turn back.
         run.setIni(QStringLiteral("config.txt"), Keys::user, Keys::current, QStringLiteral("Dave"));
@@ -236,7 +236,7 @@ private Q_SLOTS:
         QCOMPARE(run.ini(QStringLiteral("config.txt"), Keys::user, Keys::current), QStringLiteral("Administrator"));
         QCOMPARE(
             run.ini(QStringLiteral("config.txt"), Keys::user, Keys::defaultProfile), QStringLiteral("Administrator"));
-        frmSettings::Unload();
+        SettingsWindow::Unload();
 
         // A profile may delete itself: the folder goes, then the restart; its name stays behind.
         run.setIni(QStringLiteral("config.txt"), Keys::user, Keys::current, QStringLiteral("Eve"));
@@ -259,13 +259,13 @@ private Q_SLOTS:
         QCOMPARE(shell.calls.first().show, 1);
         QVERIFY(users(run).contains(QStringLiteral("Eve")));
         QCOMPARE(run.ini(QStringLiteral("config.txt"), Keys::user, Keys::current), QStringLiteral("Eve"));
-        frmSettings::Unload();
+        SettingsWindow::Unload();
     }
 
     void noDeleteTakesAdministratorTheProfileInUseOrGoesThroughALink()
     {
         VaultRun run;
-        frmMain* main = startWith(run, { QStringLiteral("Bob") });
+        VaultWindow* main = startWith(run, { QStringLiteral("Bob") });
         run.world.write(QStringLiteral("appdata/Brenmark/Tolvane/keep.txt"), "x");
         run.world.write(QStringLiteral("home/elsewhere/sub/keep.txt"), "x");
         QVERIFY(QFile::link(run.world.path(QStringLiteral("home/elsewhere")), run.data(QStringLiteral("lnk"))));
@@ -277,7 +277,7 @@ private Q_SLOTS:
                 + QStringList { QStringLiteral("lnk\\sub"), QStringLiteral("Bob") })
                 .join(QStringLiteral("\r\n"))
                 .toLatin1());
-        frmSettings* settings = openSettings(main);
+        SettingsWindow* settings = openSettings(main);
         for (const QString& name : refused) {
             selectRow(settings, name);
             run.boxes.shown.clear();
@@ -298,7 +298,7 @@ private Q_SLOTS:
         QVERIFY(QFile::exists(run.data(QStringLiteral("Bob/dummy.dat"))));
         QVERIFY(QFile::exists(run.data(QStringLiteral("config.txt"))));
         QVERIFY(QFile::exists(run.world.path(QStringLiteral("appdata/Brenmark/Tolvane/keep.txt"))));
-        frmSettings::Unload();
+        SettingsWindow::Unload();
 
         // A profile in use under another spelling of Administrator can't take its folder either.
         run.setIni(QStringLiteral("config.txt"), Keys::user, Keys::current, QStringLiteral("administrator"));
@@ -307,7 +307,7 @@ private Q_SLOTS:
         settings->Command3->click();
         QCOMPARE(run.boxes.shown.last().text, Lang(294));
         QVERIFY(QFile::exists(run.data(QStringLiteral("Administrator/dummy.dat"))));
-        frmSettings::Unload();
+        SettingsWindow::Unload();
     }
 
     void anInstallWritesNothingThroughLinksOnTheDrive()
@@ -318,7 +318,7 @@ private Q_SLOTS:
         run.world.write(QStringLiteral("home/elsewhere/mine.txt"), "mine");
         const QString elsewhere = run.world.path(QStringLiteral("home/elsewhere"));
         qputenv("TOLVANE_MEDIA", stick.toLocal8Bit());
-        frmSettings* settings = openSettings(startWith(run, {}));
+        SettingsWindow* settings = openSettings(startWith(run, {}));
         settings->TabStrip1->setCurrentIndex(1);
         // A stick prepared with autorun.inf as a link to somebody's file, then with TolvaneKey as a
         // link to a folder; and the same on the home drive.
@@ -355,14 +355,14 @@ private Q_SLOTS:
         QVERIFY(!QFileInfo::exists(stick + QStringLiteral("/TolvaneKey")));
         QCOMPARE(run.world.read(QStringLiteral("home/elsewhere/mine.txt")), QByteArray("mine"));
         qputenv("TOLVANE_MEDIA", "");
-        frmSettings::Unload();
+        SettingsWindow::Unload();
     }
 
     void switchDeclinedChangesNothingAccepted()
     {
         VaultRun run;
-        frmMain* main = startWith(run, { QStringLiteral("Bob") });
-        frmSettings* settings = openSettings(main);
+        VaultWindow* main = startWith(run, { QStringLiteral("Bob") });
+        SettingsWindow* settings = openSettings(main);
         selectRow(settings, QStringLiteral("Bob"));
         settings->Check3->click();
         const QByteArray cfg = run.world.read(QStringLiteral("appdata/Brenmark/Tolvane/data/Administrator/cfg.txt"));
@@ -381,7 +381,7 @@ private Q_SLOTS:
         QCOMPARE(run.ini(QStringLiteral("config.txt"), Keys::user, Keys::switchTo), QStringLiteral("Bob"));
         QCOMPARE(shell.calls.size(), 1);
         QCOMPARE(shell.calls.first().parameters, QStringLiteral("/restart"));
-        frmSettings::Unload();
+        SettingsWindow::Unload();
     }
 };
 

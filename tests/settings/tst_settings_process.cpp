@@ -1,8 +1,8 @@
 // What the settings window leaves to another process: the switch restarts the program into the
 // chosen profile, and the portable copy put on a drive runs from there with its own data.
 #include "VaultRun.h"
-#include "settings/DriveListBox.h"
-#include "settings/frmSettings.h"
+#include "settings/DriveList.h"
+#include "settings/SettingsWindow.h"
 
 #include <QAction>
 #include <QLabel>
@@ -16,13 +16,13 @@ class tst_settings_process : public QObject
     Q_OBJECT
 
     // A run whose program folder holds the built executables, so that a restart starts them.
-    static frmSettings* openSettings(VaultRun& run, const QStringList& more = {})
+    static SettingsWindow* openSettings(VaultRun& run, const QStringList& more = {})
     {
         TestWorld::copyTree(QStringLiteral(TOLVANE_BUILT_PROGRAM_DIR), run.world.path(QStringLiteral("program")));
         run.provision(more);
         run.start();
-        frmMain::Loaded()->mnuSettings->trigger();
-        return frmSettings::Loaded();
+        VaultWindow::Loaded()->mnuSettings->trigger();
+        return SettingsWindow::Loaded();
     }
 
 private Q_SLOTS:
@@ -35,7 +35,7 @@ private Q_SLOTS:
     void switchRestartsIntoTheChosenProfile()
     {
         VaultRun run;
-        frmSettings* settings = openSettings(run, { QStringLiteral("Bob") });
+        SettingsWindow* settings = openSettings(run, { QStringLiteral("Bob") });
         settings->lstData->SetListIndex(1);
         settings->lstData_Click();
         // From here boxes go to a log that both processes write, answered by the list.
@@ -61,7 +61,7 @@ private Q_SLOTS:
         const QString stick = run.world.path(QStringLiteral("stick"));
         QDir().mkpath(stick);
         qputenv("TOLVANE_MEDIA", stick.toLocal8Bit());
-        frmSettings* settings = openSettings(run);
+        SettingsWindow* settings = openSettings(run);
         QVERIFY(!settings->Drive1->isHidden() && settings->Label2->isHidden());
         QCOMPARE(settings->Drive1->SetDrive(QStringLiteral("D:\\")), 0);
         QCOMPARE(settings->Drive1->Drive(), QStringLiteral("d: [stick]"));
@@ -128,16 +128,16 @@ private Q_SLOTS:
         settings->Drive1_Change();
         QVERIFY(!settings->Command5->isEnabled() && !settings->Command9->isEnabled());
         qputenv("TOLVANE_MEDIA", "");
-        frmSettings::Unload();
+        SettingsWindow::Unload();
 
         // Run from a drive itself, the page has nothing to offer but the notice.
         UsbMode = 1;
-        frmMain::Loaded()->mnuSettings->trigger();
-        settings = frmSettings::Loaded();
+        VaultWindow::Loaded()->mnuSettings->trigger();
+        settings = SettingsWindow::Loaded();
         QVERIFY(!settings->Label2->isHidden());
         QVERIFY(settings->Drive1->isHidden() && settings->Command5->isHidden());
         UsbMode = 0;
-        frmSettings::Unload();
+        SettingsWindow::Unload();
     }
 };
 

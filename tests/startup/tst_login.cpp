@@ -1,7 +1,7 @@
 // The login gate: its four outcomes, the one-time reset, the preselection and the password.
 #include "VaultRun.h"
 #include "services/RegistryLayer.h"
-#include "startup/modMD5.h"
+#include "startup/PasswordDigest.h"
 
 #include <QComboBox>
 #include <QLabel>
@@ -21,7 +21,7 @@ private Q_SLOTS:
     void firstStartOpensAdministratorWithoutPrompt()
     {
         VaultRun run;
-        frmMain* main = run.start();
+        VaultWindow* main = run.start();
         QVERIFY(main);
         QVERIFY(main->isVisible());
         QVERIFY(!run.login());
@@ -54,7 +54,7 @@ private Q_SLOTS:
         run.provision();
         setPassword(run, QStringLiteral("Administrator"), QStringLiteral("Zażółć 1"));
         QVERIFY(!run.start());
-        frmLogin* login = run.login();
+        LoginDialog* login = run.login();
         QVERIFY(login);
         QCOMPARE(login->Combo1->currentText(), QStringLiteral("Administrator"));
         QCOMPARE(login->Label1->text(), Lang(188));
@@ -69,19 +69,19 @@ private Q_SLOTS:
             QCOMPARE(run.boxes.shown.last().title, QStringLiteral("Tolvane"));
         }
         QCOMPARE(login->Text2->text(), QStringLiteral("xxx")); // what was typed stays
-        QVERIFY(!frmMain::Loaded());
+        QVERIFY(!VaultWindow::Loaded());
         // No limit on what can be typed: a password of 40,000 characters is taken whole.
         const QString longest(40000, QLatin1Char('k'));
         login->Text2->setText(longest);
         QCOMPARE(login->Text2->text().size(), 40000);
         login->Text2->setText(QStringLiteral("Zażółć 1")); // typing knows Latin-1 keys only
-        QPointer<frmLogin> typedInto(login);
+        QPointer<LoginDialog> typedInto(login);
         QTest::keyClick(login->Text2, Qt::Key_Return);
         // The login is gone from the screen and from memory: only the vault window is left.
-        QCOMPARE(VaultRun::windowsOnScreen(), QList<QWidget*> { frmMain::Loaded() });
+        QCOMPARE(VaultRun::windowsOnScreen(), QList<QWidget*> { VaultWindow::Loaded() });
         QVERIFY(typedInto.isNull());
-        QVERIFY(frmMain::Loaded());
-        QVERIFY(frmMain::Loaded()->Timer3->isActive()); // only a typed login starts it
+        QVERIFY(VaultWindow::Loaded());
+        QVERIFY(VaultWindow::Loaded()->Timer3->isActive()); // only a typed login starts it
         QCOMPARE(run.boxes.shown.size(), 3);
         run.close();
 
@@ -95,7 +95,7 @@ private Q_SLOTS:
         QCOMPARE(VaultRun::windowsOnScreen(), QList<QWidget*> { login });
         QTest::keyClick(login->Text2, Qt::Key_Escape); // cancel: nothing opens
         QVERIFY(VaultRun::windowsOnScreen().isEmpty());
-        QVERIFY(!frmMain::Loaded());
+        QVERIFY(!VaultWindow::Loaded());
     }
 
     void oneTimeResetDeletesTheAdministratorPasswordOnce()
@@ -168,7 +168,7 @@ private Q_SLOTS:
         QCOMPARE(run.boxes.shown.last().text, Lang(185));
         setPassword(run, QStringLiteral("Administrator"), QString());
         run.login()->Command1_Click();
-        QVERIFY(frmMain::Loaded());
+        QVERIFY(VaultWindow::Loaded());
         QCOMPARE(run.ini(config, Keys::user, Keys::switchTo), QString()); // the vault window empties it
         run.close();
     }

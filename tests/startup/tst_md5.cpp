@@ -1,5 +1,5 @@
 #include "TestSupport.h"
-#include "startup/modMD5.h"
+#include "startup/PasswordDigest.h"
 
 #include <QCryptographicHash>
 

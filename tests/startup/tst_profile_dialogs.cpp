@@ -2,11 +2,11 @@
 // window's profile page, and what the login then makes of it.
 #include "VaultRun.h"
 #include "platform/CodePage.h"
-#include "settings/frmSettings.h"
-#include "startup/frmNewUser.h"
-#include "startup/frmPassChange.h"
-#include "startup/frmPassRemind.h"
-#include "startup/modMD5.h"
+#include "settings/SettingsWindow.h"
+#include "startup/NewProfileDialog.h"
+#include "startup/PasswordChangeDialog.h"
+#include "startup/PasswordDigest.h"
+#include "startup/PasswordReminderDialog.h"
 
 #include <QAction>
 #include <QLabel>
@@ -17,19 +17,19 @@ class tst_profile_dialogs : public QObject
 {
     Q_OBJECT
 
-    static frmSettings* openSettings(VaultRun& run)
+    static SettingsWindow* openSettings(VaultRun& run)
     {
-        if (!frmMain::Loaded()) {
+        if (!VaultWindow::Loaded()) {
             if (QFile::exists(run.data(QStringLiteral("config.txt"))))
                 run.setIni(
                     QStringLiteral("config.txt"), Keys::user, Keys::defaultProfile, QStringLiteral("Administrator"));
             run.start();
         }
-        frmMain::Loaded()->mnuSettings->trigger();
-        return frmSettings::Loaded();
+        VaultWindow::Loaded()->mnuSettings->trigger();
+        return SettingsWindow::Loaded();
     }
 
-    static void selectRow(frmSettings* settings, const QString& name)
+    static void selectRow(SettingsWindow* settings, const QString& name)
     {
         const int row = VaultRun::rows(settings->lstData).indexOf(name);
         QVERIFY2(row >= 0, qPrintable(name));
@@ -38,16 +38,16 @@ class tst_profile_dialogs : public QObject
     }
 
     // Fills and sends the add dialog while it runs modally.
-    static void addProfile(frmSettings* settings, const QStringList& fields)
+    static void addProfile(SettingsWindow* settings, const QStringList& fields)
     {
         VaultRun::onNextModal([fields](QWidget*) {
-            frmNewUser* dialog = frmNewUser::Loaded();
+            NewProfileDialog* dialog = NewProfileDialog::Loaded();
             QLineEdit* boxes[] = { dialog->Text1, dialog->Text2, dialog->Text3, dialog->Text4, dialog->Text5 };
             for (int i = 0; i < 5; ++i)
                 boxes[i]->setText(fields.value(i));
             dialog->Command2->click();
-            if (frmNewUser::Loaded())
-                frmNewUser::Loaded()->Command1->click(); // refused: the dialog stayed, cancel it
+            if (NewProfileDialog::Loaded())
+                NewProfileDialog::Loaded()->Command1->click(); // refused: the dialog stayed, cancel it
         });
         settings->Command8->click();
     }
@@ -58,7 +58,7 @@ class tst_profile_dialogs : public QObject
         run.setIni(QStringLiteral("config.txt"), Keys::user, Keys::defaultProfile, profile);
         run.boxes.shown.clear();
         run.start();
-        frmLogin* login = run.login();
+        LoginDialog* login = run.login();
         if (!login)
             return { QStringLiteral("no prompt") };
         login->Text2->setText(password);
@@ -66,7 +66,7 @@ class tst_profile_dialogs : public QObject
         QStringList seen;
         for (const auto& box : run.boxes.shown)
             seen << box.text;
-        if (frmMain::Loaded())
+        if (VaultWindow::Loaded())
             seen << QStringLiteral("opened ") + run.ini(QStringLiteral("config.txt"), Keys::user, Keys::current);
         return seen;
     }
@@ -75,11 +75,11 @@ private Q_SLOTS:
     void newProfileIsStoredAsTypedAndCanNeverLogInWithAPassword()
     {
         VaultRun run;
-        frmSettings* settings = openSettings(run);
+        SettingsWindow* settings = openSettings(run);
         addProfile(settings,
             { QStringLiteral("Bob"), QStringLiteral("pw=1"), QStringLiteral("Pet?"), QStringLiteral("bob@example.org"),
                 QStringLiteral("Rex") });
-        QVERIFY(!frmNewUser::Loaded());
+        QVERIFY(!NewProfileDialog::Loaded());
         QCOMPARE(run.world.read(QStringLiteral("appdata/Brenmark/Tolvane/data/users.txt")),
             QByteArray("Administrator\r\nBob\r\n"));
         QVERIFY(QFile::exists(run.data(QStringLiteral("Bob/dummy.dat"))));
@@ -117,7 +117,7 @@ private Q_SLOTS:
     {
         QCOMPARE(platform::CodePageNumber(), 1252); // the tests' locale
         VaultRun run;
-        frmSettings* settings = openSettings(run);
+        SettingsWindow* settings = openSettings(run);
         addProfile(settings, { QString::fromUtf8("Łukasz") });
         QCOMPARE(VaultRun::rows(settings->lstData).last(), QStringLiteral("?ukasz"));
         QCOMPARE(run.world.read(QStringLiteral("appdata/Brenmark/Tolvane/data/users.txt")),
@@ -132,16 +132,16 @@ private Q_SLOTS:
     void missingMarkerTemplateStopsTheRunHalfWay()
     {
         VaultRun run;
-        frmSettings* settings = openSettings(run);
+        SettingsWindow* settings = openSettings(run);
         QFile::remove(run.world.path(QStringLiteral("program/dummy.dat")));
         bool ended = false;
         VaultRun::onNextModal([&ended](QWidget*) {
-            frmNewUser::Loaded()->Text1->setText(QStringLiteral("Carl"));
+            NewProfileDialog::Loaded()->Text1->setText(QStringLiteral("Carl"));
             try {
-                frmNewUser::Loaded()->Command2->click();
+                NewProfileDialog::Loaded()->Command2->click();
             } catch (const ProcessEnded& e) {
                 ended = e.code == 53;
-                frmNewUser::Unload();
+                NewProfileDialog::Unload();
             }
         });
         settings->Command8->click();
@@ -164,10 +164,10 @@ private Q_SLOTS:
         QCOMPARE(
             logIn(run, QStringLiteral("Dora"), QStringLiteral("old")), QStringList { QStringLiteral("opened Dora") });
 
-        frmSettings* settings = openSettings(run);
+        SettingsWindow* settings = openSettings(run);
         selectRow(settings, QStringLiteral("Dora"));
         settings->Command11->click();
-        frmPassChange* change = frmPassChange::Loaded();
+        PasswordChangeDialog* change = PasswordChangeDialog::Loaded();
         QVERIFY(change && change->isVisible() && !change->isModal());
         QCOMPARE(change->parentWidget(), settings);
         QCOMPARE(change->Label1->text(), QStringLiteral("Dora"));
@@ -183,12 +183,12 @@ private Q_SLOTS:
         change->Command2->click();
         QCOMPARE(run.boxes.shown.last().text, Lang(257));
         QCOMPARE(run.boxes.shown.last().flags, 64);
-        QCOMPARE(frmPassChange::Loaded(), change);
+        QCOMPARE(PasswordChangeDialog::Loaded(), change);
         change->Text1->setText(QStringLiteral("old"));
         change->Text2->setText(QStringLiteral("new"));
         change->Command2->click();
         QCOMPARE(run.boxes.shown.last().text, Lang(258));
-        QVERIFY(!frmPassChange::Loaded());
+        QVERIFY(!PasswordChangeDialog::Loaded());
         QCOMPARE(run.ini(QStringLiteral("Dora/settings.txt"), Keys::settings, Keys::password),
             MD5Hex(QStringLiteral("new")));
         QCOMPARE(run.ini(QStringLiteral("Dora/settings.txt"), Keys::settings, Keys::answer), MD5Hex(QString()));
@@ -196,7 +196,7 @@ private Q_SLOTS:
         // The reminder: any wrong answer, as often as wanted; the right one (empty, after the
         // change) shows the stored value, which is the digest, not the password.
         settings->Command12->click();
-        frmPassRemind* remind = frmPassRemind::Loaded();
+        PasswordReminderDialog* remind = PasswordReminderDialog::Loaded();
         QVERIFY(remind && remind->isVisible());
         QCOMPARE(remind->Label4->text(), QStringLiteral("Dora"));
         QCOMPARE(remind->Label1->text(), QStringLiteral("Cat?"));
@@ -210,8 +210,8 @@ private Q_SLOTS:
         QCOMPARE(run.boxes.shown.last().text, Lang(264) + QLatin1Char(' ') + MD5Hex(QStringLiteral("new")));
         QCOMPARE(run.boxes.shown.last().text.right(33).at(0), QLatin1Char(' '));
         QCOMPARE(run.boxes.shown.last().flags, 0);
-        QVERIFY(!frmPassRemind::Loaded());
-        frmSettings::Unload();
+        QVERIFY(!PasswordReminderDialog::Loaded());
+        SettingsWindow::Unload();
 
         QCOMPARE(logIn(run, QStringLiteral("Dora"), QStringLiteral("old")), QStringList { Lang(185) });
         QCOMPARE(
@@ -221,9 +221,9 @@ private Q_SLOTS:
     void emptyStoredPasswordCanNeverBeChanged()
     {
         VaultRun run;
-        frmSettings* settings = openSettings(run); // Administrator, no password since the reset
+        SettingsWindow* settings = openSettings(run); // Administrator, no password since the reset
         settings->Command11->click();
-        frmPassChange* change = frmPassChange::Loaded();
+        PasswordChangeDialog* change = PasswordChangeDialog::Loaded();
         change->Timer1_Timer();
         for (const QString& old : { QString(), QStringLiteral(" ") }) {
             change->Text1->setText(old);
@@ -231,9 +231,9 @@ private Q_SLOTS:
             QCOMPARE(run.boxes.shown.last().text, Lang(257));
         }
         QVERIFY(!QFile::exists(run.data(QStringLiteral("Administrator/settings.txt"))));
-        frmSettings::Unload();
+        SettingsWindow::Unload();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        QVERIFY(!frmPassChange::Loaded()); // it goes with its owner
+        QVERIFY(!PasswordChangeDialog::Loaded()); // it goes with its owner
     }
 };
 

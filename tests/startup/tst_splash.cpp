@@ -1,7 +1,7 @@
 #include "TestSupport.h"
 #include "platform/Paths.h"
 #include "services/LanguageTable.h"
-#include "startup/frmSplash.h"
+#include "startup/SplashWindow.h"
 #include "storage/DataRoot.h"
 
 #include <QApplication>
@@ -15,7 +15,7 @@ private Q_SLOTS:
     {
         TestWorld world;
         MessageBoxScript boxes;
-        frmSplash splash;
+        SplashWindow splash;
         splash.Form_Initialize();
         splash.Form_Load();
         QCOMPARE(splash.tmrTime->interval(), 1000);
@@ -25,7 +25,7 @@ private Q_SLOTS:
         auto logins = [] {
             int n = 0;
             for (QWidget* w : QApplication::topLevelWidgets())
-                n += w->objectName() == QLatin1String("frmLogin") ? 1 : 0;
+                n += w->objectName() == QLatin1String("LoginDialog") ? 1 : 0;
             return n;
         };
         splash.tmrTime_Timer();
@@ -43,20 +43,20 @@ private Q_SLOTS:
         TestWorld world;
         MessageBoxScript boxes;
         {
-            frmSplash splash;
+            SplashWindow splash;
             splash.Form_Load();
             QCOMPARE(UsbMode, qint16(0));
         }
         QDir().mkpath(world.path(QStringLiteral("program/usb.inf")));
         {
-            frmSplash splash;
+            SplashWindow splash;
             splash.Form_Load();
             QCOMPARE(UsbMode, qint16(0)); // a folder of that name is no mark
         }
         QDir().rmdir(world.path(QStringLiteral("program/usb.inf")));
         world.write(QStringLiteral("program/usb.inf"), "");
         {
-            frmSplash splash;
+            SplashWindow splash;
             splash.Form_Load();
             QCOMPARE(UsbMode, qint16(1));
             QCOMPARE(DataRoot(), platform::AppPath());

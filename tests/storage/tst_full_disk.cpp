@@ -2,9 +2,9 @@
 // cfg.txt, settings.txt) stays as it was, byte for byte, and the program goes the failure path
 // of the write (mostly on without a word), never a crash.
 #include "VaultRun.h"
-#include "settings/frmSettings.h"
-#include "startup/frmPassChange.h"
-#include "startup/modMD5.h"
+#include "settings/SettingsWindow.h"
+#include "startup/PasswordChangeDialog.h"
+#include "startup/PasswordDigest.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -52,7 +52,7 @@ private Q_SLOTS:
         for (int i = 0; i < 300; ++i)
             entries.append(Entry { "Entry " + QByteArray::number(i), "pw", {}, "user", {}, {}, {}, {} });
         run.writeVault(entries);
-        frmMain* main = run.start();
+        VaultWindow* main = run.start();
         QVERIFY(main);
         run.setIni(
             QStringLiteral("Administrator/time.txt"), Keys::settings, Keys::time, QStringLiteral("12:00 1.1.2026"));
@@ -70,17 +70,17 @@ private Q_SLOTS:
         currentEntry = Entry { "New", "pw", {}, {}, {}, {}, {}, {} };
         main->cmdSaveChanges_Click();
         main->mnuSettings->trigger();
-        frmSettings* settings = frmSettings::Loaded();
+        SettingsWindow* settings = SettingsWindow::Loaded();
         settings->Check5->click();
         settings->Check14->click();
         settings->Command13->click();
-        main = frmMain::Loaded();
+        main = VaultWindow::Loaded();
         QVERIFY(main && main->isVisible());
         // The password change: its writes fail unnoticed, and it says it is done.
         main->mnuSettings->trigger();
-        settings = frmSettings::Loaded();
+        settings = SettingsWindow::Loaded();
         settings->Command11->click();
-        frmPassChange* change = frmPassChange::Loaded();
+        PasswordChangeDialog* change = PasswordChangeDialog::Loaded();
         change->Timer1_Timer();
         change->Text1->setText(QString());
         change->Text2->setText(QStringLiteral("new"));

@@ -4,9 +4,9 @@
 #include "VaultRun.h"
 #include "platform/Clipboard.h"
 #include "services/ClickablePicture.h"
+#include "tools/PasswordGenerator.h"
 #include "tools/PasswordRecipe.h"
-#include "tools/frmPwdGen.h"
-#include "vault/frmView.h"
+#include "vault/EntryDialog.h"
 
 #include <QPushButton>
 #include <QRadioButton>
@@ -19,14 +19,14 @@ class tst_pwdgen : public QObject
 {
     Q_OBJECT
 
-    static void longer(frmPwdGen& g) { QTest::mousePress(g.Command2, Qt::LeftButton); }
+    static void longer(PasswordGenerator& g) { QTest::mousePress(g.Command2, Qt::LeftButton); }
 
 private Q_SLOTS:
     void lengthButtonsStopOneStepBeforeTheBounds()
     {
         TestWorld world;
         LoadLanguage();
-        frmPwdGen g(nullptr);
+        PasswordGenerator g(nullptr);
         g.show();
         QCOMPARE(g.Text1->Text(), QStringLiteral("5"));
         QCOMPARE(g.windowTitle(), Lang(272));
@@ -66,7 +66,7 @@ private Q_SLOTS:
     {
         TestWorld world;
         LoadLanguage();
-        frmPwdGen g(nullptr);
+        PasswordGenerator g(nullptr);
         const QRegularExpression letters(QStringLiteral("^[a-y]+$"));
         const QRegularExpression digits(QStringLiteral("^[0-8]+$"));
         const QRegularExpression both(QStringLiteral("^[a-y0-8]+$"));
@@ -163,12 +163,12 @@ private Q_SLOTS:
         Entry e;
         e.title = "Mail";
         e.password = "old-pass";
-        frmMain* main = run.startActive({ e });
+        VaultWindow* main = run.startActive({ e });
         QVERIFY(main);
 
         // Opened from the menu: no target, Use never enabled, the copy still works.
         VaultRun::onNextModal([](QWidget* w) {
-            auto* g = qobject_cast<frmPwdGen*>(w);
+            auto* g = qobject_cast<PasswordGenerator*>(w);
             QVERIFY(g);
             QCOMPARE(g->deliveryMode, QStringLiteral("0"));
             QTest::mouseClick(g->Command3, Qt::LeftButton);
@@ -183,7 +183,7 @@ private Q_SLOTS:
         // From the image beside the password box: Use comes with the first result; the box is
         // empty, so nothing is asked.
         VaultRun::onNextModal([](QWidget* w) {
-            auto* g = qobject_cast<frmPwdGen*>(w);
+            auto* g = qobject_cast<PasswordGenerator*>(w);
             QCOMPARE(g->deliveryMode, QStringLiteral("1"));
             g->Timer1_Timer();
             QVERIFY(!g->Command4->isEnabled());
@@ -202,7 +202,7 @@ private Q_SLOTS:
         run.boxes.answer(platform::IDYES);
         QString delivered;
         VaultRun::onNextModal([&delivered](QWidget* w) {
-            auto* g = qobject_cast<frmPwdGen*>(w);
+            auto* g = qobject_cast<PasswordGenerator*>(w);
             QTest::mouseClick(g->Command3, Qt::LeftButton);
             g->Timer1_Timer();
             QTest::mouseClick(g->Command4, Qt::LeftButton);
@@ -218,10 +218,10 @@ private Q_SLOTS:
 
         // From the new-entry dialog the result goes to that dialog's password box.
         VaultRun::onNextModal([](QWidget* w) {
-            auto* view = qobject_cast<frmView*>(w);
+            auto* view = qobject_cast<EntryDialog*>(w);
             QVERIFY(view);
             VaultRun::onNextModal([](QWidget* w2) {
-                auto* g = qobject_cast<frmPwdGen*>(w2);
+                auto* g = qobject_cast<PasswordGenerator*>(w2);
                 QCOMPARE(g->deliveryMode, QStringLiteral("2"));
                 QTest::mouseClick(g->Command1, Qt::LeftButton);
                 QTest::mouseClick(g->Command3, Qt::LeftButton);

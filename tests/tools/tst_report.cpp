@@ -3,7 +3,7 @@
 #include "VaultRun.h"
 #include "platform/CodePage.h"
 #include "platform/Dialogs.h"
-#include "tools/frmRaport.h"
+#include "tools/ReportWindow.h"
 
 #include <QAction>
 #include <QPrinterInfo>
@@ -25,7 +25,7 @@ class tst_report : public QObject
     }
 
     // The report window over a vault of three entries, opened from the menu.
-    static frmRaport* openReport(VaultRun& run, frmMain*& main)
+    static ReportWindow* openReport(VaultRun& run, VaultWindow*& main)
     {
         run.writeVault({ entry("Bank", "ann", "b4n"), entry("Alpha", "", ""), entry("Mail", "ann@xy", "m41l") });
         main = run.start();
@@ -33,8 +33,8 @@ class tst_report : public QObject
         int opened = 0;
         for (int i = 0; i < 4; ++i) {
             VaultRun::onNextModal([&opened](QWidget* w) {
-                opened += qobject_cast<frmRaport*>(w) && w->isModal();
-                frmRaport::Unload();
+                opened += qobject_cast<ReportWindow*>(w) && w->isModal();
+                ReportWindow::Unload();
             });
             if (i == 0)
                 main->mnuReportList->trigger();
@@ -45,7 +45,7 @@ class tst_report : public QObject
         }
         if (opened != 4)
             return nullptr;
-        frmRaport* report = frmRaport::Instance(main);
+        ReportWindow* report = ReportWindow::Instance(main);
         report->show();
         return report;
     }
@@ -56,8 +56,8 @@ private Q_SLOTS:
     void textCountsTheListAndTakesTheTable()
     {
         VaultRun run;
-        frmMain* main = nullptr;
-        frmRaport* report = openReport(run, main);
+        VaultWindow* main = nullptr;
+        ReportWindow* report = openReport(run, main);
         QVERIFY(report);
         const QStringList full = lines(report->TxtLaporan->Text());
         QCOMPARE(full.size(), 7);
@@ -73,7 +73,7 @@ private Q_SLOTS:
         QVERIFY(ReportText(3).endsWith(QStringLiteral("m41l") + QChar(0) + QChar(0) + QStringLiteral("  ")));
         QVERIFY(!report->TxtLaporan->Text().contains(QStringLiteral("doc.txt")));
         report->Command4->click();
-        QVERIFY(!frmRaport::Loaded());
+        QVERIFY(!ReportWindow::Loaded());
 
         // A search for "mail" lists one row: the report shows one line, the table's first.
         main->txtSearch->SetText(QStringLiteral("m41l"));
@@ -88,8 +88,8 @@ private Q_SLOTS:
     void printsAfterTheWarningOrTellsTheFailure()
     {
         VaultRun run;
-        frmMain* main = nullptr;
-        frmRaport* report = openReport(run, main);
+        VaultWindow* main = nullptr;
+        ReportWindow* report = openReport(run, main);
         QVERIFY(report);
         const QString pdf = run.world.path(QStringLiteral("printed.pdf"));
         qputenv("TOLVANE_PRINTER_OUTPUT", pdf.toLocal8Bit());
@@ -114,7 +114,7 @@ private Q_SLOTS:
         QCOMPARE(run.boxes.shown[0].text, Lang(283));
         QVERIFY(run.boxes.shown[1].text.startsWith(QStringLiteral("Printer error")));
         QCOMPARE(run.boxes.shown[1].flags, 16);
-        QCOMPARE(frmRaport::Loaded(), report);
+        QCOMPARE(ReportWindow::Loaded(), report);
         qunsetenv("TOLVANE_PRINTER_OUTPUT");
         // No printer set up (as on CI): told so. A machine with a default printer is not made
         // to print by a test.
@@ -131,8 +131,8 @@ private Q_SLOTS:
     void savesPlainTextUnderTheDefaultExtensionAfterTheDialogsQuestions()
     {
         VaultRun run;
-        frmMain* main = nullptr;
-        frmRaport* report = openReport(run, main);
+        VaultWindow* main = nullptr;
+        ReportWindow* report = openReport(run, main);
         QVERIFY(report);
         QList<platform::FileDialogCall> calls;
         QStringList typed;

@@ -2,8 +2,8 @@
 // and the program comes back through a real restart with that profile.
 #include "VaultRun.h"
 #include "platform/Dialogs.h"
-#include "tools/frmExport.h"
-#include "tools/frmImport.h"
+#include "tools/ExportDialog.h"
+#include "tools/ImportDialog.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -36,13 +36,13 @@ private Q_SLOTS:
     {
         VaultRun run;
         run.writeVault({ entry("Saved") });
-        frmMain* main = run.start();
+        VaultWindow* main = run.start();
         // A change only in memory is not in the export.
         entryTable[1].password = "changed";
         const QByteArray onDisk
             = run.world.read(QStringLiteral("appdata/Brenmark/Tolvane/data/Administrator/list.dat"));
 
-        frmExport* dialog = frmExport::Instance(main);
+        ExportDialog* dialog = ExportDialog::Instance(main);
         QCOMPARE(dialog->Label1->text(), QStringLiteral("Administrator"));
         QCOMPARE(dialog->txtSelected->Text(), QStringLiteral("C:\\tolvane_data.tvd"));
         QStringList answers { QStringLiteral("C:\\out"), QString(), QStringLiteral("C:\\") };
@@ -61,20 +61,20 @@ private Q_SLOTS:
         QCOMPARE(calls[0].title, Lang(177));
 
         for (int twice = 0; twice < 2; ++twice) {
-            dialog = frmExport::Instance(main);
+            dialog = ExportDialog::Instance(main);
             dialog->Command2->click();
             QCOMPARE(run.boxes.shown.last().text, Lang(178));
             QCOMPARE(run.boxes.shown.last().flags, 64);
-            QVERIFY(!frmExport::Loaded());
+            QVERIFY(!ExportDialog::Loaded());
             QCOMPARE(run.world.read(QStringLiteral("home/tolvane_data.tvd")), onDisk);
         }
 
         // A target that can't be written ends the run through the unhandled error.
-        dialog = frmExport::Instance(main);
+        dialog = ExportDialog::Instance(main);
         dialog->txtSelected->SetText(QStringLiteral("C:\\no\\such\\folder\\x.tvd"));
         QVERIFY_THROWS_EXCEPTION(ProcessEnded, dialog->Command2->click());
         QVERIFY(run.boxes.shown.last().text.startsWith(QStringLiteral("Run-time error '76'")));
-        frmExport::Unload();
+        ExportDialog::Unload();
     }
 
     void importReplacesTheVaultThroughARealRestart()
@@ -87,9 +87,9 @@ private Q_SLOTS:
         QList<Entry> imported { entry("One"), entry("Two") };
         QCOMPARE(SaveVault(QStringLiteral("C:\\import.tvd"), imported), VaultSave::Saved);
         run.writeVault({ entry("Old") });
-        frmMain* main = run.start();
+        VaultWindow* main = run.start();
 
-        frmImport* dialog = frmImport::Instance(main);
+        ImportDialog* dialog = ImportDialog::Instance(main);
         QVERIFY(!dialog->Command1->isEnabled());
         // The dialog starts with "*.tvd" in its box, and a name typed without an extension
         // gets ".tvd".

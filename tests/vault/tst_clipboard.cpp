@@ -32,10 +32,10 @@ class tst_clipboard : public QObject
     Q_OBJECT
 
     // A run with the one entry on show and the given options.
-    static frmMain* showMail(VaultRun& run, const QString& s4 = QStringLiteral("0"))
+    static VaultWindow* showMail(VaultRun& run, const QString& s4 = QStringLiteral("0"))
     {
         run.writeVault({ mail() });
-        frmMain* main = run.start();
+        VaultWindow* main = run.start();
         if (!main)
             return nullptr;
         run.setIni(QStringLiteral("Administrator/cfg.txt"), QStringLiteral("setts"), QStringLiteral("s4"), s4);
@@ -51,7 +51,7 @@ private Q_SLOTS:
     void editCommandsActOnTheFieldClickedLastAndNothingBeforeIt()
     {
         VaultRun run;
-        frmMain* main = showMail(run);
+        VaultWindow* main = showMail(run);
         QVERIFY(main);
         QApplication::clipboard()->setText(QStringLiteral("before"));
 
@@ -127,7 +127,7 @@ private Q_SLOTS:
     void theToolbarCutsAndPastesTheSelectionTheMouseLeftBehind()
     {
         VaultRun run;
-        frmMain* main = showMail(run);
+        VaultWindow* main = showMail(run);
         QVERIFY(main);
         // Select the end of the user name, then go for the toolbar: passing over it takes the
         // focus from the box, and the cut still finds the selection.
@@ -155,7 +155,7 @@ private Q_SLOTS:
     void copyImagesMinimiseWithTheOptionAndFailuresAreToldInWords()
     {
         VaultRun run;
-        frmMain* main = showMail(run, QStringLiteral("1"));
+        VaultWindow* main = showMail(run, QStringLiteral("1"));
         QVERIFY(main);
 
         // The menu's copy never minimises; an image does when s4 is exactly "1", read each time.
@@ -206,7 +206,7 @@ private Q_SLOTS:
     {
         for (const char* s3 : { "1", "0", "" }) {
             VaultRun run;
-            frmMain* main = showMail(run);
+            VaultWindow* main = showMail(run);
             QVERIFY(main);
             run.setIni(QStringLiteral("Administrator/cfg.txt"), QStringLiteral("setts"), QStringLiteral("s3"),
                 QLatin1String(s3));

@@ -2,7 +2,7 @@
 // Enter, the focus moving; then the files on disk.
 #include "VaultRun.h"
 #include "platform/CodePage.h"
-#include "vault/frmView.h"
+#include "vault/EntryDialog.h"
 
 #include <QBuffer>
 #include <QImage>
@@ -17,10 +17,10 @@ struct NewEntry
 };
 
 // Adds an entry through the toolbar's new-entry button and the dialog's save button.
-void addEntry(frmMain* main, const NewEntry& e)
+void addEntry(VaultWindow* main, const NewEntry& e)
 {
     VaultRun::onNextModal([e](QWidget* w) {
-        auto* view = qobject_cast<frmView*>(w);
+        auto* view = qobject_cast<EntryDialog*>(w);
         QVERIFY(view);
         VaultRun::type(view->txtDetails, e.title);
         VaultRun::type(view->txtFullName, e.name);
@@ -35,7 +35,7 @@ void addEntry(frmMain* main, const NewEntry& e)
     VaultRun::activate(main);
 }
 
-void search(frmMain* main, const QString& text)
+void search(VaultWindow* main, const QString& text)
 {
     main->txtSearch->SetText(text);
     QTest::mouseClick(main->Command1, Qt::LeftButton);
@@ -65,7 +65,7 @@ private Q_SLOTS:
     void addSearchChangeDeleteCloseAndStartAgain()
     {
         VaultRun run;
-        frmMain* main = run.start();
+        VaultWindow* main = run.start();
         QVERIFY(main);
         VaultRun::activate(main);
         QCOMPARE(main->StatusBar1Panel[0]->text(), QStringLiteral("0 entries"));
@@ -153,7 +153,7 @@ private Q_SLOTS:
     void searchAndListQuirks()
     {
         VaultRun run;
-        frmMain* main = run.start();
+        VaultWindow* main = run.start();
         // An empty vault: nothing to search.
         search(main, QStringLiteral("x"));
         QCOMPARE(run.boxes.shown.last().text, Lang(195));
@@ -200,7 +200,7 @@ private Q_SLOTS:
 
         // Enter while the title box keeps the focus: the title never reached the working copy.
         VaultRun::onNextModal([&run](QWidget* w) {
-            auto* view = qobject_cast<frmView*>(w);
+            auto* view = qobject_cast<EntryDialog*>(w);
             VaultRun::type(view->txtDetails, QStringLiteral("Fresh"));
             QTest::keyClick(view->txtDetails->Editor(), Qt::Key_Return);
             QCOMPARE(run.boxes.shown.last().text, Lang(192));
@@ -216,7 +216,7 @@ private Q_SLOTS:
 
         // A doubled title in the rows on show is refused; the table test catches the rest.
         VaultRun::onNextModal([&run](QWidget* w) {
-            auto* view = qobject_cast<frmView*>(w);
+            auto* view = qobject_cast<EntryDialog*>(w);
             VaultRun::type(view->txtDetails, QStringLiteral("Mail"));
             QTest::mouseClick(view->cmdSaveChanges, Qt::LeftButton);
             QCOMPARE(run.boxes.shown.last().text, Lang(288));
@@ -224,7 +224,7 @@ private Q_SLOTS:
             QTest::mouseClick(view->Command2, Qt::LeftButton);
         });
         main->Command9_Click();
-        VaultRun::onNextModal([](QWidget* w) { qobject_cast<frmView*>(w)->Command2_Click(); });
+        VaultRun::onNextModal([](QWidget* w) { qobject_cast<EntryDialog*>(w)->Command2_Click(); });
         main->Command9_Click();
         // After the dialog's cancel the working copy is empty, whatever the boxes show.
         QVERIFY(!main->txtDetails->Text().isEmpty());
@@ -236,7 +236,7 @@ private Q_SLOTS:
         // The name read back carries a padding zero, and a row ends at it.
         QCOMPARE(VaultRun::rows(main->lstResults), QStringList({ "Mail (u2" }));
         VaultRun::onNextModal([](QWidget* w) {
-            auto* view = qobject_cast<frmView*>(w);
+            auto* view = qobject_cast<EntryDialog*>(w);
             VaultRun::type(view->txtDetails, QStringLiteral("Mail"));
             VaultRun::type(view->txtFullName, QStringLiteral("overwritten"));
             QTest::mouseClick(view->cmdSaveChanges, Qt::LeftButton);
@@ -249,7 +249,7 @@ private Q_SLOTS:
         // and a save change the new entry.
         VaultRun::clickRow(main->lstResults, rowOf(main->lstResults, QStringLiteral("Fresh")));
         VaultRun::onNextModal([](QWidget* w) {
-            auto* view = qobject_cast<frmView*>(w);
+            auto* view = qobject_cast<EntryDialog*>(w);
             VaultRun::type(view->txtDetails, QStringLiteral("Newest"));
             QTest::mouseClick(view->cmdSaveChanges, Qt::LeftButton);
         });
@@ -272,7 +272,7 @@ private Q_SLOTS:
         run.writeVault({ entry("One", "a"), entry("Two", "b") });
         const QString file = QStringLiteral("appdata/Brenmark/Tolvane/data/Administrator/list.dat");
         const QByteArray original = run.world.read(file);
-        frmMain* main = run.start();
+        VaultWindow* main = run.start();
         const QByteArray afterLoad = run.world.read(file);
         QCOMPARE(afterLoad.size(), original.size() + 3);
         main->txtSearch->SetText(QStringLiteral("no such text"));
@@ -289,7 +289,7 @@ private Q_SLOTS:
         QCOMPARE(run.world.read(file).size(), original.size() + 6);
         QCOMPARE(run.vaultOnDisk().size(), 2);
         // Deleting the last entries: the list is empty at the end, so they are back next time.
-        main = frmMain::Loaded();
+        main = VaultWindow::Loaded();
         for (int i = 0; i < 2; ++i) {
             main->lstResults->SetListIndex(0);
             main->mnuDelete_Click();
@@ -303,7 +303,7 @@ private Q_SLOTS:
     void oddTitlesLongNotesAndPicturesThroughASave()
     {
         VaultRun run;
-        frmMain* main = run.start();
+        VaultWindow* main = run.start();
         VaultRun::activate(main);
         const QStringList titles = { QStringLiteral("a=b"), QStringLiteral(";semi"), QStringLiteral("x]y"),
             QStringLiteral("[open"), QStringLiteral("  lead"), QStringLiteral("Zürich é") };
@@ -336,7 +336,7 @@ private Q_SLOTS:
         const int before = static_cast<int>(run.boxes.shown.size());
         for (const char* title : { "bmp", "png" }) {
             VaultRun::onNextModal([title](QWidget* w) {
-                auto* view = qobject_cast<frmView*>(w);
+                auto* view = qobject_cast<EntryDialog*>(w);
                 VaultRun::type(view->txtDetails, QLatin1String(title));
                 for (int i = 0; i < (title[0] == 'b' ? 4 : 1); ++i)
                     view->cmdLoad_Click();
@@ -384,7 +384,7 @@ private Q_SLOTS:
             QList<Entry> entries;
             for (const QString& title : sorted)
                 entries.prepend(Entry { platform::ToCodePage(title), {}, {}, {}, {}, {}, {}, {} });
-            frmMain* main = run.startActive(entries);
+            VaultWindow* main = run.startActive(entries);
             QVERIFY(main);
             QCOMPARE(VaultRun::rows(main->lstResults), sorted);
             run.close();
@@ -397,7 +397,7 @@ private Q_SLOTS:
         VaultRun run;
         run.writeVault({ entry("One", "a") });
         const QString file = QStringLiteral("appdata/Brenmark/Tolvane/data/Administrator/list.dat");
-        frmMain* main = run.start();
+        VaultWindow* main = run.start();
         VaultRun::activate(main);
         VaultRun::clickRow(main->lstResults, 0);
         VaultRun::type(main->txtFullName, QStringLiteral("b"));
@@ -406,10 +406,10 @@ private Q_SLOTS:
         QCOMPARE(currentEntry.userName, QByteArray("ba"));
 
         VaultRun::onNextModal([&run](QWidget* w) {
-            qobject_cast<frmView*>(w)->Command1->click();
+            qobject_cast<EntryDialog*>(w)->Command1->click();
             QCOMPARE(run.boxes.shown.last().text, Lang(289));
             QCOMPARE(run.boxes.shown.last().flags, 64);
-            qobject_cast<frmView*>(w)->Command2->click();
+            qobject_cast<EntryDialog*>(w)->Command2->click();
         });
         main->mnuNew_Click();
 
@@ -448,7 +448,7 @@ private Q_SLOTS:
             run.world.write(QStringLiteral("appdata/Brenmark/Tolvane/data/Administrator/list.dat"), content);
             run.world.write(QStringLiteral("appdata/Brenmark/Tolvane/data/Administrator/settings.txt"), noise);
             run.world.write(QStringLiteral("appdata/Brenmark/Tolvane/data/Administrator/cfg.txt"), noise);
-            frmMain* main = run.start();
+            VaultWindow* main = run.start();
             QVERIFY(main || run.login());
             if (run.login())
                 run.login()->Command2_Click();

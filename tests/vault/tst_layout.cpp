@@ -23,14 +23,14 @@ Entry entry(const char* title, const char* name)
 }
 
 // Asks the window for an outer size in twips, as a user's drag would.
-void dragTo(frmMain* main, int W, int H)
+void dragTo(VaultWindow* main, int W, int H)
 {
     main->SetOuterSize(W, H);
     QCoreApplication::processEvents();
 }
 
 // Every rule of the layout, for the outer size W by H.
-void checkLayout(const frmMain* main, int W, int H)
+void checkLayout(const VaultWindow* main, int W, int H)
 {
     QCOMPARE(main->OuterWidth(), W);
     QCOMPARE(main->OuterHeight(), H);
@@ -60,7 +60,7 @@ private Q_SLOTS:
     void resizeRulesAroundTheMinimumInBothModes()
     {
         VaultRun run;
-        frmMain* main = run.startActive({ entry("Bank", "ann"), entry("Shop", "bob") });
+        VaultWindow* main = run.startActive({ entry("Bank", "ann"), entry("Shop", "bob") });
         QVERIFY(main);
         for (const bool results : { false, true }) {
             if (results) {
@@ -108,7 +108,7 @@ private Q_SLOTS:
     void minimisedWindowStaysMinimised()
     {
         VaultRun run;
-        frmMain* main = run.start();
+        VaultWindow* main = run.start();
         QVERIFY(main);
         VaultRun::activate(main);
         dragTo(main, 10005, 8010);
@@ -134,7 +134,7 @@ private Q_SLOTS:
     void hoverOverTheToolbarCarriesTheBoxIntoTheWorkingCopy()
     {
         VaultRun run;
-        frmMain* main = run.startActive({ entry("Bank", "ann") });
+        VaultWindow* main = run.startActive({ entry("Bank", "ann") });
         QVERIFY(main);
         // The keyboard starts in the search box at the top, not on a toolbar button.
         QCOMPARE(QApplication::focusWidget(), main->txtSearch->Editor());
@@ -157,7 +157,7 @@ private Q_SLOTS:
     void theTitleBoxIsGreyAsAReadOnlyField()
     {
         VaultRun run;
-        frmMain* main = run.startActive({ Entry { "Mail", "pw", {}, "anna", {}, {}, {}, {} } });
+        VaultWindow* main = run.startActive({ Entry { "Mail", "pw", {}, "anna", {}, {}, {}, {} } });
         QVERIFY(main);
         // The ground of each box at its right end, where no text stands.
         auto ground = [](TextBox* box) {
@@ -172,7 +172,7 @@ private Q_SLOTS:
     void menusAsDesigned()
     {
         VaultRun run;
-        frmMain* main = run.start();
+        VaultWindow* main = run.start();
         QVERIFY(main);
         // Each menu with its slot, then its entries with theirs; 0 is a separator.
         const QList<QPair<QString, QList<QPair<QString, int>>>> menus = {
@@ -225,7 +225,7 @@ private Q_SLOTS:
     void assistiveToolsFindEveryControlByName()
     {
         VaultRun run;
-        frmMain* main = run.startActive({ entry("Bank", "ann") });
+        VaultWindow* main = run.startActive({ entry("Bank", "ann") });
         QVERIFY(main);
         auto seen = [](QWidget* w) { return QAccessible::queryAccessibleInterface(w); };
         // The toolbar's buttons have no text; they are named after their menu entries.

@@ -1,6 +1,6 @@
 // The table of entries, the title cut from a row and the row a search makes.
-#include "vault/frmMain.h"
-#include "vault/modRoster.h"
+#include "vault/EntryTable.h"
+#include "vault/VaultWindow.h"
 
 #include <QTest>
 

@@ -1,0 +1,93 @@
+#include "vault/EntryTable.h"
+
+EntryTable entryTable;
+Entry currentEntry;
+bool vaultDirty = false;
+
+void EntryTable::ReDim(int lowerBound, int upperBound)
+{
+    if (upperBound < lowerBound)
+        return; // "1 To 0" is refused and leaves the table as it was
+    allocated = true;
+    lower = lowerBound;
+    slots = QList<Entry>(upperBound - lowerBound + 1);
+}
+
+void EntryTable::ReDimPreserve(int upperBound)
+{
+    if (!allocated || upperBound < lower)
+        return;
+    slots.resize(upperBound - lower + 1);
+}
+
+void EntryTable::Erase()
+{
+    allocated = false;
+    lower = 0;
+    slots.clear();
+}
+
+qint16 FindEntryByTitle(const QByteArray& title, const EntryTable& table)
+{
+    qint16 found = 0;
+    for (int i = 1; i <= table.UBound() && i <= 32767; ++i) {
+        if (table[i].title == title)
+            found = static_cast<qint16>(i); // the walk goes on: the last match wins
+    }
+    return found;
+}
+
+void InsertEntry(EntryTable& table, const Entry& record, qint16& position)
+{
+    if (static_cast<quint16>(position) > 65534 && table.HasBounds() && table.UBound() + 1 <= 32767)
+        position = static_cast<qint16>(table.UBound() + 1);
+    if (static_cast<quint16>(position) > 65534)
+        position = 1; // the upper bound could not be read
+    const qint16 n = EntryCount(table);
+    if (n < 1) {
+        table.ReDim(1, 1);
+        table[1] = record;
+        return;
+    }
+    if (n < position) {
+        table.ReDimPreserve(table.UBound() + 1);
+        table[table.UBound()] = record;
+        return;
+    }
+    table.ReDimPreserve(table.UBound() + 1);
+    for (int i = table.UBound(); i > position; --i)
+        table[i] = table[i - 1];
+    table[position] = record;
+}
+
+void RemoveEntry(EntryTable& table, int index)
+{
+    if (index < 1 || index > EntryCount(table))
+        return;
+    for (int i = index; i < table.UBound(); ++i)
+        table[i] = table[i + 1];
+    if (table.UBound() > 1) {
+        table.ReDimPreserve(table.UBound() - 1);
+    } else {
+        table.ReDim(0, 0);
+    }
+}
+
+void StoreEntry(const Entry& record)
+{
+    const qint16 index = FindEntryByTitle(record.title);
+    if (index == 0) {
+        qint16 end = -1;
+        InsertEntry(entryTable, record, end);
+    } else {
+        entryTable[index] = record;
+    }
+    vaultDirty = true;
+}
+
+qint16 EntryCount(const EntryTable& table)
+{
+    if (!table.HasBounds())
+        return 0;
+    return static_cast<qint16>(table.UBound() - table.LBound() + 1);
+}
