@@ -171,6 +171,7 @@ private Q_SLOTS:
         report->Command2->click();
         QCOMPARE(calls.size(), 3);
         QCOMPARE(calls[2].fileName, QStringLiteral("report.pdf"));
+        QCOMPARE(calls[2].initialFolder, QStringLiteral("C:\\"));
         QCOMPARE(boxes(),
             QStringList { QStringLiteral("52|Save As|C:\\report.pdf already exists.\nDo you want to replace it?") });
         QCOMPARE(run.world.read(QStringLiteral("home/report.pdf")), QByteArray("older"));

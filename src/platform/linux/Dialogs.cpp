@@ -81,6 +81,8 @@ QString RunFileDialog(QWidget* owner, FileDialogCall call)
             return QString();
         const QString path = WithDefaultExtension(given, call.defaultExtension);
         const bool exists = QFileInfo(ToNative(path)).isFile();
+        // Asked again, the dialog stands in the folder the name was given in.
+        call.initialFolder = path.left(path.lastIndexOf(QLatin1Char('\\')) + 1);
         call.fileName = path.mid(path.lastIndexOf(QLatin1Char('\\')) + 1);
         if (exists && call.save && (call.flags & OFN_OVERWRITEPROMPT)) {
             if (MsgBox(path + QStringLiteral(" already exists.\nDo you want to replace it?"), 48 + 4, title) != IDYES)
