@@ -148,7 +148,7 @@ int main(int argc, char* argv[])
         if (!main || !QTest::qWaitForWindowExposed(main))
             return 4;
         enterToVault << t.nsecsElapsed() / 1e6;
-        if (main->lstResults->ListCount() != 300)
+        if (main->list->ListCount() != 300)
             return 5;
         QTest::qWait(20);
         rss = std::max(rss, residentKb());

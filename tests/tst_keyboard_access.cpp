@@ -192,23 +192,23 @@ private Q_SLOTS:
         QVERIFY(main);
         audit(main);
         // A search brings the button back to the whole list above it.
-        main->txtSearch->SetText(QStringLiteral("mail"));
-        main->Command1_Click();
-        QVERIFY(main->Command2->isVisible());
+        main->searchBox->SetText(QStringLiteral("mail"));
+        main->search();
+        QVERIFY(main->showAllButton->isVisible());
         main->setObjectName(QStringLiteral("VaultWindow searching"));
         audit(main);
         main->setObjectName(QStringLiteral("VaultWindow"));
-        auditModal([main] { main->mnuNew->trigger(); });
-        auditModal([main] { main->mnuPassGen->trigger(); });
-        auditModal([main] { main->mnuReportList->trigger(); });
-        auditModal([main] { main->mnuExport->trigger(); });
-        auditModal([main] { main->mnuImport->trigger(); });
+        auditModal([main] { main->newEntryAction->trigger(); });
+        auditModal([main] { main->generatorAction->trigger(); });
+        auditModal([main] { main->reportAction->trigger(); });
+        auditModal([main] { main->exportAction->trigger(); });
+        auditModal([main] { main->importAction->trigger(); });
         // The about box's version closes the box when clicked, as OK does.
-        auditModal([main] { main->mnuAbout->trigger(); }, { QStringLiteral("Label1") });
-        auditModal([main] { main->mnuUpdate->trigger(); });
+        auditModal([main] { main->aboutAction->trigger(); }, { QStringLiteral("Label1") });
+        auditModal([main] { main->trayUpdateAction->trigger(); });
 
         // The settings window, each of its pages, and the profile dialogs of the last one.
-        main->mnuSettings->trigger();
+        main->settingsAction->trigger();
         SettingsWindow* settings = SettingsWindow::Loaded();
         QVERIFY(settings);
         for (int page = 0; page < settings->TabStrip1->count(); ++page) {
@@ -279,7 +279,7 @@ private Q_SLOTS:
             generated = generator->Text2->Text();
             w->close();
         });
-        main->mnuPassGen->trigger();
+        main->generatorAction->trigger();
         QVERIFY2(found.isEmpty(), qPrintable(found.join(QStringLiteral(", "))));
         QCOMPARE(length, QStringLiteral("5"));
         QCOMPARE(generated.size(), 5);
@@ -291,11 +291,11 @@ private Q_SLOTS:
             target = path->Text();
             w->close();
         });
-        main->mnuExport->trigger();
+        main->exportAction->trigger();
         QCOMPARE(target, QStringLiteral("C:\\tolvane_data.tvd"));
 
         // The profile dialogs keep the stored values to themselves.
-        main->mnuSettings->trigger();
+        main->settingsAction->trigger();
         SettingsWindow* settings = SettingsWindow::Loaded();
         settings->Command11->click();
         settings->Command12->click();
@@ -318,34 +318,34 @@ private Q_SLOTS:
         mail.password = "secret-pass";
         VaultWindow* main = run.startActive({ mail });
         QVERIFY(main);
-        VaultRun::clickRow(main->lstResults, 0);
-        main->Timer1_Timer();
-        QCOMPARE(main->txtAge->Text(), QStringLiteral("secret-pass"));
+        VaultRun::clickRow(main->list, 0);
+        main->keepBoxesInStep();
+        QCOMPARE(main->passwordBox->Text(), QStringLiteral("secret-pass"));
 
-        VaultRun::clickInto(main->txtAge);
+        VaultRun::clickInto(main->passwordBox);
         QApplication::clipboard()->setText(QStringLiteral("before"));
-        QTest::mouseClick(main->Image4, Qt::LeftButton);
+        QTest::mouseClick(main->copyPasswordButton, Qt::LeftButton);
         QCOMPARE(platform::ClipboardText(), QStringLiteral("secret-pass"));
-        QCOMPARE(QApplication::focusWidget(), main->txtAge->Editor());
+        QCOMPARE(QApplication::focusWidget(), main->passwordBox->Editor());
 
         QApplication::clipboard()->setText(QStringLiteral("before"));
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-        QCOMPARE(QApplication::focusWidget(), main->Image4);
-        QTest::keyClick(main->Image4, Qt::Key_Space);
+        QCOMPARE(QApplication::focusWidget(), main->copyPasswordButton);
+        QTest::keyClick(main->copyPasswordButton, Qt::Key_Space);
         QCOMPARE(platform::ClipboardText(), QStringLiteral("secret-pass"));
 
-        QTest::keyClick(main->Image4, Qt::Key_Tab);
-        QCOMPARE(QApplication::focusWidget(), main->Image6);
+        QTest::keyClick(main->copyPasswordButton, Qt::Key_Tab);
+        QCOMPARE(QApplication::focusWidget(), main->generatorButton);
         bool generator = false;
         VaultRun::onNextModal([&generator](QWidget* w) {
             generator = qobject_cast<PasswordGenerator*>(w);
             w->close();
         });
-        QTest::keyClick(main->Image6, Qt::Key_Return);
+        QTest::keyClick(main->generatorButton, Qt::Key_Return);
         QVERIFY(generator);
         // A modifier makes it no press.
         QApplication::clipboard()->setText(QStringLiteral("before"));
-        QTest::keyClick(main->Image4, Qt::Key_Space, Qt::ControlModifier);
+        QTest::keyClick(main->copyPasswordButton, Qt::Key_Space, Qt::ControlModifier);
         QCOMPARE(platform::ClipboardText(), QStringLiteral("before"));
     }
 };

@@ -41,12 +41,12 @@ int shoot(const QString& dir, const QString& scale)
     if (!main)
         return 2;
     VaultRun::activate(main);
-    VaultRun::clickRow(main->lstResults, 1);
+    VaultRun::clickRow(main->list, 1);
     // The mouse rests on the copy button, which shows the look of a button under the mouse.
-    QTest::mouseMove(main->Command13);
+    QTest::mouseMove(main->copyButton);
     QTest::qWait(200);
     bool saved = save(main, dir, QStringLiteral("main"), scale);
-    saved = save(main->Command13, dir, QStringLiteral("toolbar"), scale) && saved;
+    saved = save(main->copyButton, dir, QStringLiteral("toolbar"), scale) && saved;
 
     SettingsWindow* settings = SettingsWindow::Instance();
     VaultRun::activate(settings);

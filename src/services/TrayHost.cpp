@@ -74,8 +74,8 @@ void TrayHost::Form_Load()
     if (!iconShown) {
         // Without a notification area the pop-up menu would be out of reach.
         VaultWindow* vault = VaultWindow::Instance();
-        vault->mnuPop->setTitle(platform::AppTitle());
-        vault->menuBar()->addMenu(vault->mnuPop);
+        vault->trayMenu->setTitle(platform::AppTitle());
+        vault->menuBar()->addMenu(vault->trayMenu);
     }
     const QString cfg = ProfileFile(QStringLiteral("cfg.txt"));
     if (!FileExist(cfg)) {
@@ -104,7 +104,7 @@ void TrayHost::Form_MouseMove(int button, int shift, int x, int y)
     Q_UNUSED(y);
     // The scale is twips: the message is X over the twips of a pixel.
     const int message = qRound(x / TwipsPerPixel());
-    QMenu* menu = VaultWindow::Instance()->mnuPop;
+    QMenu* menu = VaultWindow::Instance()->trayMenu;
     switch (message) {
     case platform::WM_LBUTTONUP:
         menu->popup(QCursor::pos());

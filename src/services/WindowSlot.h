@@ -8,7 +8,10 @@ public:
     {
         if (!form) {
             form = make();
-            form->Form_Load();
+            if constexpr (requires { form->load(); })
+                form->load();
+            else
+                form->Form_Load();
         }
         return form;
     }

@@ -174,7 +174,7 @@ void LoginDialog::openVault(bool typedLogin)
     VaultWindow* main = VaultWindow::Instance();
     main->show();
     if (typedLogin)
-        main->Timer3->start();
+        main->updateCheckTimer->start();
     unload();
 }
 

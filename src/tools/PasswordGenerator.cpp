@@ -169,7 +169,7 @@ TextBox* PasswordGenerator::target() const
 {
     const QString& mode = deliveryMode;
     if (mode == QLatin1String("1"))
-        return VaultWindow::Instance()->txtAge;
+        return VaultWindow::Instance()->passwordBox;
     if (mode == QLatin1String("2")) {
         for (QWidget* w : QApplication::topLevelWidgets()) {
             if (auto* view = qobject_cast<EntryDialog*>(w); view && view->isVisible())

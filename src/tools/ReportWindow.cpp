@@ -58,7 +58,7 @@ void ReportWindow::Form_Load()
     Command4->setText(Lang(147));
     TxtLaporan->Editor()->setAccessibleName(Lang(280)); // the box is the report
     const VaultWindow* main = VaultWindow::Loaded();
-    TxtLaporan->SetText(ReportText(main ? main->lstResults->ListCount() : 0));
+    TxtLaporan->SetText(ReportText(main ? main->ListedRows() : 0));
 }
 
 void ReportWindow::Command1_Click()

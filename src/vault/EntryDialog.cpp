@@ -125,15 +125,15 @@ void EntryDialog::cmdSaveChanges_Click()
     // The rows on show against the text in the box: a row that carries a field value, or an
     // entry that a search left out, passes.
     VaultWindow* main = VaultWindow::Instance();
-    for (int i = 0; i < main->lstResults->ListCount(); ++i) {
-        if (main->lstResults->List(i) == txtDetails->Text()) {
+    for (int i = 0; i < main->list->ListCount(); ++i) {
+        if (main->list->List(i) == txtDetails->Text()) {
             platform::MsgBox(Lang(288), 64);
             return;
         }
     }
     StoreEntry(copy);
     platform::MsgBox(Lang(193), 64);
-    main->FillWithAllTitles();
+    main->fillWithAllTitles();
     unload();
 }
 

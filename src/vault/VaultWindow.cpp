@@ -41,6 +41,8 @@
 #include <QPushButton>
 #include <QStatusBar>
 
+#include <functional>
+
 namespace {
 
 WindowSlot<VaultWindow>& slot()
@@ -102,7 +104,7 @@ void VaultWindow::Unload()
     if (!form)
         return;
     form->unloaded = true;
-    form->Form_Unload();
+    form->save();
     form->hide();
     form->deleteLater();
 }
@@ -112,15 +114,15 @@ VaultWindow::VaultWindow()
     setObjectName(QStringLiteral("VaultWindow"));
     buildMenus();
     buildControls();
-    Timer1 = new QTimer(this);
-    Timer1->setObjectName(QStringLiteral("Timer1"));
-    Timer1->setInterval(100);
-    connect(Timer1, &QTimer::timeout, this, &VaultWindow::Timer1_Timer);
-    Timer1->start();
-    Timer3 = new QTimer(this);
-    Timer3->setObjectName(QStringLiteral("Timer3"));
-    Timer3->setInterval(1000);
-    connect(Timer3, &QTimer::timeout, this, &VaultWindow::Timer3_Timer);
+    boxLockTimer = new QTimer(this);
+    boxLockTimer->setObjectName(QStringLiteral("boxLockTimer"));
+    boxLockTimer->setInterval(100);
+    connect(boxLockTimer, &QTimer::timeout, this, &VaultWindow::keepBoxesInStep);
+    boxLockTimer->start();
+    updateCheckTimer = new QTimer(this);
+    updateCheckTimer->setObjectName(QStringLiteral("updateCheckTimer"));
+    updateCheckTimer->setInterval(1000);
+    connect(updateCheckTimer, &QTimer::timeout, this, &VaultWindow::startSilentUpdateCheck);
     // The design client area is 9030 by 6300 twips below the menu bar.
     SetOuterSize(9030 + frameWidth, 6300 + frameHeight);
 }
@@ -137,90 +139,90 @@ void VaultWindow::buildMenus()
         a->setObjectName(QLatin1String(name));
         return a;
     };
-    mnuFile = menu("mnuFile");
-    mnuNew = entry(mnuFile, "mnuNew");
-    mnuDelete = entry(mnuFile, "mnuDelete");
-    mnuFile->addSeparator();
-    mnuImport = entry(mnuFile, "mnuImport");
-    mnuExport = entry(mnuFile, "mnuExport");
-    mnuFile->addSeparator();
-    mnuPrint = entry(mnuFile, "mnuPrint");
-    mnuFile->addSeparator();
-    mnuClose = entry(mnuFile, "mnuClose");
+    fileMenu = menu("fileMenu");
+    newEntryAction = entry(fileMenu, "newEntryAction");
+    deleteEntryAction = entry(fileMenu, "deleteEntryAction");
+    fileMenu->addSeparator();
+    importAction = entry(fileMenu, "importAction");
+    exportAction = entry(fileMenu, "exportAction");
+    fileMenu->addSeparator();
+    printAction = entry(fileMenu, "printAction");
+    fileMenu->addSeparator();
+    closeAction = entry(fileMenu, "closeAction");
 
-    mnuEdit = menu("mnuEdit");
-    mnuUndo = entry(mnuEdit, "mnuUndo");
-    mnuRedo = entry(mnuEdit, "mnuRedo");
-    mnuEdit->addSeparator();
-    cmdCut = entry(mnuEdit, "cmdCut");
-    cmdCopy = entry(mnuEdit, "cmdCopy");
-    cmdPaste = entry(mnuEdit, "cmdPaste");
-    mnuEdit->addSeparator();
-    cmdClearClip = entry(mnuEdit, "cmdClearClip");
+    editMenu = menu("editMenu");
+    undoAction = entry(editMenu, "undoAction");
+    redoAction = entry(editMenu, "redoAction");
+    editMenu->addSeparator();
+    cutAction = entry(editMenu, "cutAction");
+    copyAction = entry(editMenu, "copyAction");
+    pasteAction = entry(editMenu, "pasteAction");
+    editMenu->addSeparator();
+    clearClipboardAction = entry(editMenu, "clearClipboardAction");
 
-    mnuView = menu("mnuView");
-    mnuOpenDoc = entry(mnuView, "mnuOpenDoc");
-    mnuOpenUrl = entry(mnuView, "mnuOpenUrl");
-    mnuView->addSeparator();
-    mnuRefresh = entry(mnuView, "mnuRefresh");
+    viewMenu = menu("viewMenu");
+    openDocumentAction = entry(viewMenu, "openDocumentAction");
+    openAddressAction = entry(viewMenu, "openAddressAction");
+    viewMenu->addSeparator();
+    refreshAction = entry(viewMenu, "refreshAction");
 
-    mnuReports = menu("mnuReports");
-    mnuReportList = entry(mnuReports, "mnuReportList");
+    reportsMenu = menu("reportsMenu");
+    reportAction = entry(reportsMenu, "reportAction");
 
-    mnuTools = menu("mnuTools");
-    mnuPassGen = entry(mnuTools, "mnuPassGen");
-    mnuTools->addSeparator();
-    mnuSettings = entry(mnuTools, "mnuSettings");
+    toolsMenu = menu("toolsMenu");
+    generatorAction = entry(toolsMenu, "generatorAction");
+    toolsMenu->addSeparator();
+    settingsAction = entry(toolsMenu, "settingsAction");
 
-    mnuHelp = menu("mnuHelp");
-    read1 = entry(mnuHelp, "read1");
-    lic1 = entry(mnuHelp, "lic1");
-    aktul = entry(mnuHelp, "aktul");
-    strwww = entry(mnuHelp, "strwww");
-    mnuHelp->addSeparator();
-    mnuAbout = entry(mnuHelp, "mnuAbout");
+    helpMenu = menu("helpMenu");
+    readMeAction = entry(helpMenu, "readMeAction");
+    licenceAction = entry(helpMenu, "licenceAction");
+    updateAction = entry(helpMenu, "updateAction");
+    homePageAction = entry(helpMenu, "homePageAction");
+    helpMenu->addSeparator();
+    aboutAction = entry(helpMenu, "aboutAction");
 
-    mnuPop = new QMenu(this);
-    mnuPop->setObjectName(QStringLiteral("mnuPop"));
-    mnuOpen = entry(mnuPop, "mnuOpen");
-    mnuPop->addSeparator();
-    mnuUpdate = entry(mnuPop, "mnuUpdate");
-    mnuPop->addSeparator();
-    mnuWWW = entry(mnuPop, "mnuWWW");
-    mnuForum = entry(mnuPop, "mnuForum");
-    mnuPop->addSeparator();
-    mnuAbout2 = entry(mnuPop, "mnuAbout2");
-    mnuClose2 = entry(mnuPop, "mnuClose2");
+    trayMenu = new QMenu(this);
+    trayMenu->setObjectName(QStringLiteral("trayMenu"));
+    showWindowAction = entry(trayMenu, "showWindowAction");
+    trayMenu->addSeparator();
+    trayUpdateAction = entry(trayMenu, "trayUpdateAction");
+    trayMenu->addSeparator();
+    trayHomePageAction = entry(trayMenu, "trayHomePageAction");
+    forumAction = entry(trayMenu, "forumAction");
+    trayMenu->addSeparator();
+    trayAboutAction = entry(trayMenu, "trayAboutAction");
+    trayCloseAction = entry(trayMenu, "trayCloseAction");
 
-    connect(mnuNew, &QAction::triggered, this, &VaultWindow::mnuNew_Click);
-    connect(mnuDelete, &QAction::triggered, this, &VaultWindow::mnuDelete_Click);
-    connect(mnuClose, &QAction::triggered, this, &VaultWindow::mnuClose_Click);
-    connect(mnuRefresh, &QAction::triggered, this, &VaultWindow::mnuRefresh_Click);
-    connect(mnuOpen, &QAction::triggered, this, &VaultWindow::mnuOpen_Click);
-    connect(mnuClose2, &QAction::triggered, this, &VaultWindow::mnuClose2_Click);
-    connect(cmdCopy, &QAction::triggered, this, &VaultWindow::cmdCopy_Click);
-    connect(cmdCut, &QAction::triggered, this, &VaultWindow::cmdCut_Click);
-    connect(cmdPaste, &QAction::triggered, this, &VaultWindow::cmdPaste_Click);
-    connect(mnuUndo, &QAction::triggered, this, &VaultWindow::mnuUndo_Click);
-    connect(mnuRedo, &QAction::triggered, this, &VaultWindow::mnuRedo_Click);
-    connect(cmdClearClip, &QAction::triggered, this, &VaultWindow::cmdClearClip_Click);
-    connect(mnuOpenUrl, &QAction::triggered, this, &VaultWindow::mnuOpenUrl_Click);
-    connect(mnuOpenDoc, &QAction::triggered, this, &VaultWindow::mnuOpenDoc_Click);
-    connect(mnuPassGen, &QAction::triggered, this, &VaultWindow::mnuPassGen_Click);
-    connect(mnuSettings, &QAction::triggered, this, &VaultWindow::mnuSettings_Click);
-    connect(mnuReportList, &QAction::triggered, this, &VaultWindow::mnuReportList_Click);
-    connect(mnuPrint, &QAction::triggered, this, &VaultWindow::mnuReportList_Click);
-    connect(mnuExport, &QAction::triggered, this, &VaultWindow::mnuExport_Click);
-    connect(mnuImport, &QAction::triggered, this, &VaultWindow::mnuImport_Click);
-    connect(aktul, &QAction::triggered, this, &VaultWindow::aktul_Click);
-    connect(mnuUpdate, &QAction::triggered, this, &VaultWindow::aktul_Click);
-    connect(mnuAbout, &QAction::triggered, this, &VaultWindow::mnuAbout_Click);
-    connect(mnuAbout2, &QAction::triggered, this, &VaultWindow::mnuAbout_Click);
-    connect(mnuWWW, &QAction::triggered, this, &VaultWindow::mnuWWW_Click);
-    connect(strwww, &QAction::triggered, this, &VaultWindow::strwww_Click);
-    connect(mnuForum, &QAction::triggered, this, &VaultWindow::mnuForum_Click);
-    connect(read1, &QAction::triggered, this, &VaultWindow::read1_Click);
-    connect(lic1, &QAction::triggered, this, &VaultWindow::lic1_Click);
+    connect(newEntryAction, &QAction::triggered, this, &VaultWindow::newEntry);
+    connect(deleteEntryAction, &QAction::triggered, this, &VaultWindow::deleteEntryFromMenu);
+    connect(closeAction, &QAction::triggered, this, &VaultWindow::closeProgram);
+    connect(refreshAction, &QAction::triggered, this, &VaultWindow::refresh);
+    connect(showWindowAction, &QAction::triggered, this, &VaultWindow::showWindow);
+    connect(trayCloseAction, &QAction::triggered, this, &VaultWindow::closeProgram);
+    connect(copyAction, &QAction::triggered, this, &VaultWindow::copyCurrentField);
+    connect(cutAction, &QAction::triggered, this, &VaultWindow::cutCurrentField);
+    connect(pasteAction, &QAction::triggered, this, &VaultWindow::pasteIntoCurrentField);
+    connect(undoAction, &QAction::triggered, this, &VaultWindow::undoCurrentField);
+    connect(redoAction, &QAction::triggered, this, &VaultWindow::redoCurrentField);
+    connect(clearClipboardAction, &QAction::triggered, this, &VaultWindow::clearClipboard);
+    connect(openAddressAction, &QAction::triggered, this, &VaultWindow::openAddress);
+    connect(openDocumentAction, &QAction::triggered, this, &VaultWindow::openDocument);
+    connect(generatorAction, &QAction::triggered, this, &VaultWindow::openGenerator);
+    connect(settingsAction, &QAction::triggered, this, &VaultWindow::openSettings);
+    connect(reportAction, &QAction::triggered, this, &VaultWindow::showReport);
+    connect(printAction, &QAction::triggered, this, &VaultWindow::showReport);
+    connect(exportAction, &QAction::triggered, this, &VaultWindow::exportVault);
+    connect(importAction, &QAction::triggered, this, &VaultWindow::importVault);
+    connect(updateAction, &QAction::triggered, this, &VaultWindow::checkForUpdates);
+    connect(trayUpdateAction, &QAction::triggered, this, &VaultWindow::checkForUpdates);
+    connect(aboutAction, &QAction::triggered, this, &VaultWindow::showAbout);
+    connect(trayAboutAction, &QAction::triggered, this, &VaultWindow::showAbout);
+    connect(trayHomePageAction, &QAction::triggered, this, &VaultWindow::openHomePage);
+    connect(homePageAction, &QAction::triggered, this, &VaultWindow::openHomePage);
+    connect(forumAction, &QAction::triggered, this, &VaultWindow::openForum);
+    connect(readMeAction, &QAction::triggered, this, &VaultWindow::openReadMe);
+    connect(licenceAction, &QAction::triggered, this, &VaultWindow::openLicence);
 }
 
 void VaultWindow::buildControls()
@@ -234,38 +236,38 @@ void VaultWindow::buildControls()
     auto button = [&](const char* name) { return Named(new QPushButton(client), name); };
 
     // A shaded strip with the list's heading and the entry's title on it, and a line under it.
-    Image8 = label("Image8");
-    Image8->setAutoFillBackground(true);
-    Image8->setBackgroundRole(QPalette::AlternateBase);
-    PlaceTwips(Image8, 0, 360, 9270, 330);
-    Line1 = Named(new QFrame(client), "Line1");
-    Line1->setFrameShape(QFrame::HLine);
-    Line1->setFrameShadow(QFrame::Plain);
-    Line1->setForegroundRole(QPalette::Mid);
-    PlaceTwips(Line1, 0, 675, 9270, 15);
+    headingStrip = label("headingStrip");
+    headingStrip->setAutoFillBackground(true);
+    headingStrip->setBackgroundRole(QPalette::AlternateBase);
+    PlaceTwips(headingStrip, 0, 360, 9270, 330);
+    headingLine = Named(new QFrame(client), "headingLine");
+    headingLine->setFrameShape(QFrame::HLine);
+    headingLine->setFrameShadow(QFrame::Plain);
+    headingLine->setForegroundRole(QPalette::Mid);
+    PlaceTwips(headingLine, 0, 675, 9270, 15);
 
-    Label2 = label("Label2");
-    PlaceTwips(Label2, 120, 405, 2415, 330);
-    Command2 = button("Command2");
-    PlaceTwips(Command2, 120, 760, 2415, 375);
-    Command2->setVisible(false);
-    connect(Command2, &QPushButton::clicked, this, &VaultWindow::Command2_Click);
-    lstResults = Named(new ListBox(true, client), "lstResults");
-    PlaceTwips(lstResults, 120, 840, 2415, 4785);
-    connect(lstResults, &ListBox::Click, this, &VaultWindow::lstResults_Click);
+    listHeading = label("listHeading");
+    PlaceTwips(listHeading, 120, 405, 2415, 330);
+    showAllButton = button("showAllButton");
+    PlaceTwips(showAllButton, 120, 760, 2415, 375);
+    showAllButton->setVisible(false);
+    connect(showAllButton, &QPushButton::clicked, this, &VaultWindow::showAllEntries);
+    list = Named(new ListBox(true, client), "list");
+    PlaceTwips(list, 120, 840, 2415, 4785);
+    connect(list, &ListBox::Click, this, &VaultWindow::showSelectedEntry);
 
-    Label1 = label("Label1");
-    Label1->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    PlaceTwips(Label1, 4080, 0, 1000, 330);
-    txtSearch = box("txtSearch", TextBox::SingleLine);
-    Label1->setBuddy(txtSearch);
-    PlaceTwips(txtSearch, 5160, 20, 2400, 300);
-    Command1 = PlacedSkinnedButton(client, "Command1", SearchPicture(), 7620, 0, 615);
-    connect(Command1, &SkinnedButton::Click, this, &VaultWindow::Command1_Click);
+    searchCaption = label("searchCaption");
+    searchCaption->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    PlaceTwips(searchCaption, 4080, 0, 1000, 330);
+    searchBox = box("searchBox", TextBox::SingleLine);
+    searchCaption->setBuddy(searchBox);
+    PlaceTwips(searchBox, 5160, 20, 2400, 300);
+    searchButton = PlacedSkinnedButton(client, "searchButton", SearchPicture(), 7620, 0, 615);
+    connect(searchButton, &SkinnedButton::Click, this, &VaultWindow::search);
 
-    Label3 = label("Label3");
-    MakeBold(Label3);
-    PlaceTwips(Label3, 2640, 405, 4335, 330);
+    entryHeading = label("entryHeading");
+    MakeBold(entryHeading);
+    PlaceTwips(entryHeading, 2640, 405, 4335, 330);
 
     struct Field
     {
@@ -279,13 +281,14 @@ void VaultWindow::buildControls()
         TextBox::Kind kind;
     };
     const Field fields[] = {
-        { &lblViewID, "lblViewID", 2640, &txtDetails, "txtDetails", 840, 330, TextBox::SingleLine },
-        { &lblFullName, "lblFullName", 2640, &txtFullName, "txtFullName", 1200, 330, TextBox::SingleLine },
-        { &lblPhone, "lblPhone", 2520, &txtPhone, "txtPhone", 1560, 330, TextBox::SingleLine },
-        { &lblAge, "lblAge", 2640, &txtAge, "txtAge", 1920, 330, TextBox::SingleLine },
-        { &lblAddress, "lblAddress", 2640, &txtAddress, "txtAddress", 2280, 330, TextBox::SingleLine },
-        { &lblInterests, "lblInterests", 2640, &txtInterests, "txtInterests", 2640, 330, TextBox::MultiLine },
-        { &lblExtra, "lblExtra", 2640, &txtExtra, "txtExtra", 3000, 2355, TextBox::MultiLine },
+        { &titleCaption, "titleCaption", 2640, &titleBox, "titleBox", 840, 330, TextBox::SingleLine },
+        { &userNameCaption, "userNameCaption", 2640, &userNameBox, "userNameBox", 1200, 330, TextBox::SingleLine },
+        { &passphraseCaption, "passphraseCaption", 2520, &passphraseBox, "passphraseBox", 1560, 330,
+            TextBox::SingleLine },
+        { &passwordCaption, "passwordCaption", 2640, &passwordBox, "passwordBox", 1920, 330, TextBox::SingleLine },
+        { &urlCaption, "urlCaption", 2640, &urlBox, "urlBox", 2280, 330, TextBox::SingleLine },
+        { &documentCaption, "documentCaption", 2640, &documentBox, "documentBox", 2640, 330, TextBox::MultiLine },
+        { &noteCaption, "noteCaption", 2640, &noteBox, "noteBox", 3000, 2355, TextBox::MultiLine },
     };
     for (const Field& f : fields) {
         *f.caption = label(f.captionName);
@@ -294,26 +297,26 @@ void VaultWindow::buildControls()
         PlaceTwips(*f.control, 3840, f.top, 4335, f.height);
         (*f.caption)->setBuddy(*f.control);
     }
-    txtDetails->SetLocked(true);
+    titleBox->SetLocked(true);
     // Grey as a read-only field: a line edit paints its ground in the palette's Base colour.
-    QPalette readOnly = txtDetails->Editor()->palette();
+    QPalette readOnly = titleBox->Editor()->palette();
     readOnly.setColor(QPalette::Base, readOnly.color(QPalette::Window));
-    txtDetails->Editor()->setPalette(readOnly);
-    txtInterests->SetScrollBars(false, true);
-    txtExtra->SetScrollBars(true, true);
-    txtExtra->resize(Twips(5055), txtExtra->height());
+    titleBox->Editor()->setPalette(readOnly);
+    documentBox->SetScrollBars(false, true);
+    noteBox->SetScrollBars(true, true);
+    noteBox->resize(Twips(5055), noteBox->height());
 
-    CarryIntoCurrentEntry(this, Boxes());
+    CarryIntoCurrentEntry(this, boxes());
 
     // Only a click into a box makes it the current field: Tab does not, and nothing clears it.
-    for (TextBox* b : { txtFullName, txtPhone, txtAge, txtAddress, txtInterests, txtExtra })
+    for (TextBox* b : { userNameBox, passphraseBox, passwordBox, urlBox, documentBox, noteBox })
         connect(b, &TextBox::Click, this, [this, b] { currentField = b->objectName(); });
 
     buildImages(client);
 
-    cmdSaveChanges = button("cmdSaveChanges");
-    PlaceTwips(cmdSaveChanges, 7680, 5400, 1215, 375);
-    connect(cmdSaveChanges, &QPushButton::clicked, this, &VaultWindow::cmdSaveChanges_Click);
+    saveButton = button("saveButton");
+    PlaceTwips(saveButton, 7680, 5400, 1215, 375);
+    connect(saveButton, &QPushButton::clicked, this, &VaultWindow::saveChangedEntry);
 
     // The toolbar: skinned buttons with pictures and no text, at their design Left. They react
     // to the mouse only; the Tab key passes them by.
@@ -326,16 +329,16 @@ void VaultWindow::buildControls()
         void (VaultWindow::*click)();
     };
     const Tool tools[] = {
-        { &Command9, "Command9", 120, &NewEntryPicture, &VaultWindow::Command9_Click },
-        { &Command10, "Command10", 480, &DeleteEntryPicture, &VaultWindow::Command10_Click },
-        { &Command11, "Command11", 900, &PrintPicture, &VaultWindow::mnuReportList_Click },
-        { &Command12, "Command12", 1260, &ReportPicture, &VaultWindow::mnuReportList_Click },
-        { &Command13, "Command13", 1690, &CopyPicture, &VaultWindow::Command13_Click },
-        { &Command14, "Command14", 2060, &CutPicture, &VaultWindow::Command14_Click },
-        { &Command15, "Command15", 2420, &PastePicture, &VaultWindow::Command15_Click },
-        { &Command16, "Command16", 2820, &UndoPicture, &VaultWindow::Command16_Click },
-        { &Command17, "Command17", 3180, &RedoPicture, &VaultWindow::Command17_Click },
-        { &Command18, "Command18", 3620, &SettingsPicture, &VaultWindow::Command18_Click },
+        { &newEntryButton, "newEntryButton", 120, &NewEntryPicture, &VaultWindow::newEntry },
+        { &deleteEntryButton, "deleteEntryButton", 480, &DeleteEntryPicture, &VaultWindow::deleteEntryFromToolbar },
+        { &printButton, "printButton", 900, &PrintPicture, &VaultWindow::showReport },
+        { &reportButton, "reportButton", 1260, &ReportPicture, &VaultWindow::showReport },
+        { &copyButton, "copyButton", 1690, &CopyPicture, &VaultWindow::copyCurrentField },
+        { &cutButton, "cutButton", 2060, &CutPicture, &VaultWindow::cutCurrentField },
+        { &pasteButton, "pasteButton", 2420, &PastePicture, &VaultWindow::pasteIntoCurrentField },
+        { &undoButton, "undoButton", 2820, &UndoPicture, &VaultWindow::undoCurrentField },
+        { &redoButton, "redoButton", 3180, &RedoPicture, &VaultWindow::redoCurrentField },
+        { &settingsButton, "settingsButton", 3620, &SettingsPicture, &VaultWindow::openSettings },
     };
     for (const Tool& t : tools) {
         *t.control = PlacedSkinnedButton(client, t.name, t.picture(), t.left, 0, 375);
@@ -344,14 +347,15 @@ void VaultWindow::buildControls()
 
     // The Tab key as the eye goes: the search box at the top, the list, then each box with the
     // pictures beside it.
-    SetTabOrder({ txtSearch, Command2, lstResults, txtDetails, txtFullName, Image1, txtPhone, Image2, txtAge, Image4,
-        Image6, txtAddress, Image3, Image5, txtInterests, Image7, txtExtra, cmdSaveChanges });
+    SetTabOrder({ searchBox, showAllButton, list, titleBox, userNameBox, copyUserNameButton, passphraseBox,
+        copyPassphraseButton, passwordBox, copyPasswordButton, generatorButton, urlBox, copyUrlButton,
+        openAddressButton, documentBox, openDocumentButton, noteBox, saveButton });
 
     const int stretches[4] = { 1, 1, 2, 2 };
     for (int i = 0; i < 4; ++i) {
-        StatusBar1Panel[i] = new QLabel(this);
-        StatusBar1Panel[i]->setObjectName(QStringLiteral("StatusBar1Panel%1").arg(i + 1));
-        statusBar()->addWidget(StatusBar1Panel[i], stretches[i]);
+        statusPanels[i] = new QLabel(this);
+        statusPanels[i]->setObjectName(QStringLiteral("statusPanels%1").arg(i + 1));
+        statusBar()->addWidget(statusPanels[i], stretches[i]);
     }
     statusBar()->setSizeGripEnabled(true);
 }
@@ -365,16 +369,18 @@ void VaultWindow::buildImages(QWidget* client)
         int left;
         int top;
         QIcon (*picture)();
-        void (VaultWindow::*click)();
+        std::function<void()> click;
     };
+    // The copy pictures copy the box beside them, whatever field was clicked last.
     const Picture pictures[] = {
-        { &Image1, "Image1", 8280, 1250, &CopyPicture, &VaultWindow::Image1_Click },
-        { &Image2, "Image2", 8280, 1610, &CopyPicture, &VaultWindow::Image2_Click },
-        { &Image4, "Image4", 8280, 1970, &CopyPicture, &VaultWindow::Image4_Click },
-        { &Image3, "Image3", 8280, 2320, &CopyPicture, &VaultWindow::Image3_Click },
-        { &Image7, "Image7", 8280, 2690, &DocumentPicture, &VaultWindow::Image7_Click },
-        { &Image5, "Image5", 8640, 2320, &WebPicture, &VaultWindow::Image5_Click },
-        { &Image6, "Image6", 8640, 1970, &GeneratorPicture, &VaultWindow::Image6_Click },
+        { &copyUserNameButton, "copyUserNameButton", 8280, 1250, &CopyPicture, [this] { copyBoxBeside(userNameBox); } },
+        { &copyPassphraseButton, "copyPassphraseButton", 8280, 1610, &CopyPicture,
+            [this] { copyBoxBeside(passphraseBox); } },
+        { &copyPasswordButton, "copyPasswordButton", 8280, 1970, &CopyPicture, [this] { copyBoxBeside(passwordBox); } },
+        { &copyUrlButton, "copyUrlButton", 8280, 2320, &CopyPicture, [this] { copyBoxBeside(urlBox); } },
+        { &openDocumentButton, "openDocumentButton", 8280, 2690, &DocumentPicture, [this] { openDocumentIfAny(); } },
+        { &openAddressButton, "openAddressButton", 8640, 2320, &WebPicture, [this] { openAddressIfAny(); } },
+        { &generatorButton, "generatorButton", 8640, 1970, &GeneratorPicture, [this] { openGeneratorForPassword(); } },
     };
     for (const Picture& p : pictures) {
         auto* image = new ClickablePicture(client);
@@ -391,91 +397,93 @@ void VaultWindow::buildImages(QWidget* client)
 void VaultWindow::setCaptions()
 {
     const std::pair<QMenu*, int> menus[] = {
-        { mnuFile, 206 },
-        { mnuEdit, 213 },
-        { mnuView, 220 },
-        { mnuReports, 224 },
-        { mnuTools, 226 },
-        { mnuHelp, 229 },
+        { fileMenu, 206 },
+        { editMenu, 213 },
+        { viewMenu, 220 },
+        { reportsMenu, 224 },
+        { toolsMenu, 226 },
+        { helpMenu, 229 },
     };
     for (const auto& [menu, slot] : menus)
         menu->setTitle(Lang(slot));
     const std::pair<QAction*, int> entries[] = {
-        { mnuNew, 207 },
-        { mnuDelete, 208 },
-        { mnuImport, 209 },
-        { mnuExport, 210 },
-        { mnuPrint, 211 },
-        { mnuClose, 212 },
-        { mnuUndo, 214 },
-        { mnuRedo, 215 },
-        { cmdCut, 216 },
-        { cmdCopy, 217 },
-        { cmdPaste, 218 },
-        { cmdClearClip, 219 },
-        { mnuOpenDoc, 221 },
-        { mnuOpenUrl, 222 },
-        { mnuRefresh, 223 },
-        { mnuReportList, 225 },
-        { mnuPassGen, 227 },
-        { mnuSettings, 228 },
-        { read1, 232 },
-        { lic1, 233 },
-        { aktul, 234 },
-        { strwww, 235 },
-        { mnuAbout, 236 },
-        { mnuOpen, 237 },
-        { mnuUpdate, 234 },
-        { mnuWWW, 235 },
-        { mnuForum, 238 },
-        { mnuAbout2, 236 },
-        { mnuClose2, 212 },
+        { newEntryAction, 207 },
+        { deleteEntryAction, 208 },
+        { importAction, 209 },
+        { exportAction, 210 },
+        { printAction, 211 },
+        { closeAction, 212 },
+        { undoAction, 214 },
+        { redoAction, 215 },
+        { cutAction, 216 },
+        { copyAction, 217 },
+        { pasteAction, 218 },
+        { clearClipboardAction, 219 },
+        { openDocumentAction, 221 },
+        { openAddressAction, 222 },
+        { refreshAction, 223 },
+        { reportAction, 225 },
+        { generatorAction, 227 },
+        { settingsAction, 228 },
+        { readMeAction, 232 },
+        { licenceAction, 233 },
+        { updateAction, 234 },
+        { homePageAction, 235 },
+        { aboutAction, 236 },
+        { showWindowAction, 237 },
+        { trayUpdateAction, 234 },
+        { trayHomePageAction, 235 },
+        { forumAction, 238 },
+        { trayAboutAction, 236 },
+        { trayCloseAction, 212 },
     };
     for (const auto& [action, slot] : entries)
         action->setText(Lang(slot));
-    Label1->setText(Lang(239));
+    searchCaption->setText(Lang(239));
     // The toolbar has pictures only; assistive tools name each button after its menu entry.
     const std::pair<SkinnedButton*, QAction*> tools[] = {
-        { Command9, mnuNew },
-        { Command10, mnuDelete },
-        { Command11, mnuPrint },
-        { Command12, mnuReportList },
-        { Command13, cmdCopy },
-        { Command14, cmdCut },
-        { Command15, cmdPaste },
-        { Command16, mnuUndo },
-        { Command17, mnuRedo },
-        { Command18, mnuSettings },
+        { newEntryButton, newEntryAction },
+        { deleteEntryButton, deleteEntryAction },
+        { printButton, printAction },
+        { reportButton, reportAction },
+        { copyButton, copyAction },
+        { cutButton, cutAction },
+        { pasteButton, pasteAction },
+        { undoButton, undoAction },
+        { redoButton, redoAction },
+        { settingsButton, settingsAction },
     };
     for (const auto& [tool, action] : tools)
         tool->setAccessibleName(action->iconText());
-    Command1->setAccessibleName(SpokenCaption(Label1->text()));
+    searchButton->setAccessibleName(SpokenCaption(searchCaption->text()));
     setListHeading(Lang(201));
-    SetEntryCaptions({ lblViewID, lblFullName, lblPhone, lblAge, lblAddress, lblInterests, lblExtra });
+    SetEntryCaptions({ titleCaption, userNameCaption, passphraseCaption, passwordCaption, urlCaption, documentCaption,
+        noteCaption });
     // The pictures beside the boxes, named by what they do and the box they act on.
-    for (const auto& [image, caption] : { std::pair { Image1, lblFullName }, std::pair { Image2, lblPhone },
-             std::pair { Image4, lblAge }, std::pair { Image3, lblAddress } })
-        image->setAccessibleName(ActionOnBox(cmdCopy->text(), caption->text()));
-    Image7->setAccessibleName(SpokenCaption(mnuOpenDoc->text()));
-    Image5->setAccessibleName(SpokenCaption(mnuOpenUrl->text()));
-    Image6->setAccessibleName(SpokenCaption(mnuPassGen->text()));
-    Command2->setText(Lang(240));
-    cmdSaveChanges->setText(Lang(248));
+    for (const auto& [image, caption] :
+        { std::pair { copyUserNameButton, userNameCaption }, std::pair { copyPassphraseButton, passphraseCaption },
+            std::pair { copyPasswordButton, passwordCaption }, std::pair { copyUrlButton, urlCaption } })
+        image->setAccessibleName(ActionOnBox(copyAction->text(), caption->text()));
+    openDocumentButton->setAccessibleName(SpokenCaption(openDocumentAction->text()));
+    openAddressButton->setAccessibleName(SpokenCaption(openAddressAction->text()));
+    generatorButton->setAccessibleName(SpokenCaption(generatorAction->text()));
+    showAllButton->setText(Lang(240));
+    saveButton->setText(Lang(248));
 }
 
 void VaultWindow::setListHeading(const QString& heading)
 {
-    Label2->setText(heading);
+    listHeading->setText(heading);
     // The list is read by its heading, which tells a search's results from the whole list.
-    lstResults->setAccessibleName(SpokenCaption(heading));
+    list->setAccessibleName(SpokenCaption(heading));
 }
 
 void VaultWindow::setPanel(int panel, const QString& text)
 {
-    StatusBar1Panel[panel - 1]->setText(text);
+    statusPanels[panel - 1]->setText(text);
 }
 
-void VaultWindow::Form_Load()
+void VaultWindow::load()
 {
     setCaptions();
     // From here on a failing step is passed over and the next one runs.
@@ -498,25 +506,25 @@ void VaultWindow::Form_Load()
     for (int i = 1; i <= load.entries.size() && entryTable.Has(i); ++i)
         entryTable[i] = load.entries.at(i - 1);
     setListHeading(Lang(201));
-    FillWithAllTitles();
+    fillWithAllTitles();
 
-    const int rows = lstResults->ListCount();
+    const int rows = list->ListCount();
     setPanel(1, QString::number(rows) + QLatin1Char(' ') + Lang(rows == 1 ? 203 : 204));
     const QString cfg = ProfileFile(QStringLiteral("cfg.txt"));
     if (GetIni(Keys::setts, Keys::option(1), cfg) == QLatin1String("1"))
         requestAlwaysOnTop(-1);
-    txtAge->SetPasswordChar(
+    passwordBox->SetPasswordChar(
         GetIni(Keys::setts, Keys::option(5), cfg) == QLatin1String("1") ? QStringLiteral("*") : QString());
 }
 
-void VaultWindow::Form_Unload()
+void VaultWindow::save()
 {
-    Timer1->stop();
-    Timer3->stop();
+    boxLockTimer->stop();
+    updateCheckTimer->stop();
     WriteIni(Keys::settings, Keys::time, platform::TimeOfDayText() + QLatin1Char(' ') + platform::DateText(),
         ProfileFile(QStringLiteral("time.txt")));
     WriteIni(Keys::user, Keys::tempChangeable2, CurrentProfile(), ConfigFile());
-    if (lstResults->ListCount() == 0)
+    if (list->ListCount() == 0)
         return; // a search without matches on the screen saves nothing
 
     QList<Entry> entries;
@@ -545,7 +553,7 @@ void VaultWindow::SetOuterSize(int W, int H)
     resize(Twips(W - frameWidth), Twips(H - frameHeight) + menuBar()->sizeHint().height());
 }
 
-void VaultWindow::Form_Resize()
+void VaultWindow::layOut()
 {
     // Failures are passed over: a minimised or maximised window refuses a new size and stays
     // as it is, and the rules below then run with the size it has.
@@ -561,95 +569,101 @@ void VaultWindow::Form_Resize()
     if (W != OuterWidth() || H != OuterHeight())
         SetOuterSize(W, H);
     // The button's own Visible, which stays set while the window is hidden, tells the mode.
-    lstResults->resize(lstResults->width(), Twips(!Command2->isHidden() ? H - 2350 : H - 2100));
-    for (TextBox* b : { txtDetails, txtFullName, txtPhone, txtAge, txtAddress, txtInterests })
+    list->resize(list->width(), Twips(!showAllButton->isHidden() ? H - 2350 : H - 2100));
+    for (TextBox* b : { titleBox, userNameBox, passphraseBox, passwordBox, urlBox, documentBox })
         b->resize(Twips(W - 4750), b->height());
-    txtExtra->resize(Twips(W - 4050), Twips(H - 4700));
-    Image8->resize(Twips(W), Image8->height());
-    Line1->resize(Twips(W), Line1->height());
-    cmdSaveChanges->move(Twips(W - 1400), Twips(H - 1600));
-    for (ClickablePicture* image : { Image1, Image2, Image3, Image4, Image7 })
+    noteBox->resize(Twips(W - 4050), Twips(H - 4700));
+    headingStrip->resize(Twips(W), headingStrip->height());
+    headingLine->resize(Twips(W), headingLine->height());
+    saveButton->move(Twips(W - 1400), Twips(H - 1600));
+    for (ClickablePicture* image :
+        { copyUserNameButton, copyPassphraseButton, copyUrlButton, copyPasswordButton, openDocumentButton })
         image->move(Twips(W - 850), image->y());
-    for (ClickablePicture* image : { Image6, Image5 })
+    for (ClickablePicture* image : { generatorButton, openAddressButton })
         image->move(Twips(W - 450), image->y());
 }
 
 void VaultWindow::resizeEvent(QResizeEvent* event)
 {
     QMainWindow::resizeEvent(event);
-    Form_Resize();
+    layOut();
 }
 
-void VaultWindow::Timer1_Timer()
+void VaultWindow::keepBoxesInStep()
 {
-    const bool onShow = !txtDetails->Text().isEmpty();
-    cmdSaveChanges->setEnabled(onShow);
-    for (TextBox* b : { txtFullName, txtPhone, txtAge, txtAddress, txtInterests, txtExtra })
+    const bool onShow = !titleBox->Text().isEmpty();
+    saveButton->setEnabled(onShow);
+    for (TextBox* b : { userNameBox, passphraseBox, passwordBox, urlBox, documentBox, noteBox })
         b->SetLocked(!onShow);
-    setPanel(4, txtDetails->Text());
+    setPanel(4, titleBox->Text());
 }
 
-void VaultWindow::Timer3_Timer()
+void VaultWindow::startSilentUpdateCheck()
 {
     // Its one tick starts the silent update check.
     StartSilentUpdateCheck();
-    Timer3->stop();
+    updateCheckTimer->stop();
 }
 
-void VaultWindow::FillWithAllTitles()
+int VaultWindow::ListedRows() const
 {
-    lstResults->Clear();
+    return list->ListCount();
+}
+
+void VaultWindow::fillWithAllTitles()
+{
+    list->Clear();
     for (int i = 1; i <= entryTable.UBound(); ++i)
-        lstResults->AddItem(Shown(entryTable[i].title));
+        list->AddItem(Shown(entryTable[i].title));
 }
 
-void VaultWindow::Command1_Click()
+void VaultWindow::search()
 {
-    if (lstResults->ListCount() == 0) {
+    if (list->ListCount() == 0) {
         platform::MsgBox(Lang(195), 64); // the list is asked, not the table
-    } else if (txtSearch->Text().isEmpty()) {
+    } else if (searchBox->Text().isEmpty()) {
         platform::MsgBox(Lang(196), 64);
     } else {
         setListHeading(Lang(197));
-        lstResults->Clear();
-        const QString needle = txtSearch->Text().toLower();
+        list->Clear();
+        const QString needle = searchBox->Text().toLower();
         for (int i = 1; i <= entryTable.UBound(); ++i) {
             if (const std::optional<QString> row = SearchRow(entryTable[i], needle))
-                lstResults->AddItem(*row);
+                list->AddItem(*row);
         }
-        Command2->setVisible(true);
-        lstResults->move(lstResults->x(), Twips(1200));
+        showAllButton->setVisible(true);
+        list->move(list->x(), Twips(1200));
     }
-    Form_Resize();
+    layOut();
 }
 
-void VaultWindow::Command2_Click()
+void VaultWindow::showAllEntries()
 {
     setListHeading(Lang(201));
-    lstResults->move(lstResults->x(), Twips(840));
-    Command2->setVisible(false);
-    FillWithAllTitles();
-    Form_Resize();
+    list->move(list->x(), Twips(840));
+    showAllButton->setVisible(false);
+    fillWithAllTitles();
+    layOut();
 }
 
-void VaultWindow::mnuRefresh_Click()
+void VaultWindow::refresh()
 {
     setListHeading(Lang(201));
-    lstResults->move(lstResults->x(), Twips(840));
-    Form_Resize();
-    Command2->setVisible(false);
-    FillWithAllTitles();
-    Form_Resize();
+    list->move(list->x(), Twips(840));
+    layOut();
+    showAllButton->setVisible(false);
+    fillWithAllTitles();
+    layOut();
 }
 
-EntryBoxes VaultWindow::Boxes() const
+EntryBoxes VaultWindow::boxes() const
 {
-    return { txtDetails, txtFullName, txtPhone, txtAge, txtAddress, txtInterests, txtExtra };
+    return { titleBox, userNameBox, passphraseBox, passwordBox, urlBox, documentBox, noteBox };
 }
 
-void VaultWindow::LoadSelectedEntry()
+void VaultWindow::loadSelectedEntry()
 {
-    const QString title = RowTitle(lstResults->Text());
+    const QString title = RowTitle(list->Text());
     if (!title.isEmpty()) {
         const qint16 index = FindEntryByTitle(Stored(title));
         if (index != 0) {
@@ -662,17 +676,17 @@ void VaultWindow::LoadSelectedEntry()
 
 void VaultWindow::showCurrentEntry()
 {
-    ShowEntry(Boxes(), currentEntry);
-    Label3->setText(Shown(currentEntry.title));
+    ShowEntry(boxes(), currentEntry);
+    entryHeading->setText(Shown(currentEntry.title));
 }
 
-void VaultWindow::lstResults_Click()
+void VaultWindow::showSelectedEntry()
 {
-    LoadSelectedEntry();
+    loadSelectedEntry();
     showCurrentEntry();
 }
 
-void VaultWindow::cmdSaveChanges_Click()
+void VaultWindow::saveChangedEntry()
 {
     const Entry copy = currentEntry;
     if (copy.title.isEmpty()) {
@@ -681,10 +695,10 @@ void VaultWindow::cmdSaveChanges_Click()
     }
     StoreEntry(copy);
     platform::MsgBox(Lang(193), 64);
-    FillWithAllTitles(); // the mode stays, the selection is gone
+    fillWithAllTitles(); // the mode stays, the selection is gone
 }
 
-void VaultWindow::mnuNew_Click()
+void VaultWindow::newEntry()
 {
     currentEntry = Entry();
     auto* view = new EntryDialog(this);
@@ -693,14 +707,9 @@ void VaultWindow::mnuNew_Click()
     delete view;
 }
 
-void VaultWindow::Command9_Click()
+void VaultWindow::deleteSelectedEntry(int noSelectionSlot)
 {
-    mnuNew_Click();
-}
-
-void VaultWindow::deleteSelected(int noSelectionSlot)
-{
-    const QString title = RowTitle(lstResults->Text());
+    const QString title = RowTitle(list->Text());
     if (title.isEmpty()) {
         platform::MsgBox(Lang(noSelectionSlot), 16);
         return;
@@ -712,104 +721,79 @@ void VaultWindow::deleteSelected(int noSelectionSlot)
         return;
     RemoveEntry(entryTable, index);
     vaultDirty = true;
-    lstResults->RemoveItem(lstResults->ListIndex());
-    for (TextBox* b : { txtDetails, txtAddress, txtAge, txtDetails, txtExtra, txtFullName, txtInterests, txtPhone })
+    list->RemoveItem(list->ListIndex());
+    for (TextBox* b : { titleBox, urlBox, passwordBox, titleBox, noteBox, userNameBox, documentBox, passphraseBox })
         b->SetText(QString());
 }
 
-void VaultWindow::mnuDelete_Click()
+void VaultWindow::deleteEntryFromMenu()
 {
-    deleteSelected(205);
+    deleteSelectedEntry(205);
 }
 
-void VaultWindow::Command10_Click()
+void VaultWindow::deleteEntryFromToolbar()
 {
-    deleteSelected(198);
+    deleteSelectedEntry(198);
 }
 
-TextBox* VaultWindow::CurrentField() const
+TextBox* VaultWindow::currentFieldBox() const
 {
     const QString& field = currentField;
     TextBox* box = nullptr;
-    if (field == QLatin1String("txtFullName"))
-        box = txtFullName;
-    if (field == QLatin1String("txtPhone"))
-        box = txtPhone;
-    if (field == QLatin1String("txtAge"))
-        box = txtAge;
-    if (field == QLatin1String("txtAddress"))
-        box = txtAddress;
-    if (field == QLatin1String("txtInterests"))
-        box = txtInterests;
-    if (field == QLatin1String("txtExtra"))
-        box = txtExtra;
+    if (field == QLatin1String("userNameBox"))
+        box = userNameBox;
+    if (field == QLatin1String("passphraseBox"))
+        box = passphraseBox;
+    if (field == QLatin1String("passwordBox"))
+        box = passwordBox;
+    if (field == QLatin1String("urlBox"))
+        box = urlBox;
+    if (field == QLatin1String("documentBox"))
+        box = documentBox;
+    if (field == QLatin1String("noteBox"))
+        box = noteBox;
     return box;
 }
 
-void VaultWindow::cmdCopy_Click()
+void VaultWindow::copyCurrentField()
 {
-    if (TextBox* box = CurrentField()) {
+    if (TextBox* box = currentFieldBox()) {
         QString text = box->Text(); // the whole box, whatever is selected
         SetClipboardText(text);
     }
 }
 
-void VaultWindow::cmdCut_Click()
+void VaultWindow::cutCurrentField()
 {
-    if (TextBox* box = CurrentField())
+    if (TextBox* box = currentFieldBox())
         box->SendMessage(TextBox::WM_CUT);
 }
 
-void VaultWindow::cmdPaste_Click()
+void VaultWindow::pasteIntoCurrentField()
 {
-    if (TextBox* box = CurrentField())
+    if (TextBox* box = currentFieldBox())
         box->SendMessage(TextBox::WM_PASTE);
 }
 
-void VaultWindow::mnuUndo_Click()
+void VaultWindow::undoCurrentField()
 {
-    if (TextBox* box = CurrentField())
+    if (TextBox* box = currentFieldBox())
         box->SendMessage(TextBox::WM_UNDO);
 }
 
-void VaultWindow::mnuRedo_Click()
+void VaultWindow::redoCurrentField()
 {
     // The edit box has one step of undo: a second undo is the redo.
-    if (TextBox* box = CurrentField())
+    if (TextBox* box = currentFieldBox())
         box->SendMessage(TextBox::WM_UNDO);
 }
 
-void VaultWindow::cmdClearClip_Click()
+void VaultWindow::clearClipboard()
 {
     platform::ClipboardClear();
 }
 
-void VaultWindow::Command13_Click()
-{
-    cmdCopy_Click();
-}
-
-void VaultWindow::Command14_Click()
-{
-    cmdCut_Click();
-}
-
-void VaultWindow::Command15_Click()
-{
-    cmdPaste_Click();
-}
-
-void VaultWindow::Command16_Click()
-{
-    mnuUndo_Click();
-}
-
-void VaultWindow::Command17_Click()
-{
-    mnuRedo_Click();
-}
-
-void VaultWindow::copyImage(TextBox* box)
+void VaultWindow::copyBoxBeside(TextBox* box)
 {
     QString text = box->Text(); // a masked password is copied in clear
     SetClipboardText(text);
@@ -818,120 +802,90 @@ void VaultWindow::copyImage(TextBox* box)
         setWindowState(windowState() | Qt::WindowMinimized);
 }
 
-void VaultWindow::Image1_Click()
+void VaultWindow::openAddressIfAny()
 {
-    copyImage(txtFullName);
+    if (!urlBox->Text().isEmpty())
+        openAddress();
 }
 
-void VaultWindow::Image2_Click()
+void VaultWindow::openDocumentIfAny()
 {
-    copyImage(txtPhone);
+    if (!documentBox->Text().isEmpty())
+        openDocument();
 }
 
-void VaultWindow::Image3_Click()
-{
-    copyImage(txtAddress);
-}
-
-void VaultWindow::Image4_Click()
-{
-    copyImage(txtAge);
-}
-
-void VaultWindow::Image5_Click()
-{
-    if (!txtAddress->Text().isEmpty())
-        mnuOpenUrl_Click();
-}
-
-void VaultWindow::Image7_Click()
-{
-    if (!txtInterests->Text().isEmpty())
-        mnuOpenDoc_Click();
-}
-
-void VaultWindow::mnuOpenUrl_Click()
+void VaultWindow::openAddress()
 {
     QString directory;
-    ShellOpen(this, txtAddress->Text(), QString(), directory, 1, true);
+    ShellOpen(this, urlBox->Text(), QString(), directory, 1, true);
 }
 
-void VaultWindow::mnuOpenDoc_Click()
+void VaultWindow::openDocument()
 {
     QString directory = QStringLiteral("C:\\");
-    ShellOpen(this, txtInterests->Text(), QString(), directory, 1, true);
+    ShellOpen(this, documentBox->Text(), QString(), directory, 1, true);
 }
 
-void VaultWindow::Image6_Click()
+void VaultWindow::openGeneratorForPassword()
 {
     ShowPasswordGenerator(this, QStringLiteral("1"));
 }
 
-void VaultWindow::mnuPassGen_Click()
+void VaultWindow::openGenerator()
 {
     ShowPasswordGenerator(this, QStringLiteral("0"));
 }
 
-void VaultWindow::mnuSettings_Click()
+void VaultWindow::openSettings()
 {
     // Beside this window, not modal: the vault keeps working behind it.
     SettingsWindow::Instance()->show();
 }
 
-void VaultWindow::Command18_Click()
-{
-    mnuSettings_Click();
-}
-
-void VaultWindow::mnuReportList_Click()
+void VaultWindow::showReport()
 {
     ShowReport(this);
 }
 
-void VaultWindow::mnuExport_Click()
+void VaultWindow::exportVault()
 {
     ExportDialog::Instance(this)->exec();
 }
 
-void VaultWindow::mnuImport_Click()
+void VaultWindow::importVault()
 {
     ImportDialog::Instance(this)->exec();
 }
 
-void VaultWindow::aktul_Click()
+void VaultWindow::checkForUpdates()
 {
     ShowUpdateCheck(this);
 }
 
-void VaultWindow::mnuAbout_Click()
+void VaultWindow::showAbout()
 {
     ShowAbout(this);
 }
 
-void VaultWindow::mnuWWW_Click()
+void VaultWindow::openHomePage()
 {
     // The Polish home page, whatever the interface language.
     QString directory;
     ShellOpen(this, ServerAddress() + QStringLiteral("/pl"), QString(), directory, 1, true);
 }
 
-void VaultWindow::strwww_Click()
-{
-    mnuWWW_Click();
-}
-
-void VaultWindow::mnuForum_Click()
+void VaultWindow::openForum()
 {
     QString directory;
     ShellOpen(this, ServerAddress() + QStringLiteral("/forum"), QString(), directory, 1, true);
 }
 
-void VaultWindow::read1_Click()
+void VaultWindow::openReadMe()
 {
     LinkReadMe();
 }
 
-void VaultWindow::lic1_Click()
+void VaultWindow::openLicence()
 {
     LinkLicence();
 }
@@ -943,17 +897,12 @@ void VaultWindow::EndRun()
     platform::EndProcess(0);
 }
 
-void VaultWindow::mnuClose_Click()
+void VaultWindow::closeProgram()
 {
     EndRun();
 }
 
-void VaultWindow::mnuClose2_Click()
-{
-    mnuClose_Click();
-}
-
-void VaultWindow::mnuOpen_Click()
+void VaultWindow::showWindow()
 {
     show();
     setWindowState(windowState() & ~Qt::WindowMinimized);

@@ -36,74 +36,64 @@ public:
     static VaultWindow* Instance();
     // The window if it is loaded, else null.
     static VaultWindow* Loaded();
-    // Runs Form_Unload and discards the window.
+    // Runs save and discards the window.
     static void Unload();
     // The end of a run: the vault window unloaded (which saves), the host window unloaded (which
     // empties the clipboard if the option says so), the process ended.
     [[noreturn]] static void EndRun();
 
-    void Form_Load();
-    void Form_Unload();
-    void Form_Resize();
+    void load();
+    void save();
+    void layOut();
 
-    void Timer1_Timer();
-    void Timer3_Timer();
+    void keepBoxesInStep();
+    void startSilentUpdateCheck();
 
     // Search, back to the full list, row click.
-    void Command1_Click();
-    void Command2_Click();
-    void mnuRefresh_Click();
-    void lstResults_Click();
+    void search();
+    void showAllEntries();
+    void refresh();
+    void showSelectedEntry();
 
-    void cmdSaveChanges_Click();
-    void mnuNew_Click();
-    void Command9_Click();
-    void mnuDelete_Click();
-    void Command10_Click();
+    void saveChangedEntry();
+    void newEntry();
+    // Delete the selected entry; the two tell a missing selection by different messages.
+    void deleteEntryFromMenu();
+    void deleteEntryFromToolbar();
 
     // The edit commands act on the field clicked last, not on the focused box.
-    void cmdCopy_Click();
-    void cmdCut_Click();
-    void cmdPaste_Click();
-    void mnuUndo_Click();
-    void mnuRedo_Click();
-    void cmdClearClip_Click();
-    void Command13_Click();
-    void Command14_Click();
-    void Command15_Click();
-    void Command16_Click();
-    void Command17_Click();
+    void copyCurrentField();
+    void cutCurrentField();
+    void pasteIntoCurrentField();
+    void undoCurrentField();
+    void redoCurrentField();
+    void clearClipboard();
     // The copy images: the box beside them, whatever field was clicked last.
-    void Image1_Click();
-    void Image2_Click();
-    void Image3_Click();
-    void Image4_Click();
-    void Image5_Click();
-    void Image6_Click();
-    void Image7_Click();
-    void mnuOpenUrl_Click();
-    void mnuOpenDoc_Click();
-    void mnuPassGen_Click();
-    void mnuSettings_Click();
-    // Report (also mnuPrint and toolbar Command11/Command12), export, import, update, about.
-    void mnuReportList_Click();
-    void mnuExport_Click();
-    void mnuImport_Click();
-    void aktul_Click();
-    void mnuAbout_Click();
-    void Command18_Click();
-    void mnuWWW_Click();
-    void strwww_Click();
-    void mnuForum_Click();
-    void read1_Click();
-    void lic1_Click();
+    void openAddressIfAny();
+    void openGeneratorForPassword();
+    void openDocumentIfAny();
+    void openAddress();
+    void openDocument();
+    void openGenerator();
+    void openSettings();
+    // Report (also printAction and toolbar printButton/reportButton), export, import, update, about.
+    void showReport();
+    void exportVault();
+    void importVault();
+    void checkForUpdates();
+    void showAbout();
+    void openHomePage();
+    void openForum();
+    void openReadMe();
+    void openLicence();
 
-    void mnuClose_Click();
-    void mnuClose2_Click();
-    void mnuOpen_Click();
+    void closeProgram();
+    void showWindow();
 
-    // Clears lstResults and adds the title of every entry from 1 on.
-    void FillWithAllTitles();
+    // Clears list and adds the title of every entry from 1 on.
+    void fillWithAllTitles();
+    // The rows the list shows now.
+    int ListedRows() const;
 
     // The outer size of the window in twips, as the layout rules read and set it: the client
     // area below the menu bar and the frame of the original platform around it.
@@ -114,42 +104,44 @@ public:
     static constexpr int frameHeight = 840;
 
     // Menus and their entries, by name.
-    QMenu* mnuFile;
-    QAction *mnuNew, *mnuDelete, *mnuImport, *mnuExport, *mnuPrint, *mnuClose;
-    QMenu* mnuEdit;
-    QAction *mnuUndo, *mnuRedo, *cmdCut, *cmdCopy, *cmdPaste, *cmdClearClip;
-    QMenu* mnuView;
-    QAction *mnuOpenDoc, *mnuOpenUrl, *mnuRefresh;
-    QMenu* mnuReports;
-    QAction* mnuReportList;
-    QMenu* mnuTools;
-    QAction *mnuPassGen, *mnuSettings;
-    QMenu* mnuHelp;
-    QAction *read1, *lic1, *aktul, *strwww, *mnuAbout;
-    QMenu* mnuPop; // the tray's menu, never in the bar
-    QAction *mnuOpen, *mnuUpdate, *mnuWWW, *mnuForum, *mnuAbout2, *mnuClose2;
+    QMenu* fileMenu;
+    QAction *newEntryAction, *deleteEntryAction, *importAction, *exportAction, *printAction, *closeAction;
+    QMenu* editMenu;
+    QAction *undoAction, *redoAction, *cutAction, *copyAction, *pasteAction, *clearClipboardAction;
+    QMenu* viewMenu;
+    QAction *openDocumentAction, *openAddressAction, *refreshAction;
+    QMenu* reportsMenu;
+    QAction* reportAction;
+    QMenu* toolsMenu;
+    QAction *generatorAction, *settingsAction;
+    QMenu* helpMenu;
+    QAction *readMeAction, *licenceAction, *updateAction, *homePageAction, *aboutAction;
+    QMenu* trayMenu; // the tray's menu, never in the bar
+    QAction *showWindowAction, *trayUpdateAction, *trayHomePageAction, *forumAction, *trayAboutAction, *trayCloseAction;
 
     // Toolbar.
-    SkinnedButton *Command9, *Command10, *Command11, *Command12, *Command13, *Command14, *Command15, *Command16,
-        *Command17, *Command18;
-    QLabel* Image8;
-    QFrame* Line1;
+    SkinnedButton *newEntryButton, *deleteEntryButton, *printButton, *reportButton, *copyButton, *cutButton,
+        *pasteButton, *undoButton, *redoButton, *settingsButton;
+    QLabel* headingStrip;
+    QFrame* headingLine;
 
-    QLabel *Label1, *Label2, *Label3;
-    TextBox* txtSearch;
-    SkinnedButton* Command1;
-    QPushButton* Command2;
-    ListBox* lstResults;
+    QLabel *searchCaption, *listHeading, *entryHeading;
+    TextBox* searchBox;
+    SkinnedButton* searchButton;
+    QPushButton* showAllButton;
+    ListBox* list;
 
-    ClickablePicture *Image1, *Image2, *Image3, *Image4, *Image5, *Image6, *Image7;
+    ClickablePicture *copyUserNameButton, *copyPassphraseButton, *copyUrlButton, *copyPasswordButton,
+        *openAddressButton, *generatorButton, *openDocumentButton;
 
-    QLabel *lblViewID, *lblFullName, *lblPhone, *lblAge, *lblAddress, *lblInterests, *lblExtra;
-    TextBox *txtDetails, *txtFullName, *txtPhone, *txtAge, *txtAddress, *txtInterests, *txtExtra;
-    QPushButton* cmdSaveChanges;
+    QLabel *titleCaption, *userNameCaption, *passphraseCaption, *passwordCaption, *urlCaption, *documentCaption,
+        *noteCaption;
+    TextBox *titleBox, *userNameBox, *passphraseBox, *passwordBox, *urlBox, *documentBox, *noteBox;
+    QPushButton* saveButton;
 
-    QLabel* StatusBar1Panel[4];
-    QTimer* Timer1;
-    QTimer* Timer3;
+    QLabel* statusPanels[4];
+    QTimer* boxLockTimer;
+    QTimer* updateCheckTimer;
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -162,13 +154,13 @@ private:
     void setCaptions();
     void setPanel(int panel, const QString& text);
     void setListHeading(const QString& heading);
-    void LoadSelectedEntry();
+    void loadSelectedEntry();
     void showCurrentEntry();
-    void deleteSelected(int noSelectionSlot);
-    EntryBoxes Boxes() const;
+    void deleteSelectedEntry(int noSelectionSlot);
+    EntryBoxes boxes() const;
     // The box named by currentField, or null when it names none.
-    TextBox* CurrentField() const;
-    void copyImage(TextBox* box);
+    TextBox* currentFieldBox() const;
+    void copyBoxBeside(TextBox* box);
     void buildImages(QWidget* client);
 
     bool unloaded = false;

@@ -172,19 +172,19 @@ private Q_SLOTS:
         VaultRun::activate(main);
 
         // Nothing on show: the images do nothing, the menu entries hand over the empty text.
-        QTest::mouseClick(main->Image5, Qt::LeftButton);
-        QTest::mouseClick(main->Image7, Qt::LeftButton);
+        QTest::mouseClick(main->openAddressButton, Qt::LeftButton);
+        QTest::mouseClick(main->openDocumentButton, Qt::LeftButton);
         QVERIFY(shell.calls.isEmpty());
-        main->mnuOpenUrl->trigger();
+        main->openAddressAction->trigger();
         QCOMPARE(shell.calls.size(), 1);
         QCOMPARE(shell.calls[0].file, QString());
         QCOMPARE(shell.calls[0].directory, QString());
 
         // The address as it stands, without a scheme; the document with the folder "C:\".
-        VaultRun::clickRow(main->lstResults, 0);
+        VaultRun::clickRow(main->list, 0);
         shell.calls.clear();
-        QTest::mouseClick(main->Image5, Qt::LeftButton);
-        QTest::mouseClick(main->Image7, Qt::LeftButton);
+        QTest::mouseClick(main->openAddressButton, Qt::LeftButton);
+        QTest::mouseClick(main->openDocumentButton, Qt::LeftButton);
         QCOMPARE(shell.calls.size(), 2);
         QCOMPARE(shell.calls[0].file, QStringLiteral("bank.example"));
         QCOMPARE(shell.calls[1].file, QStringLiteral("C:\\docs\\statement.pdf"));
@@ -193,10 +193,10 @@ private Q_SLOTS:
         // The maker's page is the Polish one in every language; the read-me follows the
         // language, and with none set it opens nothing.
         shell.calls.clear();
-        main->strwww->trigger();
-        main->mnuWWW->trigger();
-        main->mnuForum->trigger();
-        main->read1->trigger();
+        main->homePageAction->trigger();
+        main->trayHomePageAction->trigger();
+        main->forumAction->trigger();
+        main->readMeAction->trigger();
         QCOMPARE(shell.calls.size(), 3);
         QCOMPARE(shell.calls[0].file, QStringLiteral("http://127.0.0.1:9/pl"));
         QCOMPARE(shell.calls[1].file, QStringLiteral("http://127.0.0.1:9/pl"));
@@ -204,7 +204,7 @@ private Q_SLOTS:
 
         // A document that isn't there ends the run with the unhandled error, unsaved.
         shell.results = { 2 };
-        QVERIFY_THROWS_EXCEPTION(ProcessEnded, main->mnuOpenDoc->trigger());
+        QVERIFY_THROWS_EXCEPTION(ProcessEnded, main->openDocumentAction->trigger());
         QCOMPARE(run.boxes.shown.last().text, QStringLiteral("Run-time error '53':\n\nFile not found"));
         qunsetenv("TOLVANE_SERVER_ADDRESS");
     }

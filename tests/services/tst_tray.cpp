@@ -44,24 +44,25 @@ private Q_SLOTS:
 
         // No notification area here: the menu of the icon stands in the window's bar.
         QVERIFY(!host->IconShown());
-        QVERIFY(main->menuBar()->actions().contains(main->mnuPop->menuAction()));
+        QVERIFY(main->menuBar()->actions().contains(main->trayMenu->menuAction()));
         const QStringList entries = [&] {
             QStringList names;
-            for (QAction* a : main->mnuPop->actions())
+            for (QAction* a : main->trayMenu->actions())
                 names << (a->isSeparator() ? QStringLiteral("-") : a->objectName());
             return names;
         }();
         QCOMPARE(entries,
-            QStringList({ "mnuOpen", "-", "mnuUpdate", "-", "mnuWWW", "mnuForum", "-", "mnuAbout2", "mnuClose2" }));
+            QStringList({ "showWindowAction", "-", "trayUpdateAction", "-", "trayHomePageAction", "forumAction", "-",
+                "trayAboutAction", "trayCloseAction" }));
 
         for (int message : { 514, 517 }) {
             iconMessage(host, message);
-            QTRY_VERIFY(main->mnuPop->isVisible());
-            main->mnuPop->hide();
+            QTRY_VERIFY(main->trayMenu->isVisible());
+            main->trayMenu->hide();
         }
         iconMessage(host, 512);
         iconMessage(host, 516);
-        QVERIFY(!main->mnuPop->isVisible());
+        QVERIFY(!main->trayMenu->isVisible());
         QVERIFY(!host->isVisible());
         iconMessage(host, 515); // shown, yet where nobody sees it
         QVERIFY(host->isVisible());
@@ -86,10 +87,10 @@ private Q_SLOTS:
         VaultWindow* again = VaultWindow::Loaded();
         QVERIFY(again && again != main);
         QVERIFY(!again->isVisible());
-        again->mnuOpen->trigger();
+        again->showWindowAction->trigger();
         QVERIFY(again->isVisible());
-        QCOMPARE(VaultRun::rows(again->lstResults), QStringList { QStringLiteral("Mail") });
-        again->mnuPop->hide();
+        QCOMPARE(VaultRun::rows(again->list), QStringList { QStringLiteral("Mail") });
+        again->trayMenu->hide();
     }
 
     void defaultOptionsOnlyForAProfileWithoutThem()

@@ -156,10 +156,10 @@ private Q_SLOTS:
 
         // Only a typed login starts it: the vault window's Timer3 loads it at its first tick.
         VaultWindow* main = run.start();
-        QVERIFY(!main->Timer3->isActive());
-        main->Timer3_Timer();
+        QVERIFY(!main->updateCheckTimer->isActive());
+        main->startSilentUpdateCheck();
         QVERIFY(SilentUpdateCheck::Loaded());
-        QVERIFY(!main->Timer3->isActive());
+        QVERIFY(!main->updateCheckTimer->isActive());
         SilentUpdateCheck::Unload();
     }
 

@@ -34,7 +34,7 @@ class tst_settings : public QObject
 
     static SettingsWindow* openSettings(VaultWindow* main)
     {
-        main->mnuSettings->trigger();
+        main->settingsAction->trigger();
         SettingsWindow* settings = SettingsWindow::Loaded();
         return settings && settings->isVisible() ? settings : nullptr;
     }
@@ -58,7 +58,7 @@ private Q_SLOTS:
         VaultRun run;
         VaultWindow* main = startWith(run, {});
         QFile::remove(run.data(QStringLiteral("Administrator/cfg.txt")));
-        QTest::mouseClick(main->Command18, Qt::LeftButton); // the toolbar opens the same window
+        QTest::mouseClick(main->settingsButton, Qt::LeftButton); // the toolbar opens the same window
         SettingsWindow* settings = SettingsWindow::Loaded();
         QVERIFY(settings && settings->isVisible());
         QCOMPARE(settings->parentWidget(), main);
@@ -90,7 +90,7 @@ private Q_SLOTS:
         QVERIFY(!SettingsWindow::Loaded());
         VaultWindow* reloaded = VaultWindow::Loaded();
         QVERIFY(reloaded && reloaded != main && reloaded->isVisible());
-        QCOMPARE(reloaded->txtAge->LineEditor()->echoMode(), QLineEdit::Password);
+        QCOMPARE(reloaded->passwordBox->LineEditor()->echoMode(), QLineEdit::Password);
         // s1 on is a dead switch: the window stays an ordinary one.
         QVERIFY(!(reloaded->windowFlags() & Qt::WindowStaysOnTopHint));
 

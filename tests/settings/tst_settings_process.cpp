@@ -21,7 +21,7 @@ class tst_settings_process : public QObject
         TestWorld::copyTree(QStringLiteral(TOLVANE_BUILT_PROGRAM_DIR), run.world.path(QStringLiteral("program")));
         run.provision(more);
         run.start();
-        VaultWindow::Loaded()->mnuSettings->trigger();
+        VaultWindow::Loaded()->settingsAction->trigger();
         return SettingsWindow::Loaded();
     }
 
@@ -132,7 +132,7 @@ private Q_SLOTS:
 
         // Run from a drive itself, the page has nothing to offer but the notice.
         UsbMode = 1;
-        VaultWindow::Loaded()->mnuSettings->trigger();
+        VaultWindow::Loaded()->settingsAction->trigger();
         settings = SettingsWindow::Loaded();
         QVERIFY(!settings->Label2->isHidden());
         QVERIFY(settings->Drive1->isHidden() && settings->Command5->isHidden());

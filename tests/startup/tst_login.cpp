@@ -25,7 +25,7 @@ private Q_SLOTS:
         QVERIFY(main);
         QVERIFY(main->isVisible());
         QVERIFY(!run.login());
-        QVERIFY(!main->Timer3->isActive());
+        QVERIFY(!main->updateCheckTimer->isActive());
         QCOMPARE(run.ini(QStringLiteral("config.txt"), Keys::user, Keys::current), QStringLiteral("Administrator"));
         QCOMPARE(
             run.ini(QStringLiteral("config.txt"), Keys::user, Keys::defaultProfile), QStringLiteral("Administrator"));
@@ -81,7 +81,7 @@ private Q_SLOTS:
         QCOMPARE(VaultRun::windowsOnScreen(), QList<QWidget*> { VaultWindow::Loaded() });
         QVERIFY(typedInto.isNull());
         QVERIFY(VaultWindow::Loaded());
-        QVERIFY(VaultWindow::Loaded()->Timer3->isActive()); // only a typed login starts it
+        QVERIFY(VaultWindow::Loaded()->updateCheckTimer->isActive()); // only a typed login starts it
         QCOMPARE(run.boxes.shown.size(), 3);
         run.close();
 

@@ -25,7 +25,7 @@ class tst_profile_dialogs : public QObject
                     QStringLiteral("config.txt"), Keys::user, Keys::defaultProfile, QStringLiteral("Administrator"));
             run.start();
         }
-        VaultWindow::Loaded()->mnuSettings->trigger();
+        VaultWindow::Loaded()->settingsAction->trigger();
         return SettingsWindow::Loaded();
     }
 

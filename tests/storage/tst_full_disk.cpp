@@ -68,8 +68,8 @@ private Q_SLOTS:
         // A new entry in memory, then the options applied: cfg.txt, config.txt and users.txt are written,
         // and the vault window's reload writes the vault, time.txt and config.txt.
         currentEntry = Entry { "New", "pw", {}, {}, {}, {}, {}, {} };
-        main->cmdSaveChanges_Click();
-        main->mnuSettings->trigger();
+        main->saveChangedEntry();
+        main->settingsAction->trigger();
         SettingsWindow* settings = SettingsWindow::Loaded();
         settings->Check5->click();
         settings->Check14->click();
@@ -77,7 +77,7 @@ private Q_SLOTS:
         main = VaultWindow::Loaded();
         QVERIFY(main && main->isVisible());
         // The password change: its writes fail unnoticed, and it says it is done.
-        main->mnuSettings->trigger();
+        main->settingsAction->trigger();
         settings = SettingsWindow::Loaded();
         settings->Command11->click();
         PasswordChangeDialog* change = PasswordChangeDialog::Loaded();
@@ -89,7 +89,7 @@ private Q_SLOTS:
         settings->Command14->click();
         QCOMPARE(run.boxes.shown.size(), 2); // the entry saved in memory, the password "changed"
         // File > Close: the save fails, and the run ends all the same.
-        QVERIFY_THROWS_EXCEPTION(ProcessEnded, main->mnuClose->trigger());
+        QVERIFY_THROWS_EXCEPTION(ProcessEnded, main->closeAction->trigger());
         platform::SetDiskSpaceHook({});
 
         const QMap<QString, QByteArray> after = snapshot(run);

@@ -178,7 +178,7 @@ private Q_SLOTS:
             QCOMPARE(platform::ClipboardText(), g->Text2->Text());
             QTest::mouseClick(g->Command5, Qt::LeftButton);
         });
-        main->mnuPassGen->trigger();
+        main->generatorAction->trigger();
 
         // From the image beside the password box: Use comes with the first result; the box is
         // empty, so nothing is asked.
@@ -191,13 +191,13 @@ private Q_SLOTS:
             QTRY_VERIFY(g->Command4->isEnabled()); // within a tick of its 10 ms timer
             QTest::mouseClick(g->Command4, Qt::LeftButton);
         });
-        QTest::mouseClick(main->Image6, Qt::LeftButton);
-        QCOMPARE(main->txtAge->Text().size(), 5);
+        QTest::mouseClick(main->generatorButton, Qt::LeftButton);
+        QCOMPARE(main->passwordBox->Text().size(), 5);
         QVERIFY(run.boxes.shown.isEmpty());
 
         // A filled box asks (flags 36); No keeps the dialog and the box, Yes replaces.
-        VaultRun::clickRow(main->lstResults, 0);
-        QCOMPARE(main->txtAge->Text(), QStringLiteral("old-pass"));
+        VaultRun::clickRow(main->list, 0);
+        QCOMPARE(main->passwordBox->Text(), QStringLiteral("old-pass"));
         run.boxes.answer(platform::IDNO);
         run.boxes.answer(platform::IDYES);
         QString delivered;
@@ -210,11 +210,11 @@ private Q_SLOTS:
             delivered = g->Text2->Text();
             QTest::mouseClick(g->Command4, Qt::LeftButton);
         });
-        QTest::mouseClick(main->Image6, Qt::LeftButton);
+        QTest::mouseClick(main->generatorButton, Qt::LeftButton);
         QCOMPARE(run.boxes.shown.size(), 2);
         QCOMPARE(run.boxes.shown[0].text, Lang(271));
         QCOMPARE(run.boxes.shown[0].flags, 36);
-        QCOMPARE(main->txtAge->Text(), delivered);
+        QCOMPARE(main->passwordBox->Text(), delivered);
 
         // From the new-entry dialog the result goes to that dialog's password box.
         VaultRun::onNextModal([](QWidget* w) {
@@ -232,7 +232,7 @@ private Q_SLOTS:
             QCOMPARE(view->txtAge->Text().size(), 4);
             view->reject();
         });
-        main->mnuNew->trigger();
+        main->newEntryAction->trigger();
     }
 };
 

@@ -37,11 +37,11 @@ class tst_report : public QObject
                 ReportWindow::Unload();
             });
             if (i == 0)
-                main->mnuReportList->trigger();
+                main->reportAction->trigger();
             else if (i == 1)
-                main->mnuPrint->trigger();
+                main->printAction->trigger();
             else
-                QTest::mouseClick(i == 2 ? main->Command11 : main->Command12, Qt::LeftButton);
+                QTest::mouseClick(i == 2 ? main->printButton : main->reportButton, Qt::LeftButton);
         }
         if (opened != 4)
             return nullptr;
@@ -76,10 +76,10 @@ private Q_SLOTS:
         QVERIFY(!ReportWindow::Loaded());
 
         // A search for "mail" lists one row: the report shows one line, the table's first.
-        main->txtSearch->SetText(QStringLiteral("m41l"));
-        main->Command1_Click();
-        QCOMPARE(main->lstResults->ListCount(), 1);
-        QStringList narrowed = lines(ReportText(main->lstResults->ListCount()));
+        main->searchBox->SetText(QStringLiteral("m41l"));
+        main->search();
+        QCOMPARE(main->list->ListCount(), 1);
+        QStringList narrowed = lines(ReportText(main->list->ListCount()));
         QCOMPARE(narrowed.size(), 5);
         QVERIFY(narrowed[4].startsWith(QStringLiteral("1) %1 Bank ").arg(Lang(286))));
         QCOMPARE(lines(ReportText(0)).size(), 4);

@@ -40,8 +40,8 @@ class tst_clipboard : public QObject
             return nullptr;
         run.setIni(QStringLiteral("Administrator/cfg.txt"), QStringLiteral("setts"), QStringLiteral("s4"), s4);
         VaultRun::activate(main);
-        VaultRun::clickRow(main->lstResults, 0);
-        main->Timer1_Timer();
+        VaultRun::clickRow(main->list, 0);
+        main->keepBoxesInStep();
         return main;
     }
 
@@ -57,70 +57,70 @@ private Q_SLOTS:
 
         // No box clicked yet: the five commands do nothing, the copy images work.
         QCOMPARE(main->CurrentFieldName(), QStringLiteral("Label4"));
-        main->cmdCopy->trigger();
-        QTest::mouseClick(main->Command14, Qt::LeftButton);
-        main->cmdPaste->trigger();
-        main->mnuUndo->trigger();
+        main->copyAction->trigger();
+        QTest::mouseClick(main->cutButton, Qt::LeftButton);
+        main->pasteAction->trigger();
+        main->undoAction->trigger();
         QCOMPARE(clipboard(), QStringLiteral("before"));
-        QCOMPARE(main->txtFullName->Text(), QStringLiteral("annabel"));
-        QTest::mouseClick(main->Image4, Qt::LeftButton);
+        QCOMPARE(main->userNameBox->Text(), QStringLiteral("annabel"));
+        QTest::mouseClick(main->copyPasswordButton, Qt::LeftButton);
         QCOMPARE(clipboard(), QStringLiteral("secret-pass")); // masked on screen, clear on the clipboard
-        QCOMPARE(main->txtAge->PasswordChar(), QStringLiteral("*"));
+        QCOMPARE(main->passwordBox->PasswordChar(), QStringLiteral("*"));
         QCOMPARE(main->CurrentFieldName(), QStringLiteral("Label4"));
 
         // Copy takes the whole box, whatever is selected; cut takes the selection only.
-        VaultRun::clickInto(main->txtFullName);
-        QCOMPARE(main->CurrentFieldName(), QStringLiteral("txtFullName"));
-        main->txtFullName->LineEditor()->setSelection(0, 4);
-        QTest::mouseClick(main->Command13, Qt::LeftButton);
+        VaultRun::clickInto(main->userNameBox);
+        QCOMPARE(main->CurrentFieldName(), QStringLiteral("userNameBox"));
+        main->userNameBox->LineEditor()->setSelection(0, 4);
+        QTest::mouseClick(main->copyButton, Qt::LeftButton);
         QCOMPARE(clipboard(), QStringLiteral("annabel"));
 
         // Tab moves the focus but not the field: the cut acts on the box clicked last.
-        QTest::keyClick(main->txtFullName->Editor(), Qt::Key_Tab);
-        QVERIFY(!main->txtFullName->Editor()->hasFocus());
-        QCOMPARE(main->CurrentFieldName(), QStringLiteral("txtFullName"));
-        main->txtFullName->LineEditor()->setSelection(0, 4);
-        main->cmdCut->trigger();
-        QCOMPARE(main->txtFullName->Text(), QStringLiteral("bel"));
+        QTest::keyClick(main->userNameBox->Editor(), Qt::Key_Tab);
+        QVERIFY(!main->userNameBox->Editor()->hasFocus());
+        QCOMPARE(main->CurrentFieldName(), QStringLiteral("userNameBox"));
+        main->userNameBox->LineEditor()->setSelection(0, 4);
+        main->cutAction->trigger();
+        QCOMPARE(main->userNameBox->Text(), QStringLiteral("bel"));
         QCOMPARE(clipboard(), QStringLiteral("anna"));
 
         // One step of undo: a second undo takes the first back, and redo is that second undo.
-        main->mnuUndo->trigger();
-        QCOMPARE(main->txtFullName->Text(), QStringLiteral("annabel"));
-        QTest::mouseClick(main->Command16, Qt::LeftButton);
-        QCOMPARE(main->txtFullName->Text(), QStringLiteral("bel"));
-        main->mnuRedo->trigger();
-        QCOMPARE(main->txtFullName->Text(), QStringLiteral("annabel"));
-        QTest::mouseClick(main->Command17, Qt::LeftButton);
-        QCOMPARE(main->txtFullName->Text(), QStringLiteral("bel"));
+        main->undoAction->trigger();
+        QCOMPARE(main->userNameBox->Text(), QStringLiteral("annabel"));
+        QTest::mouseClick(main->undoButton, Qt::LeftButton);
+        QCOMPARE(main->userNameBox->Text(), QStringLiteral("bel"));
+        main->redoAction->trigger();
+        QCOMPARE(main->userNameBox->Text(), QStringLiteral("annabel"));
+        QTest::mouseClick(main->redoButton, Qt::LeftButton);
+        QCOMPARE(main->userNameBox->Text(), QStringLiteral("bel"));
 
         // Paste at the caret of that same box, and its change reaches the working copy only
         // when the box loses the focus.
-        main->txtFullName->LineEditor()->setCursorPosition(0);
-        QTest::mouseClick(main->Command15, Qt::LeftButton);
-        QCOMPARE(main->txtFullName->Text(), QStringLiteral("annabel"));
+        main->userNameBox->LineEditor()->setCursorPosition(0);
+        QTest::mouseClick(main->pasteButton, Qt::LeftButton);
+        QCOMPARE(main->userNameBox->Text(), QStringLiteral("annabel"));
         QCOMPARE(currentEntry.userName, QByteArray("annabel")); // the table's value, unchanged so far
 
         // Typing is one step too: undo takes back the whole run of typing.
-        VaultRun::clickInto(main->txtExtra);
-        QTest::keyClicks(main->txtExtra->Editor(), QStringLiteral("note"));
-        main->mnuUndo->trigger();
-        QCOMPARE(main->txtExtra->Text(), QString());
-        main->mnuUndo->trigger();
-        QCOMPARE(main->txtExtra->Text(), QStringLiteral("note"));
+        VaultRun::clickInto(main->noteBox);
+        QTest::keyClicks(main->noteBox->Editor(), QStringLiteral("note"));
+        main->undoAction->trigger();
+        QCOMPARE(main->noteBox->Text(), QString());
+        main->undoAction->trigger();
+        QCOMPARE(main->noteBox->Text(), QStringLiteral("note"));
 
         // A locked box refuses cut, paste and undo; the current field stays after the delete.
         platform::SetMessageBoxBackend([](const platform::MessageBoxCall&) { return int(platform::IDYES); });
-        QTest::mouseClick(main->Command10, Qt::LeftButton);
-        main->Timer1_Timer();
-        QVERIFY(main->txtExtra->Locked());
-        QCOMPARE(main->CurrentFieldName(), QStringLiteral("txtExtra"));
+        QTest::mouseClick(main->deleteEntryButton, Qt::LeftButton);
+        main->keepBoxesInStep();
+        QVERIFY(main->noteBox->Locked());
+        QCOMPARE(main->CurrentFieldName(), QStringLiteral("noteBox"));
         QApplication::clipboard()->setText(QStringLiteral("pasted"));
-        main->cmdPaste->trigger();
-        main->mnuUndo->trigger();
-        QCOMPARE(main->txtExtra->Text(), QString());
+        main->pasteAction->trigger();
+        main->undoAction->trigger();
+        QCOMPARE(main->noteBox->Text(), QString());
         // And copy of the now empty box empties what was there.
-        main->cmdCopy->trigger();
+        main->copyAction->trigger();
         QCOMPARE(clipboard(), QString());
     }
 
@@ -131,23 +131,23 @@ private Q_SLOTS:
         QVERIFY(main);
         // Select the end of the user name, then go for the toolbar: passing over it takes the
         // focus from the box, and the cut still finds the selection.
-        for (TextBox* box : { main->txtFullName, main->txtExtra }) {
+        for (TextBox* box : { main->userNameBox, main->noteBox }) {
             VaultRun::clickInto(box);
             box->SetText(QStringLiteral("annabel"));
             QTest::keyClick(box->Editor(), Qt::Key_End);
             for (int i = 0; i < 3; ++i)
                 QTest::keyClick(box->Editor(), Qt::Key_Left, Qt::ShiftModifier);
-            QTest::mouseMove(main->Command14);
-            QVERIFY(main->Command14->hasFocus());
-            QTest::mouseClick(main->Command14, Qt::LeftButton);
+            QTest::mouseMove(main->cutButton);
+            QVERIFY(main->cutButton->hasFocus());
+            QTest::mouseClick(main->cutButton, Qt::LeftButton);
             QCOMPARE(box->Text(), QStringLiteral("anna"));
             QCOMPARE(clipboard(), QStringLiteral("bel"));
             // Paste replaces what is selected.
             VaultRun::clickInto(box);
             QTest::keyClick(box->Editor(), Qt::Key_Home);
             QTest::keyClick(box->Editor(), Qt::Key_Right, Qt::ShiftModifier);
-            QTest::mouseMove(main->Command15);
-            QTest::mouseClick(main->Command15, Qt::LeftButton);
+            QTest::mouseMove(main->pasteButton);
+            QTest::mouseClick(main->pasteButton, Qt::LeftButton);
             QCOMPARE(box->Text(), QStringLiteral("belnna"));
         }
     }
@@ -159,17 +159,17 @@ private Q_SLOTS:
         QVERIFY(main);
 
         // The menu's copy never minimises; an image does when s4 is exactly "1", read each time.
-        VaultRun::clickInto(main->txtAge);
-        main->cmdCopy->trigger();
+        VaultRun::clickInto(main->passwordBox);
+        main->copyAction->trigger();
         QVERIFY(!(main->windowState() & Qt::WindowMinimized));
-        QTest::mouseClick(main->Image1, Qt::LeftButton);
+        QTest::mouseClick(main->copyUserNameButton, Qt::LeftButton);
         QCOMPARE(clipboard(), QStringLiteral("annabel"));
         QVERIFY(main->windowState() & Qt::WindowMinimized);
-        main->mnuOpen_Click();
+        main->showWindow();
         QVERIFY(!(main->windowState() & Qt::WindowMinimized));
         run.setIni(QStringLiteral("Administrator/cfg.txt"), QStringLiteral("setts"), QStringLiteral("s4"),
             QStringLiteral("True"));
-        QTest::mouseClick(main->Image3, Qt::LeftButton);
+        QTest::mouseClick(main->copyUrlButton, Qt::LeftButton);
         QVERIFY(!(main->windowState() & Qt::WindowMinimized));
 
         // Another program holds the clipboard: the copy is refused in words, the old contents
@@ -179,7 +179,7 @@ private Q_SLOTS:
         QApplication::clipboard()->setText(QStringLiteral("kept"));
         platform::SetClipboardHeldElsewhere(true);
         run.boxes.shown.clear();
-        QTest::mouseClick(main->Image4, Qt::LeftButton);
+        QTest::mouseClick(main->copyPasswordButton, Qt::LeftButton);
         QCOMPARE(run.boxes.shown.size(), 1);
         QCOMPARE(run.boxes.shown[0].text, QStringLiteral("Could not open the Clipboard. Copy aborted."));
         QCOMPARE(run.boxes.shown[0].flags, 0);
@@ -189,15 +189,15 @@ private Q_SLOTS:
         platform::SetClipboardHeldElsewhere(false);
 
         // The clipboard holds 8-bit text: what the code page lacks becomes "?".
-        main->mnuOpen_Click();
-        main->txtExtra->SetText(QStringLiteral("Zażółć ☃ €"));
-        VaultRun::clickInto(main->txtExtra);
-        main->cmdCopy->trigger();
+        main->showWindow();
+        main->noteBox->SetText(QStringLiteral("Zażółć ☃ €"));
+        VaultRun::clickInto(main->noteBox);
+        main->copyAction->trigger();
         QCOMPARE(clipboard(), QStringLiteral("Za?ó?? ? €"));
 
         // The menu's entry empties it, with no question.
         run.boxes.shown.clear();
-        main->cmdClearClip->trigger();
+        main->clearClipboardAction->trigger();
         QCOMPARE(clipboard(), QString());
         QVERIFY(run.boxes.shown.isEmpty());
     }
@@ -210,9 +210,9 @@ private Q_SLOTS:
             QVERIFY(main);
             run.setIni(QStringLiteral("Administrator/cfg.txt"), QStringLiteral("setts"), QStringLiteral("s3"),
                 QLatin1String(s3));
-            QTest::mouseClick(main->Image4, Qt::LeftButton);
+            QTest::mouseClick(main->copyPasswordButton, Qt::LeftButton);
             QCOMPARE(clipboard(), QStringLiteral("secret-pass"));
-            QVERIFY_THROWS_EXCEPTION(ProcessEnded, main->mnuClose_Click());
+            QVERIFY_THROWS_EXCEPTION(ProcessEnded, main->closeProgram());
             QCOMPARE(clipboard(), qstrcmp(s3, "1") == 0 ? QString() : QStringLiteral("secret-pass"));
         }
     }

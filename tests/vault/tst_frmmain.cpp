@@ -31,14 +31,14 @@ void addEntry(VaultWindow* main, const NewEntry& e)
         }
         QTest::mouseClick(view->cmdSaveChanges, Qt::LeftButton); // the focus leaves the last box
     });
-    QTest::mouseClick(main->Command9, Qt::LeftButton);
+    QTest::mouseClick(main->newEntryButton, Qt::LeftButton);
     VaultRun::activate(main);
 }
 
 void search(VaultWindow* main, const QString& text)
 {
-    main->txtSearch->SetText(text);
-    QTest::mouseClick(main->Command1, Qt::LeftButton);
+    main->searchBox->SetText(text);
+    QTest::mouseClick(main->searchButton, Qt::LeftButton);
 }
 
 int rowOf(const ListBox* list, const QString& text)
@@ -68,8 +68,8 @@ private Q_SLOTS:
         VaultWindow* main = run.start();
         QVERIFY(main);
         VaultRun::activate(main);
-        QCOMPARE(main->StatusBar1Panel[0]->text(), QStringLiteral("0 entries"));
-        QCOMPARE(main->StatusBar1Panel[2]->text(), QStringLiteral("User: Administrator"));
+        QCOMPARE(main->statusPanels[0]->text(), QStringLiteral("0 entries"));
+        QCOMPARE(main->statusPanels[2]->text(), QStringLiteral("User: Administrator"));
 
         addEntry(main, { QStringLiteral("beta"), QStringLiteral("joe"), QStringLiteral("b-pass"), {} });
         addEntry(main, { QStringLiteral("Alpha"), QStringLiteral("ann"), QStringLiteral("joe99"), {} });
@@ -78,58 +78,58 @@ private Q_SLOTS:
         QCOMPARE(run.boxes.shown.size(), 3);
         QCOMPARE(run.boxes.shown.first().text, Lang(193));
         QCOMPARE(run.boxes.shown.first().flags, 64);
-        QCOMPARE(VaultRun::rows(main->lstResults), QStringList({ "Alpha", "beta", "gamma" }));
-        QCOMPARE(main->StatusBar1Panel[0]->text(), QStringLiteral("0 entries")); // set by the load only
+        QCOMPARE(VaultRun::rows(main->list), QStringList({ "Alpha", "beta", "gamma" }));
+        QCOMPARE(main->statusPanels[0]->text(), QStringLiteral("0 entries")); // set by the load only
 
         // Each row tells which field matched first; the password is printed in clear.
         search(main, QStringLiteral("JOE"));
-        QCOMPARE(VaultRun::rows(main->lstResults), QStringList({ "Alpha (Password: joe99)", "beta (joe)", "gamma" }));
-        QVERIFY(main->Command2->isVisible());
-        QCOMPARE(main->Label2->text(), Lang(197));
+        QCOMPARE(VaultRun::rows(main->list), QStringList({ "Alpha (Password: joe99)", "beta (joe)", "gamma" }));
+        QVERIFY(main->showAllButton->isVisible());
+        QCOMPARE(main->listHeading->text(), Lang(197));
 
         // A click on a row shows its entry.
-        VaultRun::clickRow(main->lstResults, rowOf(main->lstResults, QStringLiteral("beta (joe)")));
-        QCOMPARE(main->txtDetails->Text(), QStringLiteral("beta"));
-        QCOMPARE(main->txtAge->Text(), QStringLiteral("b-pass"));
-        QCOMPARE(main->Label3->text(), QStringLiteral("beta"));
-        main->Timer1_Timer();
-        QVERIFY(main->cmdSaveChanges->isEnabled());
-        QVERIFY(!main->txtAge->Locked());
-        QCOMPARE(main->StatusBar1Panel[3]->text(), QStringLiteral("beta"));
+        VaultRun::clickRow(main->list, rowOf(main->list, QStringLiteral("beta (joe)")));
+        QCOMPARE(main->titleBox->Text(), QStringLiteral("beta"));
+        QCOMPARE(main->passwordBox->Text(), QStringLiteral("b-pass"));
+        QCOMPARE(main->entryHeading->text(), QStringLiteral("beta"));
+        main->keepBoxesInStep();
+        QVERIFY(main->saveButton->isEnabled());
+        QVERIFY(!main->passwordBox->Locked());
+        QCOMPARE(main->statusPanels[3]->text(), QStringLiteral("beta"));
 
         // Change the password: the text counts once the box has lost the focus.
-        VaultRun::clickInto(main->txtAge);
-        main->txtAge->LineEditor()->selectAll();
-        QTest::keyClicks(main->txtAge->Editor(), QStringLiteral("new-pass"));
-        QTest::mouseClick(main->cmdSaveChanges, Qt::LeftButton);
+        VaultRun::clickInto(main->passwordBox);
+        main->passwordBox->LineEditor()->selectAll();
+        QTest::keyClicks(main->passwordBox->Editor(), QStringLiteral("new-pass"));
+        QTest::mouseClick(main->saveButton, Qt::LeftButton);
         QCOMPARE(run.boxes.shown.last().text, Lang(193));
         // Every title again, still in results mode, nothing selected.
-        QCOMPARE(VaultRun::rows(main->lstResults), QStringList({ "Alpha", "beta", "gamma" }));
-        QVERIFY(main->Command2->isVisible());
-        QCOMPARE(main->lstResults->ListIndex(), -1);
-        main->Command10_Click();
+        QCOMPARE(VaultRun::rows(main->list), QStringList({ "Alpha", "beta", "gamma" }));
+        QVERIFY(main->showAllButton->isVisible());
+        QCOMPARE(main->list->ListIndex(), -1);
+        main->deleteEntryFromToolbar();
         QCOMPARE(run.boxes.shown.last().text, Lang(198));
         QCOMPARE(run.boxes.shown.last().flags, 16);
-        main->mnuDelete_Click();
+        main->deleteEntryFromMenu();
         QCOMPARE(run.boxes.shown.last().text, Lang(205));
 
         // Back to the full list, delete gamma after its question.
-        QTest::mouseClick(main->Command2, Qt::LeftButton);
-        QVERIFY(!main->Command2->isVisible());
-        QCOMPARE(main->Label2->text(), Lang(201));
-        VaultRun::clickRow(main->lstResults, 2);
+        QTest::mouseClick(main->showAllButton, Qt::LeftButton);
+        QVERIFY(!main->showAllButton->isVisible());
+        QCOMPARE(main->listHeading->text(), Lang(201));
+        VaultRun::clickRow(main->list, 2);
         run.boxes.answer(platform::IDNO);
-        QTest::mouseClick(main->Command10, Qt::LeftButton);
+        QTest::mouseClick(main->deleteEntryButton, Qt::LeftButton);
         QCOMPARE(run.boxes.shown.last().text, Lang(199) + QStringLiteral(" gamma ") + Lang(200));
         QCOMPARE(run.boxes.shown.last().flags, 36);
-        QCOMPARE(main->lstResults->ListCount(), 3);
+        QCOMPARE(main->list->ListCount(), 3);
         run.boxes.answer(platform::IDYES);
-        QTest::mouseClick(main->Command10, Qt::LeftButton);
-        QCOMPARE(VaultRun::rows(main->lstResults), QStringList({ "Alpha", "beta" }));
-        QVERIFY(main->txtDetails->Text().isEmpty());
-        main->Timer1_Timer();
-        QVERIFY(!main->cmdSaveChanges->isEnabled());
-        QVERIFY(main->txtAge->Locked());
+        QTest::mouseClick(main->deleteEntryButton, Qt::LeftButton);
+        QCOMPARE(VaultRun::rows(main->list), QStringList({ "Alpha", "beta" }));
+        QVERIFY(main->titleBox->Text().isEmpty());
+        main->keepBoxesInStep();
+        QVERIFY(!main->saveButton->isEnabled());
+        QVERIFY(main->passwordBox->Locked());
         QVERIFY(vaultDirty);
 
         run.close();
@@ -145,8 +145,8 @@ private Q_SLOTS:
             run.ini(QStringLiteral("config.txt"), Keys::user, Keys::tempChangeable2), QStringLiteral("Administrator"));
 
         main = run.start();
-        QCOMPARE(VaultRun::rows(main->lstResults), QStringList({ "Alpha", "beta" }));
-        QCOMPARE(main->StatusBar1Panel[0]->text(), QStringLiteral("2 entries"));
+        QCOMPARE(VaultRun::rows(main->list), QStringList({ "Alpha", "beta" }));
+        QCOMPARE(main->statusPanels[0]->text(), QStringLiteral("2 entries"));
         run.close();
     }
 
@@ -157,46 +157,45 @@ private Q_SLOTS:
         // An empty vault: nothing to search.
         search(main, QStringLiteral("x"));
         QCOMPARE(run.boxes.shown.last().text, Lang(195));
-        QVERIFY(!main->Command2->isVisible());
+        QVERIFY(!main->showAllButton->isVisible());
         run.close();
 
         run.writeVault({ entry("Bank (old)", "u1"), entry("Mail", "u2"), entry("mail", "u3") });
         main = run.start();
         VaultRun::activate(main);
-        QCOMPARE(main->StatusBar1Panel[0]->text(), QStringLiteral("3 entries"));
+        QCOMPARE(main->statusPanels[0]->text(), QStringLiteral("3 entries"));
         search(main, QString());
         QCOMPARE(run.boxes.shown.last().text, Lang(196));
         QCOMPARE(run.boxes.shown.last().flags, 64);
         const int before = static_cast<int>(run.boxes.shown.size());
         search(main, QStringLiteral("nothing like it"));
         QCOMPARE(run.boxes.shown.size(), before); // no message: an empty list in results mode
-        QCOMPARE(main->lstResults->ListCount(), 0);
-        QVERIFY(main->Command2->isVisible());
+        QCOMPARE(main->list->ListCount(), 0);
+        QVERIFY(main->showAllButton->isVisible());
         search(main, QStringLiteral("mail"));
         QCOMPARE(run.boxes.shown.last().text, Lang(195)); // the list is asked, not the table
-        main->mnuRefresh_Click();
-        QCOMPARE(main->lstResults->ListCount(), 3);
-        QVERIFY(!main->Command2->isVisible());
+        main->refresh();
+        QCOMPARE(main->list->ListCount(), 3);
+        QVERIFY(!main->showAllButton->isVisible());
 
         // Titles that differ in case are two entries, each row finds its own.
-        VaultRun::clickRow(main->lstResults, rowOf(main->lstResults, QStringLiteral("mail")));
-        QCOMPARE(main->txtFullName->Text(), QStringLiteral("u3"));
-        VaultRun::clickRow(main->lstResults, rowOf(main->lstResults, QStringLiteral("Mail")));
-        QCOMPARE(main->txtFullName->Text(), QStringLiteral("u2"));
+        VaultRun::clickRow(main->list, rowOf(main->list, QStringLiteral("mail")));
+        QCOMPARE(main->userNameBox->Text(), QStringLiteral("u3"));
+        VaultRun::clickRow(main->list, rowOf(main->list, QStringLiteral("Mail")));
+        QCOMPARE(main->userNameBox->Text(), QStringLiteral("u2"));
         // "Bank (old)" looks up "Bank": none, so a beep and the previous entry again.
-        VaultRun::clickRow(main->lstResults, rowOf(main->lstResults, QStringLiteral("Bank (old)")));
+        VaultRun::clickRow(main->list, rowOf(main->list, QStringLiteral("Bank (old)")));
         QCOMPARE(run.beeps, 1);
-        QCOMPARE(main->txtDetails->Text(), QStringLiteral("Mail"));
+        QCOMPARE(main->titleBox->Text(), QStringLiteral("Mail"));
         // A click below the rows, with nothing selected: an empty title, a beep.
-        main->lstResults->clearSelection();
-        QTest::mouseClick(
-            main->lstResults->viewport(), Qt::LeftButton, {}, QPoint(5, main->lstResults->viewport()->height() - 3));
+        main->list->clearSelection();
+        QTest::mouseClick(main->list->viewport(), Qt::LeftButton, {}, QPoint(5, main->list->viewport()->height() - 3));
         QCOMPARE(run.beeps, 2);
         // The delete commands cut the same way.
-        VaultRun::clickRow(main->lstResults, rowOf(main->lstResults, QStringLiteral("Bank (old)")));
-        main->Command10_Click();
+        VaultRun::clickRow(main->list, rowOf(main->list, QStringLiteral("Bank (old)")));
+        main->deleteEntryFromToolbar();
         QCOMPARE(run.boxes.shown.last().text, Lang(199) + QStringLiteral(" Bank ") + Lang(200));
-        QCOMPARE(main->lstResults->ListCount(), 3); // no entry "Bank": nothing removed, no message
+        QCOMPARE(main->list->ListCount(), 3); // no entry "Bank": nothing removed, no message
 
         // Enter while the title box keeps the focus: the title never reached the working copy.
         VaultRun::onNextModal([&run](QWidget* w) {
@@ -211,8 +210,8 @@ private Q_SLOTS:
             QTest::keyClick(view->txtExtra->Editor(), Qt::Key_Return);
             QCOMPARE(run.boxes.shown.last().text, Lang(193));
         });
-        main->mnuNew_Click();
-        QVERIFY(rowOf(main->lstResults, QStringLiteral("Fresh")) >= 0);
+        main->newEntry();
+        QVERIFY(rowOf(main->list, QStringLiteral("Fresh")) >= 0);
 
         // A doubled title in the rows on show is refused; the table test catches the rest.
         VaultRun::onNextModal([&run](QWidget* w) {
@@ -223,43 +222,43 @@ private Q_SLOTS:
             QVERIFY(view->isVisible());
             QTest::mouseClick(view->Command2, Qt::LeftButton);
         });
-        main->Command9_Click();
+        main->newEntry();
         VaultRun::onNextModal([](QWidget* w) { qobject_cast<EntryDialog*>(w)->Command2_Click(); });
-        main->Command9_Click();
+        main->newEntry();
         // After the dialog's cancel the working copy is empty, whatever the boxes show.
-        QVERIFY(!main->txtDetails->Text().isEmpty());
-        main->cmdSaveChanges_Click();
+        QVERIFY(!main->titleBox->Text().isEmpty());
+        main->saveChangedEntry();
         QCOMPARE(run.boxes.shown.last().text, Lang(192));
 
         // In results mode a new entry whose title is not listed overwrites that entry.
         search(main, QStringLiteral("u2"));
         // The name read back carries a padding zero, and a row ends at it.
-        QCOMPARE(VaultRun::rows(main->lstResults), QStringList({ "Mail (u2" }));
+        QCOMPARE(VaultRun::rows(main->list), QStringList({ "Mail (u2" }));
         VaultRun::onNextModal([](QWidget* w) {
             auto* view = qobject_cast<EntryDialog*>(w);
             VaultRun::type(view->txtDetails, QStringLiteral("Mail"));
             VaultRun::type(view->txtFullName, QStringLiteral("overwritten"));
             QTest::mouseClick(view->cmdSaveChanges, Qt::LeftButton);
         });
-        main->mnuNew_Click();
-        QVERIFY(main->Command2->isVisible()); // the list is full again, the mode stays
-        QCOMPARE(main->Label2->text(), Lang(197));
-        QCOMPARE(main->lstResults->ListCount(), 4);
+        main->newEntry();
+        QVERIFY(main->showAllButton->isVisible()); // the list is full again, the mode stays
+        QCOMPARE(main->listHeading->text(), Lang(197));
+        QCOMPARE(main->list->ListCount(), 4);
         // The working copy is the new entry while the boxes show the old one: a typed field
         // and a save change the new entry.
-        VaultRun::clickRow(main->lstResults, rowOf(main->lstResults, QStringLiteral("Fresh")));
+        VaultRun::clickRow(main->list, rowOf(main->list, QStringLiteral("Fresh")));
         VaultRun::onNextModal([](QWidget* w) {
             auto* view = qobject_cast<EntryDialog*>(w);
             VaultRun::type(view->txtDetails, QStringLiteral("Newest"));
             QTest::mouseClick(view->cmdSaveChanges, Qt::LeftButton);
         });
-        main->mnuNew_Click();
-        QCOMPARE(main->txtDetails->Text(), QStringLiteral("Fresh"));
-        VaultRun::type(main->txtPhone, QStringLiteral("phrase"));
-        QTest::mouseClick(main->cmdSaveChanges, Qt::LeftButton);
+        main->newEntry();
+        QCOMPARE(main->titleBox->Text(), QStringLiteral("Fresh"));
+        VaultRun::type(main->passphraseBox, QStringLiteral("phrase"));
+        QTest::mouseClick(main->saveButton, Qt::LeftButton);
         QCOMPARE(entryTable[FindEntryByTitle("Newest")].passphrase, QByteArray("phrase"));
         QVERIFY(entryTable[FindEntryByTitle("Fresh")].passphrase.isEmpty());
-        QCOMPARE(main->StatusBar1Panel[0]->text(), QStringLiteral("3 entries"));
+        QCOMPARE(main->statusPanels[0]->text(), QStringLiteral("3 entries"));
         run.close();
         const QList<Entry> saved = run.vaultOnDisk();
         QCOMPARE(saved.size(), 5);
@@ -275,9 +274,9 @@ private Q_SLOTS:
         VaultWindow* main = run.start();
         const QByteArray afterLoad = run.world.read(file);
         QCOMPARE(afterLoad.size(), original.size() + 3);
-        main->txtSearch->SetText(QStringLiteral("no such text"));
-        main->Command1_Click();
-        QCOMPARE(main->lstResults->ListCount(), 0);
+        main->searchBox->SetText(QStringLiteral("no such text"));
+        main->search();
+        QCOMPARE(main->list->ListCount(), 0);
         // The deletions of this run are lost with the empty list.
         run.close();
         QCOMPARE(run.world.read(file), afterLoad);
@@ -291,10 +290,10 @@ private Q_SLOTS:
         // Deleting the last entries: the list is empty at the end, so they are back next time.
         main = VaultWindow::Loaded();
         for (int i = 0; i < 2; ++i) {
-            main->lstResults->SetListIndex(0);
-            main->mnuDelete_Click();
+            main->list->SetListIndex(0);
+            main->deleteEntryFromMenu();
         }
-        QCOMPARE(main->lstResults->ListCount(), 0);
+        QCOMPARE(main->list->ListCount(), 0);
         QCOMPARE(EntryCount(entryTable), qint16(1)); // 0 to 0
         run.close();
         QCOMPARE(run.vaultOnDisk().size(), 2);
@@ -342,7 +341,7 @@ private Q_SLOTS:
                     view->cmdLoad_Click();
                 QTest::mouseClick(view->cmdSaveChanges, Qt::LeftButton);
             });
-            main->mnuNew_Click();
+            main->newEntry();
         }
         QCOMPARE(run.boxes.shown.size(), before + 4); // two failures and two saved messages
         QCOMPARE(run.boxes.shown.at(before).text, QStringLiteral("Error #53:\nFile not found"));
@@ -352,7 +351,7 @@ private Q_SLOTS:
 
         main = run.start();
         // Titles are raw section lines; blanks and signs sort before letters.
-        QCOMPARE(VaultRun::rows(main->lstResults),
+        QCOMPARE(VaultRun::rows(main->list),
             (QStringList { QStringLiteral("  lead"), QStringLiteral(";semi"), QStringLiteral("[open"),
                 QStringLiteral("a=b"), QStringLiteral("bmp"), QStringLiteral("long"), QStringLiteral("png"),
                 QStringLiteral("x]y"), QStringLiteral("Zürich é") }));
@@ -386,7 +385,7 @@ private Q_SLOTS:
                 entries.prepend(Entry { platform::ToCodePage(title), {}, {}, {}, {}, {}, {}, {} });
             VaultWindow* main = run.startActive(entries);
             QVERIFY(main);
-            QCOMPARE(VaultRun::rows(main->lstResults), sorted);
+            QCOMPARE(VaultRun::rows(main->list), sorted);
             run.close();
         }
         QLocale::setDefault(QLocale::system());
@@ -399,10 +398,10 @@ private Q_SLOTS:
         const QString file = QStringLiteral("appdata/Brenmark/Tolvane/data/Administrator/list.dat");
         VaultWindow* main = run.start();
         VaultRun::activate(main);
-        VaultRun::clickRow(main->lstResults, 0);
-        VaultRun::type(main->txtFullName, QStringLiteral("b"));
+        VaultRun::clickRow(main->list, 0);
+        VaultRun::type(main->userNameBox, QStringLiteral("b"));
         QVERIFY(currentEntry.userName.startsWith("a\0")); // typed, not yet carried
-        QTest::keyClick(main->txtFullName->Editor(), Qt::Key_Tab);
+        QTest::keyClick(main->userNameBox->Editor(), Qt::Key_Tab);
         QCOMPARE(currentEntry.userName, QByteArray("ba"));
 
         VaultRun::onNextModal([&run](QWidget* w) {
@@ -411,7 +410,7 @@ private Q_SLOTS:
             QCOMPARE(run.boxes.shown.last().flags, 64);
             qobject_cast<EntryDialog*>(w)->Command2->click();
         });
-        main->mnuNew_Click();
+        main->newEntry();
 
         // More than the walk can carry: the message, and the last vault stays as it was.
         const QByteArray onDisk = run.world.read(file);

@@ -34,19 +34,20 @@ void checkLayout(const VaultWindow* main, int W, int H)
 {
     QCOMPARE(main->OuterWidth(), W);
     QCOMPARE(main->OuterHeight(), H);
-    const bool results = !main->Command2->isHidden();
-    QCOMPARE(main->lstResults->y(), Twips(results ? 1200 : 840));
-    QCOMPARE(main->lstResults->height(), Twips(results ? H - 2350 : H - 2100));
+    const bool results = !main->showAllButton->isHidden();
+    QCOMPARE(main->list->y(), Twips(results ? 1200 : 840));
+    QCOMPARE(main->list->height(), Twips(results ? H - 2350 : H - 2100));
     for (const TextBox* b :
-        { main->txtDetails, main->txtFullName, main->txtPhone, main->txtAge, main->txtAddress, main->txtInterests })
+        { main->titleBox, main->userNameBox, main->passphraseBox, main->passwordBox, main->urlBox, main->documentBox })
         QCOMPARE(b->width(), Twips(W - 4750));
-    QCOMPARE(main->txtExtra->size(), QSize(Twips(W - 4050), Twips(H - 4700)));
-    QCOMPARE(main->Image8->width(), Twips(W));
-    QCOMPARE(main->Line1->width(), Twips(W));
-    QCOMPARE(main->cmdSaveChanges->pos(), QPoint(Twips(W - 1400), Twips(H - 1600)));
-    for (const ClickablePicture* image : { main->Image1, main->Image2, main->Image3, main->Image4, main->Image7 })
+    QCOMPARE(main->noteBox->size(), QSize(Twips(W - 4050), Twips(H - 4700)));
+    QCOMPARE(main->headingStrip->width(), Twips(W));
+    QCOMPARE(main->headingLine->width(), Twips(W));
+    QCOMPARE(main->saveButton->pos(), QPoint(Twips(W - 1400), Twips(H - 1600)));
+    for (const ClickablePicture* image : { main->copyUserNameButton, main->copyPassphraseButton, main->copyUrlButton,
+             main->copyPasswordButton, main->openDocumentButton })
         QCOMPARE(image->x(), Twips(W - 850));
-    for (const ClickablePicture* image : { main->Image5, main->Image6 })
+    for (const ClickablePicture* image : { main->openAddressButton, main->generatorButton })
         QCOMPARE(image->x(), Twips(W - 450));
 }
 
@@ -64,9 +65,9 @@ private Q_SLOTS:
         QVERIFY(main);
         for (const bool results : { false, true }) {
             if (results) {
-                main->txtSearch->SetText(QStringLiteral("ann"));
-                QTest::mouseClick(main->Command1, Qt::LeftButton);
-                QVERIFY(!main->Command2->isHidden());
+                main->searchBox->SetText(QStringLiteral("ann"));
+                QTest::mouseClick(main->searchButton, Qt::LeftButton);
+                QVERIFY(!main->showAllButton->isHidden());
             }
             // Below the minimum in one direction or both it snaps back; at the minimum and
             // above it the window keeps its size. Each size is one more pixel than the last.
@@ -93,16 +94,16 @@ private Q_SLOTS:
             }
         }
         // In results mode the list begins 360 twips lower and ends 110 twips lower.
-        const int resultsBottom = main->lstResults->geometry().bottom();
-        QTest::mouseClick(main->Command2, Qt::LeftButton);
-        QCOMPARE(main->lstResults->y(), Twips(840));
-        QCOMPARE(resultsBottom - main->lstResults->geometry().bottom(),
-            Twips(10500 - 2350 + 1200) - Twips(10500 - 2100 + 840));
+        const int resultsBottom = main->list->geometry().bottom();
+        QTest::mouseClick(main->showAllButton, Qt::LeftButton);
+        QCOMPARE(main->list->y(), Twips(840));
+        QCOMPARE(
+            resultsBottom - main->list->geometry().bottom(), Twips(10500 - 2350 + 1200) - Twips(10500 - 2100 + 840));
         // The fixed items of the left column and the toolbar never move.
-        QCOMPARE(main->Label2->pos(), QPoint(Twips(120), Twips(405)));
-        QCOMPARE(main->Command2->geometry(), QRect(Twips(120), Twips(760), Twips(2415), Twips(375)));
-        QCOMPARE(main->Command18->geometry(), QRect(Twips(3620), 0, Twips(375), Twips(375)));
-        QCOMPARE(main->Image8->geometry().top(), Twips(360));
+        QCOMPARE(main->listHeading->pos(), QPoint(Twips(120), Twips(405)));
+        QCOMPARE(main->showAllButton->geometry(), QRect(Twips(120), Twips(760), Twips(2415), Twips(375)));
+        QCOMPARE(main->settingsButton->geometry(), QRect(Twips(3620), 0, Twips(375), Twips(375)));
+        QCOMPARE(main->headingStrip->geometry().top(), Twips(360));
     }
 
     void minimisedWindowStaysMinimised()
@@ -118,15 +119,15 @@ private Q_SLOTS:
         // A resize while minimised below the minimum: the new size is refused silently, the
         // window stays minimised, and the rules run with the size it has.
         dragTo(main, 6000, 5000);
-        main->Form_Resize();
+        main->layOut();
         QVERIFY(main->isMinimized());
         QCOMPARE(main->OuterWidth(), 6000);
         QVERIFY(run.boxes.shown.isEmpty());
-        QCOMPARE(main->txtExtra->width(), Twips(main->OuterWidth() - 4050));
+        QCOMPARE(main->noteBox->width(), Twips(main->OuterWidth() - 4050));
         // Back to normal, it snaps to the minimum.
         main->showNormal();
         QTRY_VERIFY(!main->isMinimized());
-        main->Form_Resize();
+        main->layOut();
         QTRY_COMPARE(main->OuterWidth(), 9270);
         checkLayout(main, 9270, 7140);
     }
@@ -137,20 +138,20 @@ private Q_SLOTS:
         VaultWindow* main = run.startActive({ entry("Bank", "ann") });
         QVERIFY(main);
         // The keyboard starts in the search box at the top, not on a toolbar button.
-        QCOMPARE(QApplication::focusWidget(), main->txtSearch->Editor());
-        VaultRun::clickRow(main->lstResults, 0);
+        QCOMPARE(QApplication::focusWidget(), main->searchBox->Editor());
+        VaultRun::clickRow(main->list, 0);
         QCOMPARE(currentEntry.userName, QStringLiteral("ann"));
 
-        VaultRun::type(main->txtFullName, QStringLiteral("-x"));
-        QVERIFY(main->txtFullName->Editor()->hasFocus());
+        VaultRun::type(main->userNameBox, QStringLiteral("-x"));
+        QVERIFY(main->userNameBox->Editor()->hasFocus());
         QCOMPARE(currentEntry.userName, QStringLiteral("ann")); // the box has not been left yet
         // Merely passing the mouse over a button takes the focus, which leaves the box.
-        QTest::mouseMove(main->Command16);
-        QTRY_VERIFY(main->Command16->hasFocus());
+        QTest::mouseMove(main->undoButton);
+        QTRY_VERIFY(main->undoButton->hasFocus());
         QCOMPARE(currentEntry.userName, QStringLiteral("-xann"));
-        QCOMPARE(main->Command16->Picture(), main->Command16->PicOver);
+        QCOMPARE(main->undoButton->Picture(), main->undoButton->PicOver);
         // Nothing was clicked: the undo of the box did not run, the table is untouched.
-        QCOMPARE(main->txtFullName->Text(), QStringLiteral("-xann"));
+        QCOMPARE(main->userNameBox->Text(), QStringLiteral("-xann"));
         QCOMPARE(entryTable[1].userName, QStringLiteral("ann"));
     }
 
@@ -164,9 +165,9 @@ private Q_SLOTS:
             const QImage shot = box->Editor()->grab().toImage();
             return shot.pixelColor(shot.width() - 4, shot.height() / 2);
         };
-        QCOMPARE(ground(main->txtDetails), main->palette().color(QPalette::Window));
-        QCOMPARE(ground(main->txtFullName), main->palette().color(QPalette::Base));
-        QVERIFY(ground(main->txtDetails) != ground(main->txtFullName));
+        QCOMPARE(ground(main->titleBox), main->palette().color(QPalette::Window));
+        QCOMPARE(ground(main->userNameBox), main->palette().color(QPalette::Base));
+        QVERIFY(ground(main->titleBox) != ground(main->userNameBox));
     }
 
     void menusAsDesigned()
@@ -176,27 +177,30 @@ private Q_SLOTS:
         QVERIFY(main);
         // Each menu with its slot, then its entries with theirs; 0 is a separator.
         const QList<QPair<QString, QList<QPair<QString, int>>>> menus = {
-            { QStringLiteral("mnuFile:206"),
-                { { QStringLiteral("mnuNew"), 207 }, { QStringLiteral("mnuDelete"), 208 }, { {}, 0 },
-                    { QStringLiteral("mnuImport"), 209 }, { QStringLiteral("mnuExport"), 210 }, { {}, 0 },
-                    { QStringLiteral("mnuPrint"), 211 }, { {}, 0 }, { QStringLiteral("mnuClose"), 212 } } },
-            { QStringLiteral("mnuEdit:213"),
-                { { QStringLiteral("mnuUndo"), 214 }, { QStringLiteral("mnuRedo"), 215 }, { {}, 0 },
-                    { QStringLiteral("cmdCut"), 216 }, { QStringLiteral("cmdCopy"), 217 },
-                    { QStringLiteral("cmdPaste"), 218 }, { {}, 0 }, { QStringLiteral("cmdClearClip"), 219 } } },
-            { QStringLiteral("mnuView:220"),
-                { { QStringLiteral("mnuOpenDoc"), 221 }, { QStringLiteral("mnuOpenUrl"), 222 }, { {}, 0 },
-                    { QStringLiteral("mnuRefresh"), 223 } } },
-            { QStringLiteral("mnuReports:224"), { { QStringLiteral("mnuReportList"), 225 } } },
-            { QStringLiteral("mnuTools:226"),
-                { { QStringLiteral("mnuPassGen"), 227 }, { {}, 0 }, { QStringLiteral("mnuSettings"), 228 } } },
-            { QStringLiteral("mnuHelp:229"),
-                { { QStringLiteral("read1"), 232 }, { QStringLiteral("lic1"), 233 }, { QStringLiteral("aktul"), 234 },
-                    { QStringLiteral("strwww"), 235 }, { {}, 0 }, { QStringLiteral("mnuAbout"), 236 } } },
-            { QStringLiteral("mnuPop:0"),
-                { { QStringLiteral("mnuOpen"), 237 }, { {}, 0 }, { QStringLiteral("mnuUpdate"), 234 }, { {}, 0 },
-                    { QStringLiteral("mnuWWW"), 235 }, { QStringLiteral("mnuForum"), 238 }, { {}, 0 },
-                    { QStringLiteral("mnuAbout2"), 236 }, { QStringLiteral("mnuClose2"), 212 } } },
+            { QStringLiteral("fileMenu:206"),
+                { { QStringLiteral("newEntryAction"), 207 }, { QStringLiteral("deleteEntryAction"), 208 }, { {}, 0 },
+                    { QStringLiteral("importAction"), 209 }, { QStringLiteral("exportAction"), 210 }, { {}, 0 },
+                    { QStringLiteral("printAction"), 211 }, { {}, 0 }, { QStringLiteral("closeAction"), 212 } } },
+            { QStringLiteral("editMenu:213"),
+                { { QStringLiteral("undoAction"), 214 }, { QStringLiteral("redoAction"), 215 }, { {}, 0 },
+                    { QStringLiteral("cutAction"), 216 }, { QStringLiteral("copyAction"), 217 },
+                    { QStringLiteral("pasteAction"), 218 }, { {}, 0 },
+                    { QStringLiteral("clearClipboardAction"), 219 } } },
+            { QStringLiteral("viewMenu:220"),
+                { { QStringLiteral("openDocumentAction"), 221 }, { QStringLiteral("openAddressAction"), 222 },
+                    { {}, 0 }, { QStringLiteral("refreshAction"), 223 } } },
+            { QStringLiteral("reportsMenu:224"), { { QStringLiteral("reportAction"), 225 } } },
+            { QStringLiteral("toolsMenu:226"),
+                { { QStringLiteral("generatorAction"), 227 }, { {}, 0 }, { QStringLiteral("settingsAction"), 228 } } },
+            { QStringLiteral("helpMenu:229"),
+                { { QStringLiteral("readMeAction"), 232 }, { QStringLiteral("licenceAction"), 233 },
+                    { QStringLiteral("updateAction"), 234 }, { QStringLiteral("homePageAction"), 235 }, { {}, 0 },
+                    { QStringLiteral("aboutAction"), 236 } } },
+            { QStringLiteral("trayMenu:0"),
+                { { QStringLiteral("showWindowAction"), 237 }, { {}, 0 }, { QStringLiteral("trayUpdateAction"), 234 },
+                    { {}, 0 }, { QStringLiteral("trayHomePageAction"), 235 }, { QStringLiteral("forumAction"), 238 },
+                    { {}, 0 }, { QStringLiteral("trayAboutAction"), 236 },
+                    { QStringLiteral("trayCloseAction"), 212 } } },
         };
         const QList<QAction*> bar = main->menuBar()->actions();
         for (int m = 0; m < menus.size(); ++m) {
@@ -229,24 +233,24 @@ private Q_SLOTS:
         QVERIFY(main);
         auto seen = [](QWidget* w) { return QAccessible::queryAccessibleInterface(w); };
         // The toolbar's buttons have no text; they are named after their menu entries.
-        QCOMPARE(seen(main->Command16)->role(), QAccessible::Button);
-        QCOMPARE(seen(main->Command16)->text(QAccessible::Name), main->mnuUndo->text().remove(QLatin1Char('&')));
-        QCOMPARE(seen(main->Command1)->text(QAccessible::Name), SpokenCaption(Lang(239)));
+        QCOMPARE(seen(main->undoButton)->role(), QAccessible::Button);
+        QCOMPARE(seen(main->undoButton)->text(QAccessible::Name), main->undoAction->text().remove(QLatin1Char('&')));
+        QCOMPARE(seen(main->searchButton)->text(QAccessible::Name), SpokenCaption(Lang(239)));
         // A box is read by its caption, without the colon.
-        QCOMPARE(seen(main->txtAge->Editor())->text(QAccessible::Name), SpokenCaption(Lang(244)));
-        QVERIFY(!seen(main->txtAge->Editor())->text(QAccessible::Name).endsWith(QLatin1Char(':')));
+        QCOMPARE(seen(main->passwordBox->Editor())->text(QAccessible::Name), SpokenCaption(Lang(244)));
+        QVERIFY(!seen(main->passwordBox->Editor())->text(QAccessible::Name).endsWith(QLatin1Char(':')));
         // The copy picture beside the password box says so, and pressing it copies that box.
-        QAccessibleInterface* copy = seen(main->Image4);
+        QAccessibleInterface* copy = seen(main->copyPasswordButton);
         QCOMPARE(copy->role(), QAccessible::Button);
         QCOMPARE(copy->text(QAccessible::Name),
-            SpokenCaption(main->cmdCopy->text()) + QStringLiteral(" - ") + SpokenCaption(Lang(244)));
-        VaultRun::clickRow(main->lstResults, 0);
-        main->txtAge->SetText(QStringLiteral("pw-1"));
+            SpokenCaption(main->copyAction->text()) + QStringLiteral(" - ") + SpokenCaption(Lang(244)));
+        VaultRun::clickRow(main->list, 0);
+        main->passwordBox->SetText(QStringLiteral("pw-1"));
         copy->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
         QTRY_COMPARE(QGuiApplication::clipboard()->text(), QStringLiteral("pw-1"));
-        QCOMPARE(seen(main->Image6)->text(QAccessible::Name), SpokenCaption(main->mnuPassGen->text()));
+        QCOMPARE(seen(main->generatorButton)->text(QAccessible::Name), SpokenCaption(main->generatorAction->text()));
         // The toolbar reacts to the mouse only, so the Tab key passes it by.
-        QCOMPARE(main->Command9->focusPolicy(), Qt::ClickFocus);
+        QCOMPARE(main->newEntryButton->focusPolicy(), Qt::ClickFocus);
     }
 };
 
