@@ -120,11 +120,11 @@ int main(int argc, char* argv[])
 
     auto* splash = new SplashWindow;
     splash->setAttribute(Qt::WA_DeleteOnClose);
-    splash->Form_Initialize();
-    splash->Form_Load();
+    splash->initialize();
+    splash->load();
     splash->show();
     for (int tick = 0; tick < 3; ++tick)
-        splash->tmrTime_Timer();
+        splash->tick();
     LoginDialog* login = shownLogin();
     if (!login || !QTest::qWaitForWindowExposed(login))
         return 2;
@@ -140,10 +140,10 @@ int main(int argc, char* argv[])
             if (!login || !QTest::qWaitForWindowExposed(login))
                 return 3;
         }
-        login->Text2->setText(QStringLiteral("bench"));
+        login->passwordBox->setText(QStringLiteral("bench"));
         QElapsedTimer t;
         t.start();
-        QTest::keyClick(login->Text2, Qt::Key_Return);
+        QTest::keyClick(login->passwordBox, Qt::Key_Return);
         VaultWindow* main = VaultWindow::Loaded();
         if (!main || !QTest::qWaitForWindowExposed(main))
             return 4;

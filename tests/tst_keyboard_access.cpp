@@ -227,7 +227,7 @@ private Q_SLOTS:
         QVERIFY(PasswordReminderDialog::Loaded());
         audit(PasswordReminderDialog::Loaded());
         // The answer box is read with the question it answers.
-        QCOMPARE(QAccessible::queryAccessibleInterface(PasswordReminderDialog::Loaded()->Text1)
+        QCOMPARE(QAccessible::queryAccessibleInterface(PasswordReminderDialog::Loaded()->answerBox)
                      ->text(QAccessible::Description),
             QStringLiteral("Pet?"));
         PasswordReminderDialog::Unload();

@@ -372,7 +372,7 @@ void SettingsWindow::Command11_Click()
         return;
     }
     PasswordChangeDialog* change = PasswordChangeDialog::Instance(this);
-    change->Label1->setText(Label10->text());
+    change->profileName->setText(Label10->text());
     change->show();
 }
 

@@ -26,7 +26,7 @@
 
 namespace {
 
-// Combo1 as a list for the list-file routines.
+// profileList as a list for the list-file routines.
 class ComboList : public ListControl
 {
 public:
@@ -58,56 +58,56 @@ LoginDialog::LoginDialog()
     setWindowTitle(platform::AppTitle());
     setFixedSize(Twips(4800), Twips(2400));
 
-    Image1 = Named(new QLabel(this), "Image1");
-    Image1->setPixmap(ProgramIcon().pixmap(Twips(480), Twips(480)));
-    PlaceTwips(Image1, 120, 120, 480, 480);
-    Label1 = Named(new QLabel(this), "Label1");
-    MakeBold(Label1);
-    PlaceTwips(Label1, 720, 240, 3960, 285);
-    Label2 = Named(new QLabel(this), "Label2");
-    PlaceTwips(Label2, 720, 780, 1080, 285);
-    Combo1 = Named(new QComboBox(this), "Combo1");
-    Combo1->setEditable(false);
-    PlaceTwips(Combo1, 1800, 720, 2880, 330);
-    Label2->setBuddy(Combo1);
-    Label3 = Named(new QLabel(this), "Label3");
-    PlaceTwips(Label3, 720, 1260, 1080, 285);
+    picture = Named(new QLabel(this), "picture");
+    picture->setPixmap(ProgramIcon().pixmap(Twips(480), Twips(480)));
+    PlaceTwips(picture, 120, 120, 480, 480);
+    heading = Named(new QLabel(this), "heading");
+    MakeBold(heading);
+    PlaceTwips(heading, 720, 240, 3960, 285);
+    profileCaption = Named(new QLabel(this), "profileCaption");
+    PlaceTwips(profileCaption, 720, 780, 1080, 285);
+    profileList = Named(new QComboBox(this), "profileList");
+    profileList->setEditable(false);
+    PlaceTwips(profileList, 1800, 720, 2880, 330);
+    profileCaption->setBuddy(profileList);
+    passwordCaption = Named(new QLabel(this), "passwordCaption");
+    PlaceTwips(passwordCaption, 720, 1260, 1080, 285);
     // The password stays readable as it is typed: that is how this window has always been.
-    Text2 = Named(new QLineEdit(this), "Text2");
-    Text2->setMaxLength(std::numeric_limits<int>::max()); // no limit of its own on the length
-    PlaceTwips(Text2, 1800, 1200, 2880, 330);
-    Label3->setBuddy(Text2);
-    Command1 = Named(new QPushButton(this), "Command1");
-    Command1->setDefault(true);
-    PlaceTwips(Command1, 2280, 1800, 1140, 375);
-    Command2 = Named(new QPushButton(this), "Command2");
-    PlaceTwips(Command2, 3540, 1800, 1140, 375);
-    connect(Command1, &QPushButton::clicked, this, &LoginDialog::Command1_Click);
-    connect(Command2, &QPushButton::clicked, this, &LoginDialog::Command2_Click);
-    setTabOrder(Combo1, Text2);
-    setTabOrder(Text2, Command1);
-    setTabOrder(Command1, Command2);
+    passwordBox = Named(new QLineEdit(this), "passwordBox");
+    passwordBox->setMaxLength(std::numeric_limits<int>::max()); // no limit of its own on the length
+    PlaceTwips(passwordBox, 1800, 1200, 2880, 330);
+    passwordCaption->setBuddy(passwordBox);
+    logInButton = Named(new QPushButton(this), "logInButton");
+    logInButton->setDefault(true);
+    PlaceTwips(logInButton, 2280, 1800, 1140, 375);
+    cancelButton = Named(new QPushButton(this), "cancelButton");
+    PlaceTwips(cancelButton, 3540, 1800, 1140, 375);
+    connect(logInButton, &QPushButton::clicked, this, &LoginDialog::logIn);
+    connect(cancelButton, &QPushButton::clicked, this, &LoginDialog::cancel);
+    setTabOrder(profileList, passwordBox);
+    setTabOrder(passwordBox, logInButton);
+    setTabOrder(logInButton, cancelButton);
 }
 
-void LoginDialog::Form_Initialize()
+void LoginDialog::initialize()
 {
     platform::InitCommonControlsEx(8, 512);
 }
 
 void LoginDialog::selectProfile(const QString& name)
 {
-    const int index = Combo1->findText(name, Qt::MatchExactly | Qt::MatchCaseSensitive);
+    const int index = profileList->findText(name, Qt::MatchExactly | Qt::MatchCaseSensitive);
     if (index >= 0)
-        Combo1->setCurrentIndex(index);
+        profileList->setCurrentIndex(index);
 }
 
-void LoginDialog::Form_Load()
+void LoginDialog::load()
 {
-    Label1->setText(Lang(188));
-    Label2->setText(Lang(189));
-    Label3->setText(Lang(190));
-    Command1->setText(Lang(191));
-    Command2->setText(Lang(147));
+    heading->setText(Lang(188));
+    profileCaption->setText(Lang(189));
+    passwordCaption->setText(Lang(190));
+    logInButton->setText(Lang(191));
+    cancelButton->setText(Lang(147));
 
     // The one-time reset: from then on Administrator has no password until one is written.
     if (GetProgramSetting(QStringLiteral("SP1")) != QLatin1String("1")) {
@@ -115,9 +115,9 @@ void LoginDialog::Form_Load()
         platform::Kill(DataFolder() + QStringLiteral("Administrator\\settings.txt"));
     }
 
-    ComboList list(Combo1);
+    ComboList list(profileList);
     LoadComboFile(DataFolder() + QStringLiteral("users.txt"), list);
-    Combo1->setCurrentIndex(-1);
+    profileList->setCurrentIndex(-1);
 
     const QString config = ConfigFile();
     if (!AdministratorMarkerExists()) {
@@ -142,7 +142,7 @@ void LoginDialog::Form_Load()
     if (NamedProfileMarkerExists(Keys::switchTo))
         selectProfile(GetIni(Keys::user, Keys::switchTo, config));
 
-    const QString profile = Combo1->currentText();
+    const QString profile = profileList->currentText();
     const QString settings = DataFolder() + profile + QStringLiteral("\\settings.txt");
     if (GetIni(Keys::settings, Keys::password, settings).isEmpty()) {
         WriteIni(Keys::user, Keys::current, profile, config);
@@ -150,17 +150,17 @@ void LoginDialog::Form_Load()
     }
 }
 
-void LoginDialog::Command1_Click()
+void LoginDialog::logIn()
 {
     if (unloaded)
         return;
-    const QString profile = Combo1->currentText();
+    const QString profile = profileList->currentText();
     if (!ProfileMarkerExists(profile)) {
         platform::MsgBox(Lang(186), 16);
         return;
     }
     storedPassword = GetIni(Keys::settings, Keys::password, DataFolder() + profile + QStringLiteral("\\settings.txt"));
-    if (storedPassword != MD5Hex(Text2->text())) {
+    if (storedPassword != MD5Hex(passwordBox->text())) {
         platform::MsgBox(Lang(185), 64);
         return;
     }
@@ -178,7 +178,7 @@ void LoginDialog::openVault(bool typedLogin)
     unload();
 }
 
-void LoginDialog::Command2_Click()
+void LoginDialog::cancel()
 {
     unload();
     // With no other window open, the process ends.
@@ -192,7 +192,7 @@ void LoginDialog::unload()
         return;
     unloaded = true;
     storedPassword.clear();
-    Text2->clear();
+    passwordBox->clear();
     // Gone from the screen and from memory: nothing of the login stays to be used again.
     hide();
     deleteLater();
@@ -201,21 +201,21 @@ void LoginDialog::unload()
 void LoginDialog::closeEvent(QCloseEvent* event)
 {
     if (!unloaded)
-        Command2_Click(); // the close box cancels, as Command2 does
+        cancel(); // the close box cancels, as cancelButton does
     event->accept();
 }
 
 void LoginDialog::reject()
 {
     if (!unloaded)
-        Command2_Click(); // Escape
+        cancel(); // Escape
 }
 
 void ShowLogin()
 {
     auto* login = new LoginDialog;
-    login->Form_Initialize();
-    login->Form_Load();
+    login->initialize();
+    login->load();
     if (!login->Unloaded())
         login->show();
 }

@@ -14,18 +14,18 @@ class LoginDialog : public QDialog
 public:
     LoginDialog();
 
-    void Form_Initialize();
-    void Form_Load();
-    void Command1_Click();
-    void Command2_Click();
+    void initialize();
+    void load();
+    void logIn();
+    void cancel();
     // True once the window has unloaded itself (its load may do so before it is ever shown).
     bool Unloaded() const { return unloaded; }
 
-    QComboBox* Combo1;
-    QLineEdit* Text2;
-    QPushButton* Command1;
-    QPushButton* Command2;
-    QLabel *Label1, *Label2, *Label3, *Image1;
+    QComboBox* profileList;
+    QLineEdit* passwordBox;
+    QPushButton* logInButton;
+    QPushButton* cancelButton;
+    QLabel *heading, *profileCaption, *passwordCaption, *picture;
 
 protected:
     void closeEvent(QCloseEvent* event) override;

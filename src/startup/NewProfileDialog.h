@@ -14,13 +14,13 @@ class NewProfileDialog : public SingleDialog<NewProfileDialog>
     friend class SingleDialog<NewProfileDialog>;
 
 public:
-    void Form_Load();
-    void Command1_Click();
-    void Command2_Click();
+    void load();
+    void cancel();
+    void addProfile();
 
-    QLabel *Label1, *Label2, *Label3, *Label4, *Label5, *Label6;
-    QLineEdit *Text1, *Text2, *Text3, *Text4, *Text5;
-    QPushButton *Command1, *Command2;
+    QLabel *nameCaption, *passwordCaption, *heading, *questionCaption, *emailCaption, *answerCaption;
+    QLineEdit *nameBox, *passwordBox, *questionBox, *emailBox, *answerBox;
+    QPushButton *cancelButton, *addButton;
 
 private:
     explicit NewProfileDialog(QWidget* owner);

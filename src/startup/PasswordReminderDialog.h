@@ -14,13 +14,13 @@ class PasswordReminderDialog : public SingleDialog<PasswordReminderDialog>
     friend class SingleDialog<PasswordReminderDialog>;
 
 public:
-    void Form_Load();
-    void Command1_Click();
-    void Command2_Click();
+    void load();
+    void checkAnswer();
+    void cancel();
 
-    QLabel *Label1, *Label2, *Label3, *Label4, *Label5, *Label6;
-    QLineEdit* Text1;
-    QPushButton *Command1, *Command2;
+    QLabel *question, *heading, *profileCaption, *profileName, *answerCaption, *questionCaption;
+    QLineEdit* answerBox;
+    QPushButton *goOnButton, *cancelButton;
 
 private:
     explicit PasswordReminderDialog(QWidget* owner);

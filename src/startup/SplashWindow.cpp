@@ -15,27 +15,27 @@
 
 SplashWindow::SplashWindow()
     : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint)
-    , Image39(new QLabel(this))
-    , Label2(new QLabel(this))
-    , tmrTime(new QTimer(this))
+    , picture(new QLabel(this))
+    , rightsNotice(new QLabel(this))
+    , tickTimer(new QTimer(this))
 {
     setObjectName(QStringLiteral("SplashWindow"));
     setWindowTitle(platform::AppTitle());
-    Image39->setObjectName(QStringLiteral("Image39"));
-    Label2->setObjectName(QStringLiteral("Label2"));
-    tmrTime->setObjectName(QStringLiteral("tmrTime"));
-    Image39->setPixmap(SplashPicture(devicePixelRatioF()));
-    Label2->setAlignment(Qt::AlignCenter);
-    Label2->setWordWrap(true);
+    picture->setObjectName(QStringLiteral("picture"));
+    rightsNotice->setObjectName(QStringLiteral("rightsNotice"));
+    tickTimer->setObjectName(QStringLiteral("tickTimer"));
+    picture->setPixmap(SplashPicture(devicePixelRatioF()));
+    rightsNotice->setAlignment(Qt::AlignCenter);
+    rightsNotice->setWordWrap(true);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, Twips(120));
-    layout->addWidget(Image39);
-    layout->addWidget(Label2);
-    tmrTime->setInterval(900); // the stored value; Form_Load sets the one that counts
-    connect(tmrTime, &QTimer::timeout, this, &SplashWindow::tmrTime_Timer);
+    layout->addWidget(picture);
+    layout->addWidget(rightsNotice);
+    tickTimer->setInterval(900); // the stored value; load sets the one that counts
+    connect(tickTimer, &QTimer::timeout, this, &SplashWindow::tick);
 }
 
-void SplashWindow::Form_Initialize()
+void SplashWindow::initialize()
 {
     platform::InitCommonControls();
     // The table comes first: the refusal below is itself a slot.
@@ -48,22 +48,22 @@ void SplashWindow::Form_Initialize()
     }
 }
 
-void SplashWindow::Form_Load()
+void SplashWindow::load()
 {
     platform::CreateMutexA(platform::AppTitle());
-    Label2->setText(Lang(100));
-    tmrTime->setInterval(1000);
-    tmrTime->start();
-    tickCount = 0;
+    rightsNotice->setText(Lang(100));
+    tickTimer->setInterval(1000);
+    tickTimer->start();
+    ticks = 0;
     UsbMode = FileExist(platform::AppPath() + QStringLiteral("\\usb.inf")) ? 1 : 0;
 }
 
-void SplashWindow::tmrTime_Timer()
+void SplashWindow::tick()
 {
-    ++tickCount;
-    if (tickCount != 3)
+    ++ticks;
+    if (ticks != 3)
         return;
-    tmrTime->stop();
+    tickTimer->stop();
     // The login is up before the splash goes, so that the run never has no window at all.
     ShowLogin();
     close();

@@ -11,13 +11,13 @@ public:
     SplashWindow();
 
     // Language table, then the refusal of a second instance (which ends the process).
-    void Form_Initialize();
-    void Form_Load();
-    // A tick of tmrTime; tests call it instead of waiting.
-    void tmrTime_Timer();
+    void initialize();
+    void load();
+    // A tick of tickTimer; tests call it instead of waiting.
+    void tick();
 
-    QLabel* Image39;
-    QLabel* Label2;
-    QTimer* tmrTime;
-    qint16 tickCount = 0;
+    QLabel* picture;
+    QLabel* rightsNotice;
+    QTimer* tickTimer;
+    qint16 ticks = 0;
 };

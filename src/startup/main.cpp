@@ -34,8 +34,8 @@ int main(int argc, char* argv[])
 
     auto* splash = new SplashWindow;
     splash->setAttribute(Qt::WA_DeleteOnClose);
-    splash->Form_Initialize();
-    splash->Form_Load();
+    splash->initialize();
+    splash->load();
     splash->show();
     return QApplication::exec();
 }

@@ -173,7 +173,7 @@ TextBox* PasswordGenerator::target() const
     if (mode == QLatin1String("2")) {
         for (QWidget* w : QApplication::topLevelWidgets()) {
             if (auto* view = qobject_cast<EntryDialog*>(w); view && view->isVisible())
-                return view->txtAge;
+                return view->passwordBox;
         }
     }
     return nullptr;

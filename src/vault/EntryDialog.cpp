@@ -41,13 +41,14 @@ EntryDialog::EntryDialog(QWidget* owner)
         TextBox::Kind kind;
     };
     const Field fields[] = {
-        { &lblViewID, "lblViewID", &txtDetails, "txtDetails", 120, 4335, 285, TextBox::SingleLine },
-        { &lblFullName, "lblFullName", &txtFullName, "txtFullName", 480, 4335, 285, TextBox::SingleLine },
-        { &lblPhone, "lblPhone", &txtPhone, "txtPhone", 840, 4335, 285, TextBox::SingleLine },
-        { &lblAge, "lblAge", &txtAge, "txtAge", 1200, 3975, 285, TextBox::SingleLine },
-        { &lblAddress, "lblAddress", &txtAddress, "txtAddress", 1560, 4335, 285, TextBox::SingleLine },
-        { &lblInterests, "lblInterests", &txtInterests, "txtInterests", 1920, 3615, 285, TextBox::MultiLine },
-        { &lblExtra, "lblExtra", &txtExtra, "txtExtra", 2280, 4335, 1455, TextBox::MultiLine },
+        { &titleCaption, "titleCaption", &titleBox, "titleBox", 120, 4335, 285, TextBox::SingleLine },
+        { &userNameCaption, "userNameCaption", &userNameBox, "userNameBox", 480, 4335, 285, TextBox::SingleLine },
+        { &passphraseCaption, "passphraseCaption", &passphraseBox, "passphraseBox", 840, 4335, 285,
+            TextBox::SingleLine },
+        { &passwordCaption, "passwordCaption", &passwordBox, "passwordBox", 1200, 3975, 285, TextBox::SingleLine },
+        { &urlCaption, "urlCaption", &urlBox, "urlBox", 1560, 4335, 285, TextBox::SingleLine },
+        { &documentCaption, "documentCaption", &documentBox, "documentBox", 1920, 3615, 285, TextBox::MultiLine },
+        { &noteCaption, "noteCaption", &noteBox, "noteBox", 2280, 4335, 1455, TextBox::MultiLine },
     };
     for (const Field& f : fields) {
         *f.caption = Named(new QLabel(this), f.captionName);
@@ -56,58 +57,60 @@ EntryDialog::EntryDialog(QWidget* owner)
         PlaceTwips(*f.control, 1320, f.top, f.width, f.height);
         (*f.caption)->setBuddy(*f.control);
     }
-    txtDetails->SetLocked(true);
-    txtInterests->SetScrollBars(false, false);
-    txtExtra->SetScrollBars(true, true);
+    titleBox->SetLocked(true);
+    documentBox->SetScrollBars(false, false);
+    noteBox->SetScrollBars(true, true);
 
-    CarryIntoCurrentEntry(this, Boxes());
+    CarryIntoCurrentEntry(this, boxes());
 
-    Image6 = Named(new ClickablePicture(this), "Image6");
-    PlaceTwips(Image6, 5340, 1222, 240, 240);
-    Image6->SetPicture(GeneratorPicture());
-    Image6->SetTabStop(true);
-    connect(Image6, &ClickablePicture::Click, this, &EntryDialog::Image6_Click);
-    connect(Image6, &ClickablePicture::MouseMove, this, [this] { platform::SetCursor(Image6, platform::IDC_HAND); });
-    Command1 = Named(new QPushButton(QStringLiteral("?"), this), "Command1");
-    PlaceTwips(Command1, 5040, 1920, 615, 270);
-    connect(Command1, &QPushButton::clicked, this, &EntryDialog::Command1_Click);
+    generatorButton = Named(new ClickablePicture(this), "generatorButton");
+    PlaceTwips(generatorButton, 5340, 1222, 240, 240);
+    generatorButton->SetPicture(GeneratorPicture());
+    generatorButton->SetTabStop(true);
+    connect(generatorButton, &ClickablePicture::Click, this, &EntryDialog::openGenerator);
+    connect(generatorButton, &ClickablePicture::MouseMove, this,
+        [this] { platform::SetCursor(generatorButton, platform::IDC_HAND); });
+    hintButton = Named(new QPushButton(QStringLiteral("?"), this), "hintButton");
+    PlaceTwips(hintButton, 5040, 1920, 615, 270);
+    connect(hintButton, &QPushButton::clicked, this, &EntryDialog::showDocumentHint);
 
-    cmdSaveChanges = Named(new QPushButton(this), "cmdSaveChanges");
-    PlaceTwips(cmdSaveChanges, 3360, 3840, 1095, 375);
-    cmdSaveChanges->setDefault(true);
-    connect(cmdSaveChanges, &QPushButton::clicked, this, &EntryDialog::cmdSaveChanges_Click);
-    Command2 = Named(new QPushButton(this), "Command2");
-    PlaceTwips(Command2, 4560, 3840, 1095, 375);
-    connect(Command2, &QPushButton::clicked, this, &EntryDialog::Command2_Click);
-    SetTabOrder({ txtAge, Image6, txtAddress, txtInterests, Command1, txtExtra, cmdSaveChanges, Command2 });
+    saveButton = Named(new QPushButton(this), "saveButton");
+    PlaceTwips(saveButton, 3360, 3840, 1095, 375);
+    saveButton->setDefault(true);
+    connect(saveButton, &QPushButton::clicked, this, &EntryDialog::storeNewEntry);
+    cancelButton = Named(new QPushButton(this), "cancelButton");
+    PlaceTwips(cancelButton, 4560, 3840, 1095, 375);
+    connect(cancelButton, &QPushButton::clicked, this, &EntryDialog::cancel);
+    SetTabOrder({ passwordBox, generatorButton, urlBox, documentBox, hintButton, noteBox, saveButton, cancelButton });
 
     // The picture panel stands at Left 9600, outside the dialog, where nobody sees it.
-    fmePicture = Named(new QFrame(this), "fmePicture");
-    PlaceTwips(fmePicture, 9600, 0, 3855, 4935);
-    picPicture = Named(new QLabel(fmePicture), "picPicture");
-    PlaceTwips(picPicture, 120, 120, 3615, 4215);
-    cmdLoad = Named(new QPushButton(QStringLiteral("Load Picture"), fmePicture), "cmdLoad");
-    PlaceTwips(cmdLoad, 120, 4440, 1335, 375);
-    cmdLoad->setAutoDefault(false);
-    connect(cmdLoad, &QPushButton::clicked, this, &EntryDialog::cmdLoad_Click);
+    pictureFrame = Named(new QFrame(this), "pictureFrame");
+    PlaceTwips(pictureFrame, 9600, 0, 3855, 4935);
+    pictureView = Named(new QLabel(pictureFrame), "pictureView");
+    PlaceTwips(pictureView, 120, 120, 3615, 4215);
+    loadPictureButton = Named(new QPushButton(QStringLiteral("Load Picture"), pictureFrame), "loadPictureButton");
+    PlaceTwips(loadPictureButton, 120, 4440, 1335, 375);
+    loadPictureButton->setAutoDefault(false);
+    connect(loadPictureButton, &QPushButton::clicked, this, &EntryDialog::loadPicture);
 
-    Form_Load();
+    load();
 }
 
-void EntryDialog::Form_Load()
+void EntryDialog::load()
 {
-    ShowEntry(Boxes(), currentEntry);
+    ShowEntry(boxes(), currentEntry);
     setWindowTitle(Lang(290));
-    SetEntryCaptions({ lblViewID, lblFullName, lblPhone, lblAge, lblAddress, lblInterests, lblExtra });
-    cmdSaveChanges->setText(Lang(248));
-    Command2->setText(Lang(147));
-    Image6->setAccessibleName(SpokenCaption(Lang(227))); // the generator, as its menu entry says
-    Command1->setAccessibleName(ActionOnBox(Lang(229), lblInterests->text())); // "?": help on the document box
+    SetEntryCaptions({ titleCaption, userNameCaption, passphraseCaption, passwordCaption, urlCaption, documentCaption,
+        noteCaption });
+    saveButton->setText(Lang(248));
+    cancelButton->setText(Lang(147));
+    generatorButton->setAccessibleName(SpokenCaption(Lang(227))); // the generator, as its menu entry says
+    hintButton->setAccessibleName(ActionOnBox(Lang(229), documentCaption->text())); // "?": help on the document box
 }
 
-EntryBoxes EntryDialog::Boxes() const
+EntryBoxes EntryDialog::boxes() const
 {
-    return { txtDetails, txtFullName, txtPhone, txtAge, txtAddress, txtInterests, txtExtra };
+    return { titleBox, userNameBox, passphraseBox, passwordBox, urlBox, documentBox, noteBox };
 }
 
 void EntryDialog::unload()
@@ -115,7 +118,7 @@ void EntryDialog::unload()
     done(QDialog::Rejected);
 }
 
-void EntryDialog::cmdSaveChanges_Click()
+void EntryDialog::storeNewEntry()
 {
     const Entry copy = currentEntry;
     if (copy.title.isEmpty()) {
@@ -126,7 +129,7 @@ void EntryDialog::cmdSaveChanges_Click()
     // entry that a search left out, passes.
     VaultWindow* main = VaultWindow::Instance();
     for (int i = 0; i < main->list->ListCount(); ++i) {
-        if (main->list->List(i) == txtDetails->Text()) {
+        if (main->list->List(i) == titleBox->Text()) {
             platform::MsgBox(Lang(288), 64);
             return;
         }
@@ -137,17 +140,17 @@ void EntryDialog::cmdSaveChanges_Click()
     unload();
 }
 
-void EntryDialog::Command1_Click()
+void EntryDialog::showDocumentHint()
 {
     platform::MsgBox(Lang(289), 64);
 }
 
-void EntryDialog::Command2_Click()
+void EntryDialog::cancel()
 {
     unload();
 }
 
-void EntryDialog::cmdLoad_Click()
+void EntryDialog::loadPicture()
 {
     const QString file = platform::GetOpenFileNameA(this,
         { false, QStringLiteral("Load Image"),
@@ -167,7 +170,7 @@ void EntryDialog::cmdLoad_Click()
         fail(481);
         return;
     }
-    picPicture->setPixmap(picture);
+    pictureView->setPixmap(picture);
     QByteArray bytes;
     if (!platform::ReadFileBytes(file, bytes)) {
         fail(platform::ErrPermissionDenied);
@@ -176,7 +179,7 @@ void EntryDialog::cmdLoad_Click()
     currentEntry.picture = bytes;
 }
 
-void EntryDialog::Image6_Click()
+void EntryDialog::openGenerator()
 {
     ShowPasswordGenerator(this, QStringLiteral("2"));
 }

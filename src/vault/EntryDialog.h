@@ -15,28 +15,29 @@ class EntryDialog : public QDialog
 {
     Q_OBJECT
 public:
-    // Creating the dialog is its first touch, which runs Form_Load.
+    // Creating the dialog is its first touch, which runs load.
     explicit EntryDialog(QWidget* owner);
 
-    void Form_Load();
-    void cmdSaveChanges_Click();
-    void Command1_Click();
-    void Command2_Click();
-    void cmdLoad_Click();
-    void Image6_Click();
+    void load();
+    void storeNewEntry();
+    void showDocumentHint();
+    void cancel();
+    void loadPicture();
+    void openGenerator();
 
-    QLabel *lblViewID, *lblFullName, *lblPhone, *lblAge, *lblAddress, *lblInterests, *lblExtra;
-    TextBox *txtDetails, *txtFullName, *txtPhone, *txtAge, *txtAddress, *txtInterests, *txtExtra;
-    QPushButton* Command1;
-    QPushButton* cmdSaveChanges;
-    QPushButton* Command2;
-    ClickablePicture* Image6;
-    QFrame* fmePicture;
-    QLabel* picPicture;
-    QPushButton* cmdLoad;
+    QLabel *titleCaption, *userNameCaption, *passphraseCaption, *passwordCaption, *urlCaption, *documentCaption,
+        *noteCaption;
+    TextBox *titleBox, *userNameBox, *passphraseBox, *passwordBox, *urlBox, *documentBox, *noteBox;
+    QPushButton* hintButton;
+    QPushButton* saveButton;
+    QPushButton* cancelButton;
+    ClickablePicture* generatorButton;
+    QFrame* pictureFrame;
+    QLabel* pictureView;
+    QPushButton* loadPictureButton;
 
 private:
-    EntryBoxes Boxes() const;
+    EntryBoxes boxes() const;
     // Ends the dialog ("Unload").
     void unload();
 };

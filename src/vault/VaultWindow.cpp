@@ -702,7 +702,7 @@ void VaultWindow::newEntry()
 {
     currentEntry = Entry();
     auto* view = new EntryDialog(this);
-    view->txtDetails->SetLocked(false);
+    view->titleBox->SetLocked(false);
     view->exec();
     delete view;
 }

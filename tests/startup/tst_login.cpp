@@ -56,27 +56,27 @@ private Q_SLOTS:
         QVERIFY(!run.start());
         LoginDialog* login = run.login();
         QVERIFY(login);
-        QCOMPARE(login->Combo1->currentText(), QStringLiteral("Administrator"));
-        QCOMPARE(login->Label1->text(), Lang(188));
-        QCOMPARE(login->Text2->echoMode(), QLineEdit::Normal); // readable as typed, by design
+        QCOMPARE(login->profileList->currentText(), QStringLiteral("Administrator"));
+        QCOMPARE(login->heading->text(), Lang(188));
+        QCOMPARE(login->passwordBox->echoMode(), QLineEdit::Normal); // readable as typed, by design
         VaultRun::activate(login);
         for (int attempt = 0; attempt < 3; ++attempt) {
-            QTest::keyClicks(login->Text2, QStringLiteral("x"));
-            QTest::keyClick(login->Text2, Qt::Key_Return);
+            QTest::keyClicks(login->passwordBox, QStringLiteral("x"));
+            QTest::keyClick(login->passwordBox, Qt::Key_Return);
             QCOMPARE(run.boxes.shown.size(), attempt + 1);
             QCOMPARE(run.boxes.shown.last().text, Lang(185));
             QCOMPARE(run.boxes.shown.last().flags, 64);
             QCOMPARE(run.boxes.shown.last().title, QStringLiteral("Tolvane"));
         }
-        QCOMPARE(login->Text2->text(), QStringLiteral("xxx")); // what was typed stays
+        QCOMPARE(login->passwordBox->text(), QStringLiteral("xxx")); // what was typed stays
         QVERIFY(!VaultWindow::Loaded());
         // No limit on what can be typed: a password of 40,000 characters is taken whole.
         const QString longest(40000, QLatin1Char('k'));
-        login->Text2->setText(longest);
-        QCOMPARE(login->Text2->text().size(), 40000);
-        login->Text2->setText(QStringLiteral("Zażółć 1")); // typing knows Latin-1 keys only
+        login->passwordBox->setText(longest);
+        QCOMPARE(login->passwordBox->text().size(), 40000);
+        login->passwordBox->setText(QStringLiteral("Zażółć 1")); // typing knows Latin-1 keys only
         QPointer<LoginDialog> typedInto(login);
-        QTest::keyClick(login->Text2, Qt::Key_Return);
+        QTest::keyClick(login->passwordBox, Qt::Key_Return);
         // The login is gone from the screen and from memory: only the vault window is left.
         QCOMPARE(VaultRun::windowsOnScreen(), QList<QWidget*> { VaultWindow::Loaded() });
         QVERIFY(typedInto.isNull());
@@ -89,11 +89,11 @@ private Q_SLOTS:
         QVERIFY(!run.start());
         login = run.login();
         QVERIFY(QDir(run.data(QStringLiteral("Administrator"))).removeRecursively());
-        login->Command1_Click();
+        login->logIn();
         QCOMPARE(run.boxes.shown.last().text, Lang(186));
         QCOMPARE(run.boxes.shown.last().flags, 16);
         QCOMPARE(VaultRun::windowsOnScreen(), QList<QWidget*> { login });
-        QTest::keyClick(login->Text2, Qt::Key_Escape); // cancel: nothing opens
+        QTest::keyClick(login->passwordBox, Qt::Key_Escape); // cancel: nothing opens
         QVERIFY(VaultRun::windowsOnScreen().isEmpty());
         QVERIFY(!VaultWindow::Loaded());
     }
@@ -111,7 +111,7 @@ private Q_SLOTS:
         setPassword(run, QStringLiteral("Administrator"), QStringLiteral("new"));
         QVERIFY(!run.start());
         QVERIFY(run.login());
-        run.login()->Command2_Click();
+        run.login()->cancel();
     }
 
     void preselectionRoutes()
@@ -125,27 +125,27 @@ private Q_SLOTS:
         // The default.
         run.setIni(config, Keys::user, Keys::defaultProfile, QStringLiteral("Bob"));
         QVERIFY(!run.start());
-        QCOMPARE(run.login()->Combo1->currentText(), QStringLiteral("Bob"));
-        run.login()->Command2_Click();
+        QCOMPARE(run.login()->profileList->currentText(), QStringLiteral("Bob"));
+        run.login()->cancel();
 
         // switch wins over the default, and an unknown or unlisted name is passed over.
         run.setIni(config, Keys::user, Keys::switchTo, QStringLiteral("Eve"));
         QVERIFY(!run.start());
-        QCOMPARE(run.login()->Combo1->currentText(), QStringLiteral("Eve"));
-        run.login()->Command2_Click();
+        QCOMPARE(run.login()->profileList->currentText(), QStringLiteral("Eve"));
+        run.login()->cancel();
         run.world.write(QStringLiteral("appdata/Brenmark/Tolvane/data/Carol/dummy.dat"), "x");
         run.setIni(config, Keys::user, Keys::switchTo, QStringLiteral("Carol"));
         QVERIFY(!run.start());
-        QCOMPARE(run.login()->Combo1->currentText(), QStringLiteral("Bob"));
-        run.login()->Command2_Click();
+        QCOMPARE(run.login()->profileList->currentText(), QStringLiteral("Bob"));
+        run.login()->cancel();
 
         // temp_changeable "True": the last used profile instead of the default.
         run.setIni(config, Keys::user, Keys::switchTo, QString());
         run.setIni(config, Keys::user, Keys::tempChangeable, QStringLiteral("True"));
         run.setIni(config, Keys::user, Keys::tempChangeable2, QStringLiteral("Eve"));
         QVERIFY(!run.start());
-        QCOMPARE(run.login()->Combo1->currentText(), QStringLiteral("Eve"));
-        run.login()->Command2_Click();
+        QCOMPARE(run.login()->profileList->currentText(), QStringLiteral("Eve"));
+        run.login()->cancel();
         // ... whose marker is gone: nothing is selected and the run opens with an empty current.
         QFile::remove(run.data(QStringLiteral("Eve/dummy.dat")));
         QVERIFY(run.start());
@@ -162,12 +162,12 @@ private Q_SLOTS:
         QCOMPARE(run.boxes.shown.size(), 1);
         QCOMPARE(run.boxes.shown.first().text, Lang(187));
         QCOMPARE(run.boxes.shown.first().flags, 16);
-        QCOMPARE(run.login()->Combo1->currentText(), QStringLiteral("Administrator"));
+        QCOMPARE(run.login()->profileList->currentText(), QStringLiteral("Administrator"));
         // An empty password matches only the digest of an empty text, never the empty value.
-        run.login()->Command1_Click();
+        run.login()->logIn();
         QCOMPARE(run.boxes.shown.last().text, Lang(185));
         setPassword(run, QStringLiteral("Administrator"), QString());
-        run.login()->Command1_Click();
+        run.login()->logIn();
         QVERIFY(VaultWindow::Loaded());
         QCOMPARE(run.ini(config, Keys::user, Keys::switchTo), QString()); // the vault window empties it
         run.close();

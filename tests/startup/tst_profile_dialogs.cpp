@@ -42,12 +42,13 @@ class tst_profile_dialogs : public QObject
     {
         VaultRun::onNextModal([fields](QWidget*) {
             NewProfileDialog* dialog = NewProfileDialog::Loaded();
-            QLineEdit* boxes[] = { dialog->Text1, dialog->Text2, dialog->Text3, dialog->Text4, dialog->Text5 };
+            QLineEdit* boxes[]
+                = { dialog->nameBox, dialog->passwordBox, dialog->questionBox, dialog->emailBox, dialog->answerBox };
             for (int i = 0; i < 5; ++i)
                 boxes[i]->setText(fields.value(i));
-            dialog->Command2->click();
+            dialog->addButton->click();
             if (NewProfileDialog::Loaded())
-                NewProfileDialog::Loaded()->Command1->click(); // refused: the dialog stayed, cancel it
+                NewProfileDialog::Loaded()->cancelButton->click(); // refused: the dialog stayed, cancel it
         });
         settings->Command8->click();
     }
@@ -61,8 +62,8 @@ class tst_profile_dialogs : public QObject
         LoginDialog* login = run.login();
         if (!login)
             return { QStringLiteral("no prompt") };
-        login->Text2->setText(password);
-        login->Command1->click();
+        login->passwordBox->setText(password);
+        login->logInButton->click();
         QStringList seen;
         for (const auto& box : run.boxes.shown)
             seen << box.text;
@@ -136,9 +137,9 @@ private Q_SLOTS:
         QFile::remove(run.world.path(QStringLiteral("program/dummy.dat")));
         bool ended = false;
         VaultRun::onNextModal([&ended](QWidget*) {
-            NewProfileDialog::Loaded()->Text1->setText(QStringLiteral("Carl"));
+            NewProfileDialog::Loaded()->nameBox->setText(QStringLiteral("Carl"));
             try {
-                NewProfileDialog::Loaded()->Command2->click();
+                NewProfileDialog::Loaded()->addButton->click();
             } catch (const ProcessEnded& e) {
                 ended = e.code == 53;
                 NewProfileDialog::Unload();
@@ -170,23 +171,23 @@ private Q_SLOTS:
         PasswordChangeDialog* change = PasswordChangeDialog::Loaded();
         QVERIFY(change && change->isVisible() && !change->isModal());
         QCOMPARE(change->parentWidget(), settings);
-        QCOMPARE(change->Label1->text(), QStringLiteral("Dora"));
-        QVERIFY(change->Timer1->isActive());
-        QCOMPARE(change->Timer1->interval(), 50);
-        change->Timer1_Timer();
-        QVERIFY(!change->Timer1->isActive());
-        QCOMPARE(change->Text3->text(), QStringLiteral("Cat?"));
-        QCOMPARE(change->Text4->text(), QStringLiteral("d@example.org"));
-        QCOMPARE(change->Text5->text(), QString()); // the answer is never shown
+        QCOMPARE(change->profileName->text(), QStringLiteral("Dora"));
+        QVERIFY(change->fillTimer->isActive());
+        QCOMPARE(change->fillTimer->interval(), 50);
+        change->fillFields();
+        QVERIFY(!change->fillTimer->isActive());
+        QCOMPARE(change->questionBox->text(), QStringLiteral("Cat?"));
+        QCOMPARE(change->emailBox->text(), QStringLiteral("d@example.org"));
+        QCOMPARE(change->answerBox->text(), QString()); // the answer is never shown
 
-        change->Text1->setText(QStringLiteral("wrong"));
-        change->Command2->click();
+        change->oldPasswordBox->setText(QStringLiteral("wrong"));
+        change->changeButton->click();
         QCOMPARE(run.boxes.shown.last().text, Lang(257));
         QCOMPARE(run.boxes.shown.last().flags, 64);
         QCOMPARE(PasswordChangeDialog::Loaded(), change);
-        change->Text1->setText(QStringLiteral("old"));
-        change->Text2->setText(QStringLiteral("new"));
-        change->Command2->click();
+        change->oldPasswordBox->setText(QStringLiteral("old"));
+        change->newPasswordBox->setText(QStringLiteral("new"));
+        change->changeButton->click();
         QCOMPARE(run.boxes.shown.last().text, Lang(258));
         QVERIFY(!PasswordChangeDialog::Loaded());
         QCOMPARE(run.ini(QStringLiteral("Dora/settings.txt"), Keys::settings, Keys::password),
@@ -198,15 +199,15 @@ private Q_SLOTS:
         settings->Command12->click();
         PasswordReminderDialog* remind = PasswordReminderDialog::Loaded();
         QVERIFY(remind && remind->isVisible());
-        QCOMPARE(remind->Label4->text(), QStringLiteral("Dora"));
-        QCOMPARE(remind->Label1->text(), QStringLiteral("Cat?"));
-        remind->Text1->setText(QStringLiteral("Tom"));
-        remind->Command1->click();
-        remind->Command1->click();
+        QCOMPARE(remind->profileName->text(), QStringLiteral("Dora"));
+        QCOMPARE(remind->question->text(), QStringLiteral("Cat?"));
+        remind->answerBox->setText(QStringLiteral("Tom"));
+        remind->goOnButton->click();
+        remind->goOnButton->click();
         QCOMPARE(run.boxes.shown.last().text, Lang(265));
         QCOMPARE(run.boxes.shown.last().flags, 0);
-        remind->Text1->clear();
-        remind->Command1->click();
+        remind->answerBox->clear();
+        remind->goOnButton->click();
         QCOMPARE(run.boxes.shown.last().text, Lang(264) + QLatin1Char(' ') + MD5Hex(QStringLiteral("new")));
         QCOMPARE(run.boxes.shown.last().text.right(33).at(0), QLatin1Char(' '));
         QCOMPARE(run.boxes.shown.last().flags, 0);
@@ -224,10 +225,10 @@ private Q_SLOTS:
         SettingsWindow* settings = openSettings(run); // Administrator, no password since the reset
         settings->Command11->click();
         PasswordChangeDialog* change = PasswordChangeDialog::Loaded();
-        change->Timer1_Timer();
+        change->fillFields();
         for (const QString& old : { QString(), QStringLiteral(" ") }) {
-            change->Text1->setText(old);
-            change->Command2->click();
+            change->oldPasswordBox->setText(old);
+            change->changeButton->click();
             QCOMPARE(run.boxes.shown.last().text, Lang(257));
         }
         QVERIFY(!QFile::exists(run.data(QStringLiteral("Administrator/settings.txt"))));

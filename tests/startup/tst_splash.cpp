@@ -16,25 +16,25 @@ private Q_SLOTS:
         TestWorld world;
         MessageBoxScript boxes;
         SplashWindow splash;
-        splash.Form_Initialize();
-        splash.Form_Load();
-        QCOMPARE(splash.tmrTime->interval(), 1000);
-        QVERIFY(splash.tmrTime->isActive());
-        QCOMPARE(splash.Label2->text(), Lang(100));
-        QVERIFY(splash.Label2->text().contains(QStringLiteral("Brenmark")));
+        splash.initialize();
+        splash.load();
+        QCOMPARE(splash.tickTimer->interval(), 1000);
+        QVERIFY(splash.tickTimer->isActive());
+        QCOMPARE(splash.rightsNotice->text(), Lang(100));
+        QVERIFY(splash.rightsNotice->text().contains(QStringLiteral("Brenmark")));
         auto logins = [] {
             int n = 0;
             for (QWidget* w : QApplication::topLevelWidgets())
                 n += w->objectName() == QLatin1String("LoginDialog") ? 1 : 0;
             return n;
         };
-        splash.tmrTime_Timer();
-        splash.tmrTime_Timer();
+        splash.tick();
+        splash.tick();
         QCOMPARE(logins(), 0);
-        splash.tmrTime_Timer();
+        splash.tick();
         QCOMPARE(logins(), 1);
-        QVERIFY(!splash.tmrTime->isActive());
-        splash.tmrTime_Timer(); // a late tick shows nothing more
+        QVERIFY(!splash.tickTimer->isActive());
+        splash.tick(); // a late tick shows nothing more
         QCOMPARE(logins(), 1);
     }
 
@@ -44,20 +44,20 @@ private Q_SLOTS:
         MessageBoxScript boxes;
         {
             SplashWindow splash;
-            splash.Form_Load();
+            splash.load();
             QCOMPARE(UsbMode, qint16(0));
         }
         QDir().mkpath(world.path(QStringLiteral("program/usb.inf")));
         {
             SplashWindow splash;
-            splash.Form_Load();
+            splash.load();
             QCOMPARE(UsbMode, qint16(0)); // a folder of that name is no mark
         }
         QDir().rmdir(world.path(QStringLiteral("program/usb.inf")));
         world.write(QStringLiteral("program/usb.inf"), "");
         {
             SplashWindow splash;
-            splash.Form_Load();
+            splash.load();
             QCOMPARE(UsbMode, qint16(1));
             QCOMPARE(DataRoot(), platform::AppPath());
         }

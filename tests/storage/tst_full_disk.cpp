@@ -81,10 +81,10 @@ private Q_SLOTS:
         settings = SettingsWindow::Loaded();
         settings->Command11->click();
         PasswordChangeDialog* change = PasswordChangeDialog::Loaded();
-        change->Timer1_Timer();
-        change->Text1->setText(QString());
-        change->Text2->setText(QStringLiteral("new"));
-        change->Command2->click();
+        change->fillFields();
+        change->oldPasswordBox->setText(QString());
+        change->newPasswordBox->setText(QStringLiteral("new"));
+        change->changeButton->click();
         QCOMPARE(run.boxes.shown.last().text, Lang(258));
         settings->Command14->click();
         QCOMPARE(run.boxes.shown.size(), 2); // the entry saved in memory, the password "changed"

@@ -228,8 +228,8 @@ private Q_SLOTS:
                 g->Timer1_Timer();
                 QTest::mouseClick(g->Command4, Qt::LeftButton);
             });
-            QTest::mouseClick(view->Image6, Qt::LeftButton);
-            QCOMPARE(view->txtAge->Text().size(), 4);
+            QTest::mouseClick(view->generatorButton, Qt::LeftButton);
+            QCOMPARE(view->passwordBox->Text().size(), 4);
             view->reject();
         });
         main->newEntryAction->trigger();

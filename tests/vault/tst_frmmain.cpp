@@ -22,14 +22,14 @@ void addEntry(VaultWindow* main, const NewEntry& e)
     VaultRun::onNextModal([e](QWidget* w) {
         auto* view = qobject_cast<EntryDialog*>(w);
         QVERIFY(view);
-        VaultRun::type(view->txtDetails, e.title);
-        VaultRun::type(view->txtFullName, e.name);
-        VaultRun::type(view->txtAge, e.age);
+        VaultRun::type(view->titleBox, e.title);
+        VaultRun::type(view->userNameBox, e.name);
+        VaultRun::type(view->passwordBox, e.age);
         if (!e.extra.isEmpty()) {
-            VaultRun::clickInto(view->txtExtra);
-            view->txtExtra->SetText(e.extra);
+            VaultRun::clickInto(view->noteBox);
+            view->noteBox->SetText(e.extra);
         }
-        QTest::mouseClick(view->cmdSaveChanges, Qt::LeftButton); // the focus leaves the last box
+        QTest::mouseClick(view->saveButton, Qt::LeftButton); // the focus leaves the last box
     });
     QTest::mouseClick(main->newEntryButton, Qt::LeftButton);
     VaultRun::activate(main);
@@ -200,14 +200,14 @@ private Q_SLOTS:
         // Enter while the title box keeps the focus: the title never reached the working copy.
         VaultRun::onNextModal([&run](QWidget* w) {
             auto* view = qobject_cast<EntryDialog*>(w);
-            VaultRun::type(view->txtDetails, QStringLiteral("Fresh"));
-            QTest::keyClick(view->txtDetails->Editor(), Qt::Key_Return);
+            VaultRun::type(view->titleBox, QStringLiteral("Fresh"));
+            QTest::keyClick(view->titleBox->Editor(), Qt::Key_Return);
             QCOMPARE(run.boxes.shown.last().text, Lang(192));
             QCOMPARE(run.boxes.shown.last().flags, 16);
             QVERIFY(view->isVisible());
             // Enter in the note box presses the default button too.
-            VaultRun::clickInto(view->txtExtra);
-            QTest::keyClick(view->txtExtra->Editor(), Qt::Key_Return);
+            VaultRun::clickInto(view->noteBox);
+            QTest::keyClick(view->noteBox->Editor(), Qt::Key_Return);
             QCOMPARE(run.boxes.shown.last().text, Lang(193));
         });
         main->newEntry();
@@ -216,14 +216,14 @@ private Q_SLOTS:
         // A doubled title in the rows on show is refused; the table test catches the rest.
         VaultRun::onNextModal([&run](QWidget* w) {
             auto* view = qobject_cast<EntryDialog*>(w);
-            VaultRun::type(view->txtDetails, QStringLiteral("Mail"));
-            QTest::mouseClick(view->cmdSaveChanges, Qt::LeftButton);
+            VaultRun::type(view->titleBox, QStringLiteral("Mail"));
+            QTest::mouseClick(view->saveButton, Qt::LeftButton);
             QCOMPARE(run.boxes.shown.last().text, Lang(288));
             QVERIFY(view->isVisible());
-            QTest::mouseClick(view->Command2, Qt::LeftButton);
+            QTest::mouseClick(view->cancelButton, Qt::LeftButton);
         });
         main->newEntry();
-        VaultRun::onNextModal([](QWidget* w) { qobject_cast<EntryDialog*>(w)->Command2_Click(); });
+        VaultRun::onNextModal([](QWidget* w) { qobject_cast<EntryDialog*>(w)->cancel(); });
         main->newEntry();
         // After the dialog's cancel the working copy is empty, whatever the boxes show.
         QVERIFY(!main->titleBox->Text().isEmpty());
@@ -236,9 +236,9 @@ private Q_SLOTS:
         QCOMPARE(VaultRun::rows(main->list), QStringList({ "Mail (u2" }));
         VaultRun::onNextModal([](QWidget* w) {
             auto* view = qobject_cast<EntryDialog*>(w);
-            VaultRun::type(view->txtDetails, QStringLiteral("Mail"));
-            VaultRun::type(view->txtFullName, QStringLiteral("overwritten"));
-            QTest::mouseClick(view->cmdSaveChanges, Qt::LeftButton);
+            VaultRun::type(view->titleBox, QStringLiteral("Mail"));
+            VaultRun::type(view->userNameBox, QStringLiteral("overwritten"));
+            QTest::mouseClick(view->saveButton, Qt::LeftButton);
         });
         main->newEntry();
         QVERIFY(main->showAllButton->isVisible()); // the list is full again, the mode stays
@@ -249,8 +249,8 @@ private Q_SLOTS:
         VaultRun::clickRow(main->list, rowOf(main->list, QStringLiteral("Fresh")));
         VaultRun::onNextModal([](QWidget* w) {
             auto* view = qobject_cast<EntryDialog*>(w);
-            VaultRun::type(view->txtDetails, QStringLiteral("Newest"));
-            QTest::mouseClick(view->cmdSaveChanges, Qt::LeftButton);
+            VaultRun::type(view->titleBox, QStringLiteral("Newest"));
+            QTest::mouseClick(view->saveButton, Qt::LeftButton);
         });
         main->newEntry();
         QCOMPARE(main->titleBox->Text(), QStringLiteral("Fresh"));
@@ -336,10 +336,10 @@ private Q_SLOTS:
         for (const char* title : { "bmp", "png" }) {
             VaultRun::onNextModal([title](QWidget* w) {
                 auto* view = qobject_cast<EntryDialog*>(w);
-                VaultRun::type(view->txtDetails, QLatin1String(title));
+                VaultRun::type(view->titleBox, QLatin1String(title));
                 for (int i = 0; i < (title[0] == 'b' ? 4 : 1); ++i)
-                    view->cmdLoad_Click();
-                QTest::mouseClick(view->cmdSaveChanges, Qt::LeftButton);
+                    view->loadPicture();
+                QTest::mouseClick(view->saveButton, Qt::LeftButton);
             });
             main->newEntry();
         }
@@ -405,10 +405,10 @@ private Q_SLOTS:
         QCOMPARE(currentEntry.userName, QByteArray("ba"));
 
         VaultRun::onNextModal([&run](QWidget* w) {
-            qobject_cast<EntryDialog*>(w)->Command1->click();
+            qobject_cast<EntryDialog*>(w)->hintButton->click();
             QCOMPARE(run.boxes.shown.last().text, Lang(289));
             QCOMPARE(run.boxes.shown.last().flags, 64);
-            qobject_cast<EntryDialog*>(w)->Command2->click();
+            qobject_cast<EntryDialog*>(w)->cancelButton->click();
         });
         main->newEntry();
 
@@ -450,7 +450,7 @@ private Q_SLOTS:
             VaultWindow* main = run.start();
             QVERIFY(main || run.login());
             if (run.login())
-                run.login()->Command2_Click();
+                run.login()->cancel();
             run.close();
         }
     }
