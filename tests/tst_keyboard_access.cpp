@@ -211,19 +211,19 @@ private Q_SLOTS:
         main->settingsAction->trigger();
         SettingsWindow* settings = SettingsWindow::Loaded();
         QVERIFY(settings);
-        for (int page = 0; page < settings->TabStrip1->count(); ++page) {
-            settings->TabStrip1->setCurrentIndex(page);
+        for (int page = 0; page < settings->pageTabs->count(); ++page) {
+            settings->pageTabs->setCurrentIndex(page);
             settings->setObjectName(QStringLiteral("SettingsWindow page %1").arg(page + 1));
             audit(settings);
         }
-        auditModal([settings] { settings->Command8->click(); });
-        settings->Command11->click();
+        auditModal([settings] { settings->addButton->click(); });
+        settings->changePasswordButton->click();
         QVERIFY(PasswordChangeDialog::Loaded());
         audit(PasswordChangeDialog::Loaded());
         PasswordChangeDialog::Unload();
         run.setIni(
             QStringLiteral("Administrator/settings.txt"), Keys::settings, Keys::question, QStringLiteral("Pet?"));
-        settings->Command12->click();
+        settings->remindButton->click();
         QVERIFY(PasswordReminderDialog::Loaded());
         audit(PasswordReminderDialog::Loaded());
         // The answer box is read with the question it answers.
@@ -231,7 +231,7 @@ private Q_SLOTS:
                      ->text(QAccessible::Description),
             QStringLiteral("Pet?"));
         PasswordReminderDialog::Unload();
-        settings->Command14_Click();
+        settings->cancelOptions();
 
         // The login that asks for a password.
         run.close();
@@ -270,13 +270,13 @@ private Q_SLOTS:
             auto* generator = qobject_cast<PasswordGenerator*>(w);
             hidden(QAccessible::queryAccessibleInterface(w), found);
             // The length box: neither a new text nor an edit of it gets in.
-            QAccessibleInterface* box = QAccessible::queryAccessibleInterface(generator->Text1->Editor());
+            QAccessibleInterface* box = QAccessible::queryAccessibleInterface(generator->lengthBox->Editor());
             box->setText(QAccessible::Value, QStringLiteral("40"));
             if (QAccessibleEditableTextInterface* edit = box->editableTextInterface())
                 edit->replaceText(0, 1, QStringLiteral("40"));
-            length = generator->Text1->Text();
-            QTest::mouseClick(generator->Command3, Qt::LeftButton);
-            generated = generator->Text2->Text();
+            length = generator->lengthBox->Text();
+            QTest::mouseClick(generator->generateButton, Qt::LeftButton);
+            generated = generator->resultBox->Text();
             w->close();
         });
         main->generatorAction->trigger();
@@ -285,7 +285,7 @@ private Q_SLOTS:
         QCOMPARE(generated.size(), 5);
         QString target;
         VaultRun::onNextModal([&](QWidget* w) {
-            TextBox* path = qobject_cast<ExportDialog*>(w)->txtSelected;
+            TextBox* path = qobject_cast<ExportDialog*>(w)->targetBox;
             QAccessible::queryAccessibleInterface(path->Editor())
                 ->setText(QAccessible::Value, QStringLiteral("Z:\\etc\\passwd"));
             target = path->Text();
@@ -297,14 +297,14 @@ private Q_SLOTS:
         // The profile dialogs keep the stored values to themselves.
         main->settingsAction->trigger();
         SettingsWindow* settings = SettingsWindow::Loaded();
-        settings->Command11->click();
-        settings->Command12->click();
+        settings->changePasswordButton->click();
+        settings->remindButton->click();
         for (QWidget* dialog : { static_cast<QWidget*>(PasswordChangeDialog::Loaded()),
                  static_cast<QWidget*>(PasswordReminderDialog::Loaded()) })
             hidden(QAccessible::queryAccessibleInterface(dialog), found);
         PasswordChangeDialog::Unload();
         PasswordReminderDialog::Unload();
-        settings->Command14_Click();
+        settings->cancelOptions();
         QVERIFY2(found.isEmpty(), qPrintable(found.join(QStringLiteral(", "))));
     }
 

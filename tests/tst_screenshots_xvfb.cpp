@@ -57,7 +57,7 @@ int shoot(const QString& dir, const QString& scale)
     PasswordGenerator generator(main);
     generator.deliveryMode = QStringLiteral("0");
     VaultRun::activate(&generator);
-    generator.Command3_Click();
+    generator.generate();
     QTest::qWait(200);
     saved = save(&generator, dir, QStringLiteral("generator"), scale) && saved;
     return saved ? 0 : 1;

@@ -92,78 +92,85 @@ SettingsWindow::SettingsWindow(QWidget* owner)
     setObjectName(QStringLiteral("SettingsWindow"));
     setWindowTitle(QStringLiteral("Ustawienia...")); // never from the language table
     setFixedSize(Twips(7440), Twips(5520));
-    TabStrip1 = Placed(new QTabBar(this), "TabStrip1", 120, 120, 7200, 375);
-    TabStrip1->setExpanding(false);
+    pageTabs = Placed(new QTabBar(this), "pageTabs", 120, 120, 7200, 375);
+    pageTabs->setExpanding(false);
     for (int i = 0; i < 3; ++i)
-        TabStrip1->addTab(QString());
+        pageTabs->addTab(QString());
     // Click comes with every change of tab, by the mouse, the keyboard or an assistive tool,
     // and with a click on the tab already chosen.
-    connect(TabStrip1, &QTabBar::currentChanged, this, [this] { TabStrip1_Click(); });
-    connect(TabStrip1, &QTabBar::tabBarClicked, this, [this](int index) {
-        if (index == TabStrip1->currentIndex())
-            TabStrip1_Click();
+    connect(pageTabs, &QTabBar::currentChanged, this, [this] { showSelectedPage(); });
+    connect(pageTabs, &QTabBar::tabBarClicked, this, [this](int index) {
+        if (index == pageTabs->currentIndex())
+            showSelectedPage();
     });
-    Frame2 = Placed(new QGroupBox(this), "Frame2", 120, 480, 7200, 4320);
-    Frame5 = Placed(new QGroupBox(this), "Frame5", 120, 480, 7200, 4320);
-    Frame6 = Placed(new QGroupBox(this), "Frame6", 120, 480, 7200, 4320);
+    generalPage = Placed(new QGroupBox(this), "generalPage", 120, 480, 7200, 4320);
+    drivePage = Placed(new QGroupBox(this), "drivePage", 120, 480, 7200, 4320);
+    profilesPage = Placed(new QGroupBox(this), "profilesPage", 120, 480, 7200, 4320);
     buildGeneralPage();
     buildDrivePage();
     buildProfilePage();
-    Command13 = Placed(new QPushButton(QStringLiteral("&OK"), this), "Command13", 4680, 4980, 1215, 375);
-    Command13->setDefault(true);
-    Command14 = Placed(new QPushButton(this), "Command14", 6000, 4980, 1215, 375);
-    connect(Command13, &QPushButton::clicked, this, &SettingsWindow::Command13_Click);
-    connect(Command14, &QPushButton::clicked, this, &SettingsWindow::Command14_Click);
+    okButton = Placed(new QPushButton(QStringLiteral("&OK"), this), "okButton", 4680, 4980, 1215, 375);
+    okButton->setDefault(true);
+    cancelButton = Placed(new QPushButton(this), "cancelButton", 6000, 4980, 1215, 375);
+    connect(okButton, &QPushButton::clicked, this, &SettingsWindow::acceptOptions);
+    connect(cancelButton, &QPushButton::clicked, this, &SettingsWindow::cancelOptions);
 }
 
 void SettingsWindow::buildGeneralPage()
 {
-    Frame2->setTitle(QStringLiteral("Ogólne"));
-    const char* names[] = { "Check1", "Check2", "Check3", "Check4", "Check5" };
+    generalPage->setTitle(QStringLiteral("Ogólne"));
+    const char* names[]
+        = { "alwaysOnTopBox", "sortListBox", "clearClipboardBox", "minimiseAfterCopyBox", "hidePasswordsBox" };
     const char* texts[] = { "Okno programu zawsze na wierzchu", "Sortuj listę z hasłami",
         "Wyczyść schowek po zamknięciu programu", "Zminimalizuj po przyciśnięciu 'kopiuj'.", "Ukrywaj hasła" };
-    QCheckBox** boxes[] = { &Check1, &Check2, &Check3, &Check4, &Check5 };
+    QCheckBox** boxes[]
+        = { &alwaysOnTopBox, &sortListBox, &clearClipboardBox, &minimiseAfterCopyBox, &hidePasswordsBox };
     for (int i = 0; i < 5; ++i) {
-        *boxes[i] = Placed(new QCheckBox(QString::fromUtf8(texts[i]), Frame2), names[i], 240, 360 + i * 420, 6720, 330);
+        *boxes[i]
+            = Placed(new QCheckBox(QString::fromUtf8(texts[i]), generalPage), names[i], 240, 360 + i * 420, 6720, 330);
         (*boxes[i])->setTristate(true); // a stored 2 shows greyed, as the runtime's box does
         // A click only ever ticks or clears, as the runtime's box does.
         connect(*boxes[i], &QCheckBox::clicked, *boxes[i],
             [box = *boxes[i]](bool checked) { box->setCheckState(checked ? Qt::Checked : Qt::Unchecked); });
     }
-    Label43 = Placed(new QLabel(Frame2), "Label43", 240, 2685, 1800, 285);
-    optLang = Placed(new QComboBox(Frame2), "optLang", 2100, 2640, 2400, 330);
-    Label43->setBuddy(optLang);
-    Command1 = Placed(new QPushButton(QStringLiteral("&Zapisz"), Frame2), "Command1", 4620, 2618, 1215, 375);
-    connect(Command1, &QPushButton::clicked, this, &SettingsWindow::Command1_Click);
+    languageCaption = Placed(new QLabel(generalPage), "languageCaption", 240, 2685, 1800, 285);
+    languageList = Placed(new QComboBox(generalPage), "languageList", 2100, 2640, 2400, 330);
+    languageCaption->setBuddy(languageList);
+    saveLanguageButton
+        = Placed(new QPushButton(QStringLiteral("&Zapisz"), generalPage), "saveLanguageButton", 4620, 2618, 1215, 375);
+    connect(saveLanguageButton, &QPushButton::clicked, this, &SettingsWindow::saveLanguage);
 }
 
 void SettingsWindow::buildDrivePage()
 {
-    Frame5->setTitle(QStringLiteral("Dyski wymienne USB"));
-    Label6 = Placed(new QLabel(QStringLiteral("Lokalizacja:"), Frame5), "Label6", 240, 405, 1800, 285);
-    Drive1 = Placed(new DriveList(Frame5), "Drive1", 2100, 360, 3000, 330);
-    Label6->setBuddy(Drive1);
-    connect(Drive1, &DriveList::Change, this, &SettingsWindow::Drive1_Change);
-    Label4 = Placed(new QLabel(QStringLiteral("Status:"), Frame5), "Label4", 240, 885, 1800, 285);
-    Label5 = Placed(new QLabel(Frame5), "Label5", 2100, 885, 4800, 285);
-    MakeBold(Label5);
-    Command5 = Placed(new QPushButton(QStringLiteral("Instaluj..."), Frame5), "Command5", 2100, 1440, 1455, 375);
-    Command9 = Placed(new QPushButton(QStringLiteral("Deinstaluj"), Frame5), "Command9", 3660, 1440, 1455, 375);
-    Command5->setEnabled(false);
-    Command9->setEnabled(false);
-    connect(Command5, &QPushButton::clicked, this, &SettingsWindow::Command5_Click);
-    connect(Command9, &QPushButton::clicked, this, &SettingsWindow::Command9_Click);
-    Label2 = Placed(new QLabel(QString::fromUtf8("Funkcja niedostępna. Aktualnie korzystasz z dysku USB."), Frame5),
-        "Label2", 240, 360, 6720, 1200);
-    Label2->setWordWrap(true);
-    Label2->setVisible(false);
+    drivePage->setTitle(QStringLiteral("Dyski wymienne USB"));
+    driveCaption = Placed(new QLabel(QStringLiteral("Lokalizacja:"), drivePage), "driveCaption", 240, 405, 1800, 285);
+    driveList = Placed(new DriveList(drivePage), "driveList", 2100, 360, 3000, 330);
+    driveCaption->setBuddy(driveList);
+    connect(driveList, &DriveList::Change, this, &SettingsWindow::showDriveStatus);
+    statusCaption = Placed(new QLabel(QStringLiteral("Status:"), drivePage), "statusCaption", 240, 885, 1800, 285);
+    status = Placed(new QLabel(drivePage), "status", 2100, 885, 4800, 285);
+    MakeBold(status);
+    installButton
+        = Placed(new QPushButton(QStringLiteral("Instaluj..."), drivePage), "installButton", 2100, 1440, 1455, 375);
+    removeButton
+        = Placed(new QPushButton(QStringLiteral("Deinstaluj"), drivePage), "removeButton", 3660, 1440, 1455, 375);
+    installButton->setEnabled(false);
+    removeButton->setEnabled(false);
+    connect(installButton, &QPushButton::clicked, this, &SettingsWindow::installOnDrive);
+    connect(removeButton, &QPushButton::clicked, this, &SettingsWindow::removeFromDrive);
+    portableNotice
+        = Placed(new QLabel(QString::fromUtf8("Funkcja niedostępna. Aktualnie korzystasz z dysku USB."), drivePage),
+            "portableNotice", 240, 360, 6720, 1200);
+    portableNotice->setWordWrap(true);
+    portableNotice->setVisible(false);
 }
 
 void SettingsWindow::buildProfilePage()
 {
-    Frame6->setTitle(QStringLiteral("Profile"));
-    lstData = Placed(new ListBox(false, Frame6), "lstData", 240, 360, 2415, 3015);
-    connect(lstData, &ListBox::Click, this, &SettingsWindow::lstData_Click);
+    profilesPage->setTitle(QStringLiteral("Profile"));
+    profileList = Placed(new ListBox(false, profilesPage), "profileList", 240, 360, 2415, 3015);
+    connect(profileList, &ListBox::Click, this, &SettingsWindow::showSelectedProfile);
     struct Pair
     {
         QLabel** caption;
@@ -173,18 +180,19 @@ void SettingsWindow::buildProfilePage()
         const char* valueName;
     };
     const Pair pairs[] = {
-        { &Label9, "Label9", "Aktualny użytkownik:", &Label11, "Label11" },
-        { &Label13, "Label13", "Domyślny użytkownik:", &Label14, "Label14" },
-        { &Label12, "Label12", "Zaznaczony użytkownik:", &Label10, "Label10" },
+        { &inUseCaption, "inUseCaption", "Aktualny użytkownik:", &inUseName, "inUseName" },
+        { &defaultCaption, "defaultCaption", "Domyślny użytkownik:", &defaultName, "defaultName" },
+        { &selectedCaption, "selectedCaption", "Zaznaczony użytkownik:", &selectedName, "selectedName" },
     };
     int top = 360;
     for (const Pair& p : pairs) {
-        *p.caption = Placed(new QLabel(QString::fromUtf8(p.text), Frame6), p.captionName, 2820, top, 2040, 285);
-        *p.value = Placed(new QLabel(QStringLiteral("???"), Frame6), p.valueName, 4920, top, 2160, 285);
+        *p.caption = Placed(new QLabel(QString::fromUtf8(p.text), profilesPage), p.captionName, 2820, top, 2040, 285);
+        *p.value = Placed(new QLabel(QStringLiteral("???"), profilesPage), p.valueName, 4920, top, 2160, 285);
         MakeBold(*p.value);
         top += 330;
     }
-    Label1 = Placed(new QLabel(QStringLiteral("Ostatnio zalogowany : ???"), Frame6), "Label1", 2820, 1380, 4260, 285);
+    lastTime = Placed(
+        new QLabel(QStringLiteral("Ostatnio zalogowany : ???"), profilesPage), "lastTime", 2820, 1380, 4260, 285);
     struct Button
     {
         QPushButton** button;
@@ -196,72 +204,76 @@ void SettingsWindow::buildProfilePage()
         void (SettingsWindow::*click)();
     };
     const Button buttons[] = {
-        { &Command8, "Command8", "Dodaj...", 2820, 1800, 1380, &SettingsWindow::Command8_Click },
-        { &Command3, "Command3", "Usuń", 4260, 1800, 1380, &SettingsWindow::Command3_Click },
-        { &Command4, "Command4", "Przełącz", 5700, 1800, 1380, &SettingsWindow::Command4_Click },
-        { &Command12, "Command12", "Przypomnij hasło", 2820, 2280, 2100, &SettingsWindow::Command12_Click },
-        { &Command11, "Command11", "Zmień hasło", 4980, 2280, 2100, &SettingsWindow::Command11_Click },
-        { &Command10, "Command10", "Ustaw jako domyślny", 2820, 2760, 2100, &SettingsWindow::Command10_Click },
+        { &addButton, "addButton", "Dodaj...", 2820, 1800, 1380, &SettingsWindow::addProfile },
+        { &deleteButton, "deleteButton", "Usuń", 4260, 1800, 1380, &SettingsWindow::deleteProfile },
+        { &switchButton, "switchButton", "Przełącz", 5700, 1800, 1380, &SettingsWindow::switchProfile },
+        { &remindButton, "remindButton", "Przypomnij hasło", 2820, 2280, 2100, &SettingsWindow::remindPassword },
+        { &changePasswordButton, "changePasswordButton", "Zmień hasło", 4980, 2280, 2100,
+            &SettingsWindow::changePassword },
+        { &makeDefaultButton, "makeDefaultButton", "Ustaw jako domyślny", 2820, 2760, 2100,
+            &SettingsWindow::makeDefaultProfile },
     };
     for (const Button& b : buttons) {
-        *b.button = Placed(new QPushButton(QString::fromUtf8(b.text), Frame6), b.name, b.left, b.top, b.width, 375);
+        *b.button
+            = Placed(new QPushButton(QString::fromUtf8(b.text), profilesPage), b.name, b.left, b.top, b.width, 375);
         connect(*b.button, &QPushButton::clicked, this, b.click);
     }
-    Check14 = Placed(new QCheckBox(QString::fromUtf8("Ustal ostatni profil jako domyślny"), Frame6), "Check14", 240,
-        3600, 6720, 330);
+    lastProfileDefaultBox = Placed(new QCheckBox(QString::fromUtf8("Ustal ostatni profil jako domyślny"), profilesPage),
+        "lastProfileDefaultBox", 240, 3600, 6720, 330);
 }
 
 void SettingsWindow::setCaptions()
 {
     const int tabSlots[] = { 307, 308, 309 };
-    QGroupBox* frames[] = { Frame2, Frame5, Frame6 };
+    QGroupBox* frames[] = { generalPage, drivePage, profilesPage };
     for (int i = 0; i < 3; ++i) {
-        TabStrip1->setTabText(i, Lang(tabSlots[i]));
+        pageTabs->setTabText(i, Lang(tabSlots[i]));
         frames[i]->setTitle(Lang(tabSlots[i]));
     }
     for (int n = 1; n <= 5; ++n)
         optionBox(n)->setText(Lang(319 + n));
-    Check14->setText(Lang(319));
-    lstData->setAccessibleName(Frame6->title()); // the profiles, read by their page's name
-    Label43->setText(Lang(325));
-    Command1->setText(Lang(248));
-    Command14->setText(Lang(147));
-    Label9->setText(Lang(310));
-    Label13->setText(Lang(311));
-    Label12->setText(Lang(312));
-    Command8->setText(Lang(313));
-    Command3->setText(Lang(314));
-    Command4->setText(Lang(315));
-    Command12->setText(Lang(316));
-    Command11->setText(Lang(317));
-    Command10->setText(Lang(318));
-    Label6->setText(Lang(326));
-    Label4->setText(Lang(327));
-    Label5->setText(Lang(302));
-    Command5->setText(Lang(330));
-    Command9->setText(Lang(328));
-    Label2->setText(Lang(329));
+    lastProfileDefaultBox->setText(Lang(319));
+    profileList->setAccessibleName(profilesPage->title()); // the profiles, read by their page's name
+    languageCaption->setText(Lang(325));
+    saveLanguageButton->setText(Lang(248));
+    cancelButton->setText(Lang(147));
+    inUseCaption->setText(Lang(310));
+    defaultCaption->setText(Lang(311));
+    selectedCaption->setText(Lang(312));
+    addButton->setText(Lang(313));
+    deleteButton->setText(Lang(314));
+    switchButton->setText(Lang(315));
+    remindButton->setText(Lang(316));
+    changePasswordButton->setText(Lang(317));
+    makeDefaultButton->setText(Lang(318));
+    driveCaption->setText(Lang(326));
+    statusCaption->setText(Lang(327));
+    status->setText(Lang(302));
+    installButton->setText(Lang(330));
+    removeButton->setText(Lang(328));
+    portableNotice->setText(Lang(329));
 }
 
 QCheckBox* SettingsWindow::optionBox(int n) const
 {
-    QCheckBox* const boxes[] = { Check1, Check2, Check3, Check4, Check5 };
+    QCheckBox* const boxes[]
+        = { alwaysOnTopBox, sortListBox, clearClipboardBox, minimiseAfterCopyBox, hidePasswordsBox };
     return boxes[n - 1];
 }
 
-void SettingsWindow::Form_Load()
+void SettingsWindow::load()
 {
     setCaptions();
     // From here on a failing step is passed over and the next one runs.
-    TabStrip1->setCurrentIndex(0);
-    TabStrip1_Click();
+    pageTabs->setCurrentIndex(0);
+    showSelectedPage();
     setUpDrivePage();
 
     for (const char* row : { "English", "Polish", "Deutsch" })
-        optLang->addItem(QLatin1String(row));
+        languageList->addItem(QLatin1String(row));
     // A value that is no row leaves the box as it is.
-    const int language = optLang->findText(GetProgramSetting(QStringLiteral("curLang")));
-    optLang->setCurrentIndex(language);
+    const int language = languageList->findText(GetProgramSetting(QStringLiteral("curLang")));
+    languageList->setCurrentIndex(language);
 
     fillProfilePage();
     for (int n = 1; n <= 5; ++n) {
@@ -271,15 +283,15 @@ void SettingsWindow::Form_Load()
         if (platform::CIntText(GetIni(Keys::setts, Keys::option(n), cfg), value) && value >= 0 && value <= 2)
             optionBox(n)->setCheckState(checkStates[value]);
     }
-    Check14->setChecked(GetIni(Keys::user, Keys::tempChangeable, ConfigFile()) == QLatin1String("True"));
-    Drive1->SetDrive(QStringLiteral("C:\\"));
+    lastProfileDefaultBox->setChecked(GetIni(Keys::user, Keys::tempChangeable, ConfigFile()) == QLatin1String("True"));
+    driveList->SetDrive(QStringLiteral("C:\\"));
 }
 
-void SettingsWindow::TabStrip1_Click()
+void SettingsWindow::showSelectedPage()
 {
-    QGroupBox* frames[] = { Frame2, Frame5, Frame6 };
+    QGroupBox* frames[] = { generalPage, drivePage, profilesPage };
     for (int tab = 0; tab < 3; ++tab) {
-        if (TabStrip1->currentIndex() != tab)
+        if (pageTabs->currentIndex() != tab)
             continue;
         for (int i = 0; i < 3; ++i)
             frames[i]->setVisible(i == tab);
@@ -292,16 +304,16 @@ void SettingsWindow::SaveOptions()
         const QString cfg = DataFolder() + CurrentProfile() + QStringLiteral("\\cfg.txt");
         WriteIni(Keys::setts, Keys::option(n), QString::number(CheckValue(optionBox(n))), cfg);
     }
-    WriteIni(Keys::user, Keys::tempChangeable, Check14->isChecked() ? QStringLiteral("True") : QStringLiteral("False"),
-        ConfigFile());
+    WriteIni(Keys::user, Keys::tempChangeable,
+        lastProfileDefaultBox->isChecked() ? QStringLiteral("True") : QStringLiteral("False"), ConfigFile());
 }
 
 void SettingsWindow::saveProfileList()
 {
-    SaveListFile(DataFolder() + QStringLiteral("users.txt"), *lstData);
+    SaveListFile(DataFolder() + QStringLiteral("users.txt"), *profileList);
 }
 
-void SettingsWindow::Command13_Click()
+void SettingsWindow::acceptOptions()
 {
     SaveOptions();
     saveProfileList();
@@ -312,87 +324,87 @@ void SettingsWindow::Command13_Click()
     VaultWindow::Instance()->show();
 }
 
-void SettingsWindow::Command14_Click()
+void SettingsWindow::cancelOptions()
 {
     Unload();
     VaultWindow::Instance()->show();
 }
 
-void SettingsWindow::Command1_Click()
+void SettingsWindow::saveLanguage()
 {
     platform::MsgBox(Lang(306), 0);
     // Written where no reader looks: the choice shows neither at the next start nor here.
     RegSetValue(QStringLiteral("Tolvane"), QStringLiteral("Settings"), QStringLiteral("curLang"),
-        optLang->currentText(), platform::HKEY_LOCAL_MACHINE, QStringLiteral("SOFTWARE"), platform::REG_SZ);
+        languageList->currentText(), platform::HKEY_LOCAL_MACHINE, QStringLiteral("SOFTWARE"), platform::REG_SZ);
 }
 
 // --- Profiles -------------------------------------------------------------------------------
 
 void SettingsWindow::fillProfilePage()
 {
-    LoadListFile(DataFolder() + QStringLiteral("users.txt"), *lstData);
-    Label14->setText(GetIni(Keys::user, Keys::defaultProfile, ConfigFile()));
-    Label11->setText(CurrentProfile());
+    LoadListFile(DataFolder() + QStringLiteral("users.txt"), *profileList);
+    defaultName->setText(GetIni(Keys::user, Keys::defaultProfile, ConfigFile()));
+    inUseName->setText(CurrentProfile());
     // A row that holds the name anywhere is selected, and a later one takes over: with "Ann" in
     // use, "Joanna" below it ends up selected.
-    const QString inUse = Label11->text().toLower();
-    for (int i = 0; i < lstData->ListCount(); ++i) {
-        if (lstData->List(i).toLower().contains(inUse)) {
-            lstData->SetListIndex(i);
-            lstData_Click(); // setting the selection clicks, as the runtime's list does
+    const QString inUse = inUseName->text().toLower();
+    for (int i = 0; i < profileList->ListCount(); ++i) {
+        if (profileList->List(i).toLower().contains(inUse)) {
+            profileList->SetListIndex(i);
+            showSelectedProfile(); // setting the selection clicks, as the runtime's list does
         }
     }
 }
 
-void SettingsWindow::lstData_Click()
+void SettingsWindow::showSelectedProfile()
 {
-    Label10->setText(lstData->Text());
+    selectedName->setText(profileList->Text());
     const QString time
-        = GetIni(Keys::settings, Keys::time, DataFolder() + Label10->text() + QStringLiteral("\\time.txt"));
-    Label1->setText(Lang(305) + QLatin1Char(' ') + time);
+        = GetIni(Keys::settings, Keys::time, DataFolder() + selectedName->text() + QStringLiteral("\\time.txt"));
+    lastTime->setText(Lang(305) + QLatin1Char(' ') + time);
 }
 
-void SettingsWindow::Command8_Click()
+void SettingsWindow::addProfile()
 {
     NewProfileDialog::Instance(this)->exec();
 }
 
-void SettingsWindow::Command10_Click()
+void SettingsWindow::makeDefaultProfile()
 {
-    const QString name = Label10->text();
+    const QString name = selectedName->text();
     WriteIni(Keys::user, Keys::defaultProfile, name, ConfigFile());
     platform::MsgBox(Lang(291) + QStringLiteral(" '") + name + QStringLiteral("' ") + Lang(292), 64);
-    Label14->setText(name);
+    defaultName->setText(name);
 }
 
-void SettingsWindow::Command11_Click()
+void SettingsWindow::changePassword()
 {
-    if (Label11->text() != Label10->text()) {
+    if (inUseName->text() != selectedName->text()) {
         platform::MsgBox(Lang(293), 64);
         return;
     }
     PasswordChangeDialog* change = PasswordChangeDialog::Instance(this);
-    change->profileName->setText(Label10->text());
+    change->profileName->setText(selectedName->text());
     change->show();
 }
 
-void SettingsWindow::Command12_Click()
+void SettingsWindow::remindPassword()
 {
     PasswordReminderDialog::Instance(this)->show();
 }
 
-void SettingsWindow::Command3_Click()
+void SettingsWindow::deleteProfile()
 {
-    const QString inUse = Label11->text();
-    const QString selected = Label10->text();
+    const QString inUse = inUseName->text();
+    const QString selected = selectedName->text();
     const auto confirmed = [&selected] {
         return platform::MsgBox(Lang(295) + QLatin1Char(' ') + selected + QLatin1Char('?'), 36) == platform::IDYES;
     };
     // The folder goes, failures or not, and the row with it.
     const auto removeProfile = [this, &selected] {
         RemoveDirTree(DataFolder() + selected);
-        if (lstData->ListIndex() >= 0)
-            lstData->RemoveItem(lstData->ListIndex());
+        if (profileList->ListIndex() >= 0)
+            profileList->RemoveItem(profileList->ListIndex());
     };
     // Whatever the name, no delete takes the folder of Administrator or of the profile in use
     // (other than that profile's own delete of itself): another spelling, an empty name, "." or
@@ -421,20 +433,20 @@ void SettingsWindow::Command3_Click()
     } else {
         platform::MsgBox(Lang(296), 16); // and on, though nothing was deleted
     }
-    if (Label14->text() == selected || Label11->text() == selected) {
+    if (defaultName->text() == selected || inUseName->text() == selected) {
         WriteIni(Keys::user, Keys::defaultProfile, administrator, ConfigFile());
         WriteIni(Keys::user, Keys::current, administrator, ConfigFile());
     }
     saveProfileList();
 }
 
-void SettingsWindow::Command4_Click()
+void SettingsWindow::switchProfile()
 {
     if (platform::MsgBox(Lang(297), 324) != platform::IDYES)
         return;
     SaveOptions();
-    WriteIni(Keys::user, Keys::current, Label10->text(), ConfigFile());
-    WriteIni(Keys::user, Keys::switchTo, Label10->text(), ConfigFile());
+    WriteIni(Keys::user, Keys::current, selectedName->text(), ConfigFile());
+    WriteIni(Keys::user, Keys::switchTo, selectedName->text(), ConfigFile());
     // The open vault is not saved: the process ends without the vault window's unload.
     RestartProgram();
 }
@@ -443,44 +455,45 @@ void SettingsWindow::Command4_Click()
 
 void SettingsWindow::setUpDrivePage()
 {
-    Label5->setText(Lang(302));
+    status->setText(Lang(302));
     const bool portable = UsbMode != 0;
-    for (QWidget* w : { static_cast<QWidget*>(Label6), static_cast<QWidget*>(Drive1), static_cast<QWidget*>(Label4),
-             static_cast<QWidget*>(Label5), static_cast<QWidget*>(Command5), static_cast<QWidget*>(Command9) })
+    for (QWidget* w :
+        { static_cast<QWidget*>(driveCaption), static_cast<QWidget*>(driveList), static_cast<QWidget*>(statusCaption),
+            static_cast<QWidget*>(status), static_cast<QWidget*>(installButton), static_cast<QWidget*>(removeButton) })
         w->setVisible(!portable);
-    Label2->setVisible(portable);
+    portableNotice->setVisible(portable);
 }
 
 QString SettingsWindow::drive() const
 {
-    return Drive1->Drive().left(2);
+    return driveList->Drive().left(2);
 }
 
 void SettingsWindow::setStatus(int slot, int colour)
 {
-    Label5->setText(Lang(slot));
-    QPalette palette = Label5->palette();
+    status->setText(Lang(slot));
+    QPalette palette = status->palette();
     palette.setColor(QPalette::WindowText, QColor(colour & 0xFF, (colour >> 8) & 0xFF, (colour >> 16) & 0xFF));
-    Label5->setPalette(palette);
+    status->setPalette(palette);
 }
 
-void SettingsWindow::Drive1_Change()
+void SettingsWindow::showDriveStatus()
 {
     QString found;
     if (platform::Dir(drive() + QStringLiteral("\\TolvaneKey\\usb.inf"), found) != platform::ErrNone) {
         // A drive without a medium: neither install nor removal is offered.
         setStatus(302, colourNotInstalled);
-        Command5->setEnabled(false);
-        Command9->setEnabled(false);
+        installButton->setEnabled(false);
+        removeButton->setEnabled(false);
         return;
     }
     const bool installed = !found.isEmpty();
     setStatus(installed ? 301 : 302, installed ? colourInstalled : colourNotInstalled);
-    Command5->setEnabled(!installed);
-    Command9->setEnabled(installed);
+    installButton->setEnabled(!installed);
+    removeButton->setEnabled(installed);
 }
 
-void SettingsWindow::Command5_Click()
+void SettingsWindow::installOnDrive()
 {
     // Step by step, the program's folder and the drive read anew; the first failure stops it
     // and what was copied stays. Nothing goes through a link on the drive, whoever prepared it:
@@ -498,11 +511,11 @@ void SettingsWindow::Command5_Click()
             return;
         }
     }
-    Drive1_Change();
+    showDriveStatus();
     platform::MsgBox(Lang(298), 64);
 }
 
-void SettingsWindow::Command9_Click()
+void SettingsWindow::removeFromDrive()
 {
     // The profiles kept on the drive go with the folder; nobody is asked. A link goes as a link.
     const platform::WorkingFolderScope driveRoot(drive() + QLatin1Char('\\'));
@@ -512,6 +525,6 @@ void SettingsWindow::Command9_Click()
         platform::MsgBox(Lang(error == platform::ErrDiskNotReady ? 299 : 304), 16);
         return;
     }
-    Drive1_Change();
+    showDriveStatus();
     platform::MsgBox(Lang(303), 64);
 }

@@ -23,45 +23,45 @@ public:
     // Owned by the vault window. Its close box and Escape are Cancel without showing that window.
     static SettingsWindow* Instance();
 
-    void Form_Load();
-    void TabStrip1_Click();
-    // Stores the five boxes in cfg.txt of the profile in use and Check14 in config.txt.
+    void load();
+    void showSelectedPage();
+    // Stores the five boxes in cfg.txt of the profile in use and lastProfileDefaultBox in config.txt.
     void SaveOptions();
-    void Command13_Click(); // OK
-    void Command14_Click(); // Cancel
-    void Command1_Click(); // the language
+    void acceptOptions(); // OK
+    void cancelOptions(); // Cancel
+    void saveLanguage(); // the language
 
     // The profiles.
-    void lstData_Click();
-    void Command8_Click(); // add
-    void Command3_Click(); // delete
-    void Command4_Click(); // switch
-    void Command10_Click(); // make default
-    void Command11_Click(); // change password
-    void Command12_Click(); // password reminder
+    void showSelectedProfile();
+    void addProfile(); // add
+    void deleteProfile(); // delete
+    void switchProfile(); // switch
+    void makeDefaultProfile(); // make default
+    void changePassword(); // change password
+    void remindPassword(); // password reminder
 
     // The removable drive.
-    void Drive1_Change();
-    void Command5_Click(); // install
-    void Command9_Click(); // remove
+    void showDriveStatus();
+    void installOnDrive(); // install
+    void removeFromDrive(); // remove
 
-    QTabBar* TabStrip1;
-    QGroupBox *Frame2, *Frame5, *Frame6;
-    QPushButton *Command13, *Command14;
+    QTabBar* pageTabs;
+    QGroupBox *generalPage, *drivePage, *profilesPage;
+    QPushButton *okButton, *cancelButton;
 
-    QCheckBox *Check1, *Check2, *Check3, *Check4, *Check5;
-    QLabel* Label43;
-    QComboBox* optLang;
-    QPushButton* Command1;
+    QCheckBox *alwaysOnTopBox, *sortListBox, *clearClipboardBox, *minimiseAfterCopyBox, *hidePasswordsBox;
+    QLabel* languageCaption;
+    QComboBox* languageList;
+    QPushButton* saveLanguageButton;
 
-    DriveList* Drive1;
-    QLabel *Label6, *Label4, *Label5, *Label2;
-    QPushButton *Command5, *Command9;
+    DriveList* driveList;
+    QLabel *driveCaption, *statusCaption, *status, *portableNotice;
+    QPushButton *installButton, *removeButton;
 
-    ListBox* lstData;
-    QLabel *Label9, *Label11, *Label13, *Label14, *Label12, *Label10, *Label1;
-    QPushButton *Command8, *Command3, *Command4, *Command12, *Command11, *Command10;
-    QCheckBox* Check14;
+    ListBox* profileList;
+    QLabel *inUseCaption, *inUseName, *defaultCaption, *defaultName, *selectedCaption, *selectedName, *lastTime;
+    QPushButton *addButton, *deleteButton, *switchButton, *remindButton, *changePasswordButton, *makeDefaultButton;
+    QCheckBox* lastProfileDefaultBox;
 
 private:
     explicit SettingsWindow(QWidget* owner);

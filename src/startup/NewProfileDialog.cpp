@@ -64,7 +64,7 @@ void NewProfileDialog::cancel()
 void NewProfileDialog::addProfile()
 {
     // Nothing here is checked but the name being listed already, and nothing is caught.
-    ListBox* list = SettingsWindow::Instance()->lstData;
+    ListBox* list = SettingsWindow::Instance()->profileList;
     // The name goes into files in the code page and names a folder: both must see the same
     // name, so it is taken through the code page here, once ("Łukasz" is "?ukasz" under 1252).
     const QString name = platform::ThroughCodePage(nameBox->text());

@@ -43,7 +43,7 @@ void PasswordReminderDialog::load()
     answerCaption->setText(Lang(269));
     goOnButton->setText(Lang(270));
     cancelButton->setText(Lang(147));
-    profileName->setText(SettingsWindow::Instance()->Label10->text());
+    profileName->setText(SettingsWindow::Instance()->selectedName->text());
     const QString settings = DataFolder() + profileName->text() + QStringLiteral("\\settings.txt");
     question->setText(GetIni(Keys::settings, Keys::question, settings));
     // The answer box alone would be read without the question it answers.

@@ -17,24 +17,24 @@ ExportDialog::ExportDialog(QWidget* owner)
     : SingleDialog(owner)
 {
     setObjectName(QStringLiteral("ExportDialog"));
-    std::tie(Frame1, Label2, Label1, txtSelected, Command3, Command2, Command1)
-        = MakeTransferFrame(this, "txtSelected", "Command2", "Command1",
+    std::tie(frame, lead, profileName, targetBox, browseButton, exportButton, cancelButton)
+        = MakeTransferFrame(this, "targetBox", "exportButton", "cancelButton",
             { "Eksport...", "Eksportuj...", "Eksport danych użytkownika:", "C:\\tolvane_data.tvd", "&Eksport..." })
               .Controls();
-    connect(Command1, &QPushButton::clicked, this, &ExportDialog::Command1_Click);
-    connect(Command2, &QPushButton::clicked, this, &ExportDialog::Command2_Click);
-    connect(Command3, &QPushButton::clicked, this, &ExportDialog::Command3_Click);
+    connect(cancelButton, &QPushButton::clicked, this, &ExportDialog::cancel);
+    connect(exportButton, &QPushButton::clicked, this, &ExportDialog::exportVault);
+    connect(browseButton, &QPushButton::clicked, this, &ExportDialog::browse);
 }
 
-void ExportDialog::Form_Load()
+void ExportDialog::load()
 {
-    Label1->setText(CurrentProfile());
+    profileName->setText(CurrentProfile());
     setWindowTitle(Lang(179));
-    Frame1->setTitle(Lang(179));
-    Label2->setText(Lang(180));
-    Command2->setText(Lang(179));
-    Command1->setText(Lang(147));
-    NameTransferFrame(txtSelected, Label2, Label1, Command3, Lang(177));
+    frame->setTitle(Lang(179));
+    lead->setText(Lang(180));
+    exportButton->setText(Lang(179));
+    cancelButton->setText(Lang(147));
+    NameTransferFrame(targetBox, lead, profileName, browseButton, Lang(177));
 }
 
 QString ExportDialog::BrowseForFolder(const QString& path)
@@ -42,25 +42,25 @@ QString ExportDialog::BrowseForFolder(const QString& path)
     return platform::SHBrowseForFolderA(this, { Lang(177), path });
 }
 
-void ExportDialog::Command3_Click()
+void ExportDialog::browse()
 {
     // The constant, not the box: a cancelled browse drops an earlier choice as well.
     const QString folder = BrowseForFolder(defaultTarget);
-    txtSelected->SetText(folder.isEmpty() ? defaultTarget : folder + QStringLiteral("\\tolvane_data.tvd"));
+    targetBox->SetText(folder.isEmpty() ? defaultTarget : folder + QStringLiteral("\\tolvane_data.tvd"));
 }
 
-void ExportDialog::Command2_Click()
+void ExportDialog::exportVault()
 {
     // The file on disk, as the last save left it; nothing guards the copy.
     const int error
-        = platform::FileCopy(DataFolder() + CurrentProfile() + QStringLiteral("\\list.dat"), txtSelected->Text());
+        = platform::FileCopy(DataFolder() + CurrentProfile() + QStringLiteral("\\list.dat"), targetBox->Text());
     if (error != platform::ErrNone)
         platform::UnhandledError(error);
     platform::MsgBox(Lang(178), 64);
     Unload();
 }
 
-void ExportDialog::Command1_Click()
+void ExportDialog::cancel()
 {
     Unload();
 }

@@ -14,17 +14,17 @@ class ExportDialog : public SingleDialog<ExportDialog>
     friend class SingleDialog<ExportDialog>;
 
 public:
-    void Form_Load();
-    void Command1_Click(); // cancel
-    void Command2_Click(); // export
-    void Command3_Click(); // browse
+    void load();
+    void cancel(); // cancel
+    void exportVault(); // export
+    void browse(); // browse
     // The folder browser opened at `path`: the chosen folder, or empty.
     QString BrowseForFolder(const QString& path);
 
-    QGroupBox* Frame1;
-    QLabel *Label1, *Label2;
-    TextBox* txtSelected;
-    QPushButton *Command1, *Command2, *Command3;
+    QGroupBox* frame;
+    QLabel *profileName, *lead;
+    TextBox* targetBox;
+    QPushButton *cancelButton, *exportButton, *browseButton;
 
 private:
     explicit ExportDialog(QWidget* owner);

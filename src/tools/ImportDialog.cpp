@@ -20,49 +20,50 @@ ImportDialog::ImportDialog(QWidget* owner)
     : SingleDialog(owner)
 {
     setObjectName(QStringLiteral("ImportDialog"));
-    std::tie(Frame1, Label2, Label1, txtZipFName, Command3, Command1, Command4) = MakeTransferFrame(this, "txtZipFName",
-        "Command1", "Command4", { "Import...", "Importuj...", "Import danych użytkownika:", "C:\\", "&Importuj..." })
-                                                                                      .Controls();
-    Command1->setEnabled(false);
-    connect(Command1, &QPushButton::clicked, this, &ImportDialog::Command1_Click);
-    connect(Command3, &QPushButton::clicked, this, &ImportDialog::Command3_Click);
-    connect(Command4, &QPushButton::clicked, this, &ImportDialog::Command4_Click);
+    std::tie(frame, lead, profileName, sourceBox, chooseButton, importButton, cancelButton)
+        = MakeTransferFrame(this, "sourceBox", "importButton", "cancelButton",
+            { "Import...", "Importuj...", "Import danych użytkownika:", "C:\\", "&Importuj..." })
+              .Controls();
+    importButton->setEnabled(false);
+    connect(importButton, &QPushButton::clicked, this, &ImportDialog::importVault);
+    connect(chooseButton, &QPushButton::clicked, this, &ImportDialog::chooseFile);
+    connect(cancelButton, &QPushButton::clicked, this, &ImportDialog::cancel);
 }
 
-void ImportDialog::Form_Load()
+void ImportDialog::load()
 {
-    Label1->setText(CurrentProfile());
+    profileName->setText(CurrentProfile());
     setWindowTitle(Lang(183));
-    Frame1->setTitle(Lang(183));
-    Label2->setText(Lang(184));
-    Command1->setText(Lang(183));
-    Command4->setText(Lang(147));
-    NameTransferFrame(txtZipFName, Label2, Label1, Command3, openTitle);
+    frame->setTitle(Lang(183));
+    lead->setText(Lang(184));
+    importButton->setText(Lang(183));
+    cancelButton->setText(Lang(147));
+    NameTransferFrame(sourceBox, lead, profileName, chooseButton, openTitle);
 }
 
-void ImportDialog::Command3_Click()
+void ImportDialog::chooseFile()
 {
     // A cancel withdraws an earlier choice.
     const QString chosen = platform::GetOpenFileNameA(
         this, { false, openTitle, Lang(182), QString(), QStringLiteral("*.tvd"), QStringLiteral("*.tvd"), 0 });
-    txtZipFName->SetText(chosen.isEmpty() ? QStringLiteral("C:\\") : chosen);
-    Command1->setEnabled(!chosen.isEmpty());
+    sourceBox->SetText(chosen.isEmpty() ? QStringLiteral("C:\\") : chosen);
+    importButton->setEnabled(!chosen.isEmpty());
 }
 
-void ImportDialog::Command1_Click()
+void ImportDialog::importVault()
 {
     if (platform::MsgBox(Lang(181), 324) != platform::IDYES)
         return;
     // Not read, not kept: the chosen file is the vault from now on.
     const int error
-        = platform::FileCopy(txtZipFName->Text(), DataFolder() + CurrentProfile() + QStringLiteral("\\list.dat"));
+        = platform::FileCopy(sourceBox->Text(), DataFolder() + CurrentProfile() + QStringLiteral("\\list.dat"));
     if (error != platform::ErrNone)
         platform::UnhandledError(error);
-    WriteIni(Keys::user, Keys::switchTo, Label1->text(), ConfigFile());
+    WriteIni(Keys::user, Keys::switchTo, profileName->text(), ConfigFile());
     RestartProgram();
 }
 
-void ImportDialog::Command4_Click()
+void ImportDialog::cancel()
 {
     Unload();
 }

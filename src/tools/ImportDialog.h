@@ -14,15 +14,15 @@ class ImportDialog : public SingleDialog<ImportDialog>
     friend class SingleDialog<ImportDialog>;
 
 public:
-    void Form_Load();
-    void Command1_Click(); // import
-    void Command3_Click(); // choose the file
-    void Command4_Click(); // cancel
+    void load();
+    void importVault(); // import
+    void chooseFile(); // choose the file
+    void cancel(); // cancel
 
-    QGroupBox* Frame1;
-    QLabel *Label1, *Label2;
-    TextBox* txtZipFName;
-    QPushButton *Command1, *Command3, *Command4;
+    QGroupBox* frame;
+    QLabel *profileName, *lead;
+    TextBox* sourceBox;
+    QPushButton *importButton, *chooseButton, *cancelButton;
 
 private:
     explicit ImportDialog(QWidget* owner);

@@ -29,140 +29,141 @@ PasswordGenerator::PasswordGenerator(QWidget* owner)
     setWindowModality(Qt::ApplicationModal);
     setFixedSize(Twips(4200), Twips(3000));
 
-    Frame1 = Named(new QGroupBox(this), "Frame1");
-    PlaceTwips(Frame1, 120, 60, 1935, 1335);
-    Option1 = Named(new QRadioButton(Frame1), "Option1");
-    PlaceTwips(Option1, 120, 300, 1700, 285);
-    Option2 = Named(new QRadioButton(Frame1), "Option2");
-    PlaceTwips(Option2, 120, 630, 1700, 285);
-    Option3 = Named(new QRadioButton(Frame1), "Option3");
-    PlaceTwips(Option3, 120, 960, 1700, 285);
-    Option3->setChecked(true);
-    connect(Option1, &QRadioButton::clicked, this, &PasswordGenerator::Option1_Click);
-    connect(Option2, &QRadioButton::clicked, this, &PasswordGenerator::Option2_Click);
-    connect(Option3, &QRadioButton::clicked, this, &PasswordGenerator::Option3_Click);
+    alphabetFrame = Named(new QGroupBox(this), "alphabetFrame");
+    PlaceTwips(alphabetFrame, 120, 60, 1935, 1335);
+    lettersOption = Named(new QRadioButton(alphabetFrame), "lettersOption");
+    PlaceTwips(lettersOption, 120, 300, 1700, 285);
+    digitsOption = Named(new QRadioButton(alphabetFrame), "digitsOption");
+    PlaceTwips(digitsOption, 120, 630, 1700, 285);
+    bothOption = Named(new QRadioButton(alphabetFrame), "bothOption");
+    PlaceTwips(bothOption, 120, 960, 1700, 285);
+    bothOption->setChecked(true);
+    connect(lettersOption, &QRadioButton::clicked, this, &PasswordGenerator::chooseLetters);
+    connect(digitsOption, &QRadioButton::clicked, this, &PasswordGenerator::chooseDigits);
+    connect(bothOption, &QRadioButton::clicked, this, &PasswordGenerator::chooseDigitsAndLetters);
 
-    Command1 = Named(new QPushButton(QStringLiteral("<"), this), "Command1");
-    PlaceTwips(Command1, 2280, 300, 375, 375);
-    Text1 = Named(new TextBox(TextBox::SingleLine, this), "Text1");
-    PlaceTwips(Text1, 2700, 300, 600, 375);
-    Text1->SetText(QStringLiteral("5"));
-    Text1->SetLocked(true);
-    Text1->LineEditor()->setAlignment(Qt::AlignCenter);
-    Command2 = Named(new QPushButton(QStringLiteral(">"), this), "Command2");
-    PlaceTwips(Command2, 3345, 300, 375, 375);
-    connect(Command1, &QPushButton::clicked, this, &PasswordGenerator::Command1_Click);
-    Command2->installEventFilter(this);
+    shorterButton = Named(new QPushButton(QStringLiteral("<"), this), "shorterButton");
+    PlaceTwips(shorterButton, 2280, 300, 375, 375);
+    lengthBox = Named(new TextBox(TextBox::SingleLine, this), "lengthBox");
+    PlaceTwips(lengthBox, 2700, 300, 600, 375);
+    lengthBox->SetText(QStringLiteral("5"));
+    lengthBox->SetLocked(true);
+    lengthBox->LineEditor()->setAlignment(Qt::AlignCenter);
+    longerButton = Named(new QPushButton(QStringLiteral(">"), this), "longerButton");
+    PlaceTwips(longerButton, 3345, 300, 375, 375);
+    connect(shorterButton, &QPushButton::clicked, this, &PasswordGenerator::shorten);
+    longerButton->installEventFilter(this);
 
-    Command3 = Named(new QPushButton(this), "Command3");
-    PlaceTwips(Command3, 2280, 900, 1440, 375);
-    connect(Command3, &QPushButton::clicked, this, &PasswordGenerator::Command3_Click);
+    generateButton = Named(new QPushButton(this), "generateButton");
+    PlaceTwips(generateButton, 2280, 900, 1440, 375);
+    connect(generateButton, &QPushButton::clicked, this, &PasswordGenerator::generate);
 
-    Label2 = Named(new QLabel(this), "Label2");
-    PlaceTwips(Label2, 120, 1560, 3000, 255);
-    Text2 = Named(new TextBox(TextBox::SingleLine, this), "Text2");
-    PlaceTwips(Text2, 120, 1860, 3480, 315);
-    Text2->SetLocked(true);
-    Text2->LineEditor()->setAlignment(Qt::AlignCenter);
-    Label2->setBuddy(Text2);
-    Image4 = Named(new ClickablePicture(this), "Image4");
-    PlaceTwips(Image4, 3720, 1897, 240, 240);
-    Image4->SetPicture(CopyPicture());
-    Image4->SetTabStop(true);
-    connect(Image4, &ClickablePicture::Click, this, &PasswordGenerator::Image4_Click);
-    connect(Image4, &ClickablePicture::MouseMove, this, [this] { platform::SetCursor(Image4, platform::IDC_HAND); });
+    resultCaption = Named(new QLabel(this), "resultCaption");
+    PlaceTwips(resultCaption, 120, 1560, 3000, 255);
+    resultBox = Named(new TextBox(TextBox::SingleLine, this), "resultBox");
+    PlaceTwips(resultBox, 120, 1860, 3480, 315);
+    resultBox->SetLocked(true);
+    resultBox->LineEditor()->setAlignment(Qt::AlignCenter);
+    resultCaption->setBuddy(resultBox);
+    copyButton = Named(new ClickablePicture(this), "copyButton");
+    PlaceTwips(copyButton, 3720, 1897, 240, 240);
+    copyButton->SetPicture(CopyPicture());
+    copyButton->SetTabStop(true);
+    connect(copyButton, &ClickablePicture::Click, this, &PasswordGenerator::copyResult);
+    connect(copyButton, &ClickablePicture::MouseMove, this,
+        [this] { platform::SetCursor(copyButton, platform::IDC_HAND); });
 
-    Command4 = Named(new QPushButton(this), "Command4");
-    PlaceTwips(Command4, 1320, 2400, 1215, 375);
-    connect(Command4, &QPushButton::clicked, this, &PasswordGenerator::Command4_Click);
-    Command5 = Named(new QPushButton(this), "Command5");
-    PlaceTwips(Command5, 2640, 2400, 1215, 375);
-    connect(Command5, &QPushButton::clicked, this, &PasswordGenerator::Command5_Click);
+    useButton = Named(new QPushButton(this), "useButton");
+    PlaceTwips(useButton, 1320, 2400, 1215, 375);
+    connect(useButton, &QPushButton::clicked, this, &PasswordGenerator::deliver);
+    cancelButton = Named(new QPushButton(this), "cancelButton");
+    PlaceTwips(cancelButton, 2640, 2400, 1215, 375);
+    connect(cancelButton, &QPushButton::clicked, this, &PasswordGenerator::cancel);
 
-    Timer1 = new QTimer(this);
-    Timer1->setObjectName(QStringLiteral("Timer1"));
-    Timer1->setInterval(10);
-    connect(Timer1, &QTimer::timeout, this, &PasswordGenerator::Timer1_Timer);
-    Timer1->start();
+    useButtonTimer = new QTimer(this);
+    useButtonTimer->setObjectName(QStringLiteral("useButtonTimer"));
+    useButtonTimer->setInterval(10);
+    connect(useButtonTimer, &QTimer::timeout, this, &PasswordGenerator::keepUseButtonInStep);
+    useButtonTimer->start();
 
-    Form_Load();
+    load();
 }
 
-void PasswordGenerator::Form_Load()
+void PasswordGenerator::load()
 {
-    selector = 3;
+    alphabet = 3;
     setWindowTitle(Lang(272));
-    Frame1->setTitle(Lang(273));
-    Option1->setText(Lang(274));
-    Option2->setText(Lang(275));
-    Option3->setText(Lang(276));
-    Command3->setText(Lang(277));
-    Label2->setText(Lang(278));
-    Command4->setText(Lang(279));
-    Command5->setText(Lang(147));
-    Image4->setAccessibleName(ActionOnBox(Lang(217), Lang(278))); // copy, as the menu entry says
+    alphabetFrame->setTitle(Lang(273));
+    lettersOption->setText(Lang(274));
+    digitsOption->setText(Lang(275));
+    bothOption->setText(Lang(276));
+    generateButton->setText(Lang(277));
+    resultCaption->setText(Lang(278));
+    useButton->setText(Lang(279));
+    cancelButton->setText(Lang(147));
+    copyButton->setAccessibleName(ActionOnBox(Lang(217), Lang(278))); // copy, as the menu entry says
     // The length has no caption of its own: it counts the characters the frame beside it chooses.
-    Text1->Editor()->setAccessibleName(SpokenCaption(Lang(273)));
+    lengthBox->Editor()->setAccessibleName(SpokenCaption(Lang(273)));
 }
 
-void PasswordGenerator::Option1_Click()
+void PasswordGenerator::chooseLetters()
 {
-    selector = 1;
+    alphabet = 1;
 }
 
-void PasswordGenerator::Option2_Click()
+void PasswordGenerator::chooseDigits()
 {
-    selector = 2;
+    alphabet = 2;
 }
 
-void PasswordGenerator::Option3_Click()
+void PasswordGenerator::chooseDigitsAndLetters()
 {
-    selector = 3;
+    alphabet = 3;
 }
 
-void PasswordGenerator::Command1_Click()
+void PasswordGenerator::shorten()
 {
-    Command2->setEnabled(true);
-    const int n = Text1->Text().toInt();
-    Text1->SetText(QString::number(n - 1));
+    longerButton->setEnabled(true);
+    const int n = lengthBox->Text().toInt();
+    lengthBox->SetText(QString::number(n - 1));
     if (n < 6)
-        Command1->setEnabled(false);
+        shorterButton->setEnabled(false);
 }
 
-void PasswordGenerator::Command2_MouseDown()
+void PasswordGenerator::lengthen()
 {
-    Command1->setEnabled(true);
-    const int n = Text1->Text().toInt();
-    Text1->SetText(QString::number(n + 1));
+    shorterButton->setEnabled(true);
+    const int n = lengthBox->Text().toInt();
+    lengthBox->SetText(QString::number(n + 1));
     if (n > 13)
-        Command2->setEnabled(false);
+        longerButton->setEnabled(false);
 }
 
 bool PasswordGenerator::eventFilter(QObject* watched, QEvent* event)
 {
     // Filters see the presses of a disabled button too; the button itself would not.
-    if (watched == Command2 && event->type() == QEvent::MouseButtonPress && Command2->isEnabled())
-        Command2_MouseDown();
+    if (watched == longerButton && event->type() == QEvent::MouseButtonPress && longerButton->isEnabled())
+        lengthen();
     return QDialog::eventFilter(watched, event);
 }
 
-void PasswordGenerator::Command3_Click()
+void PasswordGenerator::generate()
 {
     static const QString setNames[]
         = { QStringLiteral("all letter"), QStringLiteral("all number"), QStringLiteral("number and letter") };
-    setName = setNames[selector - 1];
+    setName = setNames[alphabet - 1];
     SystemRandomSource source;
-    Text2->SetText(GeneratePassword(static_cast<PasswordAlphabet>(selector), Text1->Text().toInt(), source));
-    Text2->LineEditor()->setCursorPosition(Text2->Text().size());
+    resultBox->SetText(GeneratePassword(static_cast<PasswordAlphabet>(alphabet), lengthBox->Text().toInt(), source));
+    resultBox->LineEditor()->setCursorPosition(resultBox->Text().size());
 }
 
-void PasswordGenerator::Timer1_Timer()
+void PasswordGenerator::keepUseButtonInStep()
 {
     const QString& mode = deliveryMode;
     if (mode == QLatin1String("1") || mode == QLatin1String("2"))
-        Command4->setEnabled(!Text2->Text().isEmpty());
+        useButton->setEnabled(!resultBox->Text().isEmpty());
     if (mode == QLatin1String("0"))
-        Command4->setEnabled(false);
+        useButton->setEnabled(false);
 }
 
 TextBox* PasswordGenerator::target() const
@@ -179,25 +180,25 @@ TextBox* PasswordGenerator::target() const
     return nullptr;
 }
 
-void PasswordGenerator::Command4_Click()
+void PasswordGenerator::deliver()
 {
     TextBox* box = target();
     if (!box)
         return;
     if (!box->Text().isEmpty() && platform::MsgBox(Lang(271), 32 + 4) == platform::IDNO)
         return;
-    box->SetText(Text2->Text());
+    box->SetText(resultBox->Text());
     accept();
 }
 
-void PasswordGenerator::Command5_Click()
+void PasswordGenerator::cancel()
 {
     reject();
 }
 
-void PasswordGenerator::Image4_Click()
+void PasswordGenerator::copyResult()
 {
-    QString text = Text2->Text();
+    QString text = resultBox->Text();
     SetClipboardText(text);
 }
 

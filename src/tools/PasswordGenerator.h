@@ -17,32 +17,32 @@ class PasswordGenerator : public QDialog
 public:
     explicit PasswordGenerator(QWidget* owner);
 
-    void Form_Load();
-    void Option1_Click();
-    void Option2_Click();
-    void Option3_Click();
-    void Command1_Click();
+    void load();
+    void chooseLetters();
+    void chooseDigits();
+    void chooseDigitsAndLetters();
+    void shorten();
     // Longer by one: on any mouse button going down, never from the keyboard.
-    void Command2_MouseDown();
-    void Command3_Click();
-    void Command4_Click();
-    void Command5_Click();
-    void Image4_Click();
-    void Timer1_Timer();
+    void lengthen();
+    void generate();
+    void deliver();
+    void cancel();
+    void copyResult();
+    void keepUseButtonInStep();
 
-    QGroupBox* Frame1;
-    QRadioButton *Option1, *Option2, *Option3;
-    QPushButton *Command1, *Command2, *Command3, *Command4, *Command5;
-    TextBox *Text1, *Text2;
-    QLabel* Label2;
-    ClickablePicture* Image4;
-    QTimer* Timer1;
+    QGroupBox* alphabetFrame;
+    QRadioButton *lettersOption, *digitsOption, *bothOption;
+    QPushButton *shorterButton, *longerButton, *generateButton, *useButton, *cancelButton;
+    TextBox *lengthBox, *resultBox;
+    QLabel* resultCaption;
+    ClickablePicture* copyButton;
+    QTimer* useButtonTimer;
 
     // The delivery mode, set by the opener before it shows the dialog: "0" no target, "1" the
     // password box of the vault window, "2" that of the new-entry dialog.
     QString deliveryMode = QStringLiteral("0");
     // The character set: 1 letters, 2 digits, 3 digits and letters.
-    qint16 selector = 3;
+    qint16 alphabet = 3;
     // Named on every pass; nothing reads it.
     QString setName;
 

@@ -39,29 +39,29 @@ ReportWindow::ReportWindow(QWidget* owner)
     setWindowModality(Qt::ApplicationModal);
     setWindowTitle(QStringLiteral("Raport"));
     resize(Twips(8400), Twips(6000));
-    TxtLaporan = Placed(new TextBox(TextBox::MultiLine, this), "TxtLaporan", 120, 120, 8160, 5160);
-    TxtLaporan->SetLocked(true);
-    TxtLaporan->SetScrollBars(true, true);
-    Command1 = Placed(new QPushButton(QStringLiteral("&Drukuj"), this), "Command1", 4260, 5460, 1215, 375);
-    Command2 = Placed(new QPushButton(QStringLiteral("&Zapisz..."), this), "Command2", 5595, 5460, 1215, 375);
-    Command4 = Placed(new QPushButton(QStringLiteral("&Anuluj"), this), "Command4", 6930, 5460, 1215, 375);
-    connect(Command1, &QPushButton::clicked, this, &ReportWindow::Command1_Click);
-    connect(Command2, &QPushButton::clicked, this, &ReportWindow::Command2_Click);
-    connect(Command4, &QPushButton::clicked, this, &ReportWindow::Command4_Click);
+    reportBox = Placed(new TextBox(TextBox::MultiLine, this), "reportBox", 120, 120, 8160, 5160);
+    reportBox->SetLocked(true);
+    reportBox->SetScrollBars(true, true);
+    printButton = Placed(new QPushButton(QStringLiteral("&Drukuj"), this), "printButton", 4260, 5460, 1215, 375);
+    saveButton = Placed(new QPushButton(QStringLiteral("&Zapisz..."), this), "saveButton", 5595, 5460, 1215, 375);
+    closeButton = Placed(new QPushButton(QStringLiteral("&Anuluj"), this), "closeButton", 6930, 5460, 1215, 375);
+    connect(printButton, &QPushButton::clicked, this, &ReportWindow::print);
+    connect(saveButton, &QPushButton::clicked, this, &ReportWindow::saveAsText);
+    connect(closeButton, &QPushButton::clicked, this, &ReportWindow::closeReport);
 }
 
-void ReportWindow::Form_Load()
+void ReportWindow::load()
 {
     setWindowTitle(Lang(280));
-    Command1->setText(Lang(281));
-    Command2->setText(Lang(282));
-    Command4->setText(Lang(147));
-    TxtLaporan->Editor()->setAccessibleName(Lang(280)); // the box is the report
+    printButton->setText(Lang(281));
+    saveButton->setText(Lang(282));
+    closeButton->setText(Lang(147));
+    reportBox->Editor()->setAccessibleName(Lang(280)); // the box is the report
     const VaultWindow* main = VaultWindow::Loaded();
-    TxtLaporan->SetText(ReportText(main ? main->ListedRows() : 0));
+    reportBox->SetText(ReportText(main ? main->ListedRows() : 0));
 }
 
-void ReportWindow::Command1_Click()
+void ReportWindow::print()
 {
     // A warning, not a question: the printing follows in any case.
     platform::MsgBox(Lang(283), 16);
@@ -75,23 +75,23 @@ void ReportWindow::Command1_Click()
     if (!error)
         error = printer.Print();
     if (!error)
-        error = printer.Print(TxtLaporan->Text());
+        error = printer.Print(reportBox->Text());
     if (!error)
         error = printer.EndDoc();
     if (error)
         platform::MsgBox(printer.Description(), 16);
 }
 
-void ReportWindow::Command2_Click()
+void ReportWindow::saveAsText()
 {
     const QString path = ShowSaveDialog(this, QStringLiteral("Text (*.txt)|*.txt"), QString(), QString(), QString());
     if (path.isEmpty())
         return;
     // Nothing is told, whether the file could be written or not.
-    platform::WriteFileAtomic(path, platform::ToCodePage(TxtLaporan->Text() + QStringLiteral("\r\n")));
+    platform::WriteFileAtomic(path, platform::ToCodePage(reportBox->Text() + QStringLiteral("\r\n")));
 }
 
-void ReportWindow::Command4_Click()
+void ReportWindow::closeReport()
 {
     Unload();
 }

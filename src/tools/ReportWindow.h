@@ -16,13 +16,13 @@ class ReportWindow : public SingleDialog<ReportWindow>
     friend class SingleDialog<ReportWindow>;
 
 public:
-    void Form_Load();
-    void Command1_Click(); // print
-    void Command2_Click(); // save
-    void Command4_Click(); // close
+    void load();
+    void print(); // print
+    void saveAsText(); // save
+    void closeReport(); // close
 
-    TextBox* TxtLaporan;
-    QPushButton *Command1, *Command2, *Command4;
+    TextBox* reportBox;
+    QPushButton *printButton, *saveButton, *closeButton;
 
 private:
     explicit ReportWindow(QWidget* owner);

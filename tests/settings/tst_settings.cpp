@@ -41,10 +41,10 @@ class tst_settings : public QObject
 
     static void selectRow(SettingsWindow* settings, const QString& name)
     {
-        const int row = VaultRun::rows(settings->lstData).indexOf(name);
+        const int row = VaultRun::rows(settings->profileList).indexOf(name);
         QVERIFY2(row >= 0, qPrintable(name));
-        VaultRun::clickRow(settings->lstData, row);
-        QCOMPARE(settings->Label10->text(), name);
+        VaultRun::clickRow(settings->profileList, row);
+        QCOMPARE(settings->selectedName->text(), name);
     }
 
     static QString users(const VaultRun& run)
@@ -64,23 +64,24 @@ private Q_SLOTS:
         QCOMPARE(settings->parentWidget(), main);
         QVERIFY(!settings->isModal());
         QCOMPARE(settings->windowTitle(), QStringLiteral("Ustawienia..."));
-        QVERIFY(settings->Frame2->isVisible() && !settings->Frame5->isVisible() && !settings->Frame6->isVisible());
-        QCOMPARE(settings->Check5->text(), QStringLiteral("Hide passwords"));
-        for (QCheckBox* box :
-            { settings->Check1, settings->Check2, settings->Check3, settings->Check4, settings->Check5 })
+        QVERIFY(settings->generalPage->isVisible() && !settings->drivePage->isVisible()
+            && !settings->profilesPage->isVisible());
+        QCOMPARE(settings->hidePasswordsBox->text(), QStringLiteral("Hide passwords"));
+        for (QCheckBox* box : { settings->alwaysOnTopBox, settings->sortListBox, settings->clearClipboardBox,
+                 settings->minimiseAfterCopyBox, settings->hidePasswordsBox })
             QCOMPARE(box->checkState(), Qt::Unchecked); // a missing cfg.txt: nothing ticked
 
         // Pages: each tab shows its own frame only.
-        settings->TabStrip1->setCurrentIndex(2);
-        settings->TabStrip1_Click();
-        QVERIFY(!settings->Frame2->isVisible() && settings->Frame6->isVisible());
-        settings->TabStrip1->setCurrentIndex(0);
-        settings->TabStrip1_Click();
+        settings->pageTabs->setCurrentIndex(2);
+        settings->showSelectedPage();
+        QVERIFY(!settings->generalPage->isVisible() && settings->profilesPage->isVisible());
+        settings->pageTabs->setCurrentIndex(0);
+        settings->showSelectedPage();
 
-        settings->Check5->click();
-        settings->Check2->click();
-        settings->Check1->click();
-        settings->Command13->click();
+        settings->hidePasswordsBox->click();
+        settings->sortListBox->click();
+        settings->alwaysOnTopBox->click();
+        settings->okButton->click();
         QCOMPARE(run.ini(QStringLiteral("Administrator/cfg.txt"), Keys::setts, Keys::option(1)), QStringLiteral("1"));
         QCOMPARE(run.ini(QStringLiteral("Administrator/cfg.txt"), Keys::setts, Keys::option(2)), QStringLiteral("1"));
         QCOMPARE(run.ini(QStringLiteral("Administrator/cfg.txt"), Keys::setts, Keys::option(3)), QStringLiteral("0"));
@@ -97,10 +98,10 @@ private Q_SLOTS:
         // Cancel stores nothing and reloads nothing; the close box is Cancel without the show.
         settings = openSettings(reloaded);
         QVERIFY(settings);
-        QCOMPARE(settings->Check5->checkState(), Qt::Checked);
-        settings->Check5->click();
-        settings->Check14->click();
-        settings->Command14->click();
+        QCOMPARE(settings->hidePasswordsBox->checkState(), Qt::Checked);
+        settings->hidePasswordsBox->click();
+        settings->lastProfileDefaultBox->click();
+        settings->cancelButton->click();
         QCOMPARE(VaultWindow::Loaded(), reloaded);
         QCOMPARE(run.ini(QStringLiteral("Administrator/cfg.txt"), Keys::setts, Keys::option(5)), QStringLiteral("1"));
         QCOMPARE(run.ini(QStringLiteral("config.txt"), Keys::user, Keys::tempChangeable), QStringLiteral("False"));
@@ -117,17 +118,17 @@ private Q_SLOTS:
         run.setIni(QStringLiteral("Administrator/cfg.txt"), Keys::setts, Keys::option(4), QStringLiteral("7"));
         run.setIni(QStringLiteral("config.txt"), Keys::user, Keys::tempChangeable, QStringLiteral("true"));
         settings = openSettings(reloaded);
-        QCOMPARE(settings->Check1->checkState(), Qt::PartiallyChecked);
-        QCOMPARE(settings->Check2->checkState(), Qt::Checked);
-        QCOMPARE(settings->Check3->checkState(), Qt::Unchecked);
-        QCOMPARE(settings->Check4->checkState(), Qt::Unchecked);
-        QVERIFY(!settings->Check14->isChecked()); // only "True" ticks it
-        settings->Check14->click();
+        QCOMPARE(settings->alwaysOnTopBox->checkState(), Qt::PartiallyChecked);
+        QCOMPARE(settings->sortListBox->checkState(), Qt::Checked);
+        QCOMPARE(settings->clearClipboardBox->checkState(), Qt::Unchecked);
+        QCOMPARE(settings->minimiseAfterCopyBox->checkState(), Qt::Unchecked);
+        QVERIFY(!settings->lastProfileDefaultBox->isChecked()); // only "True" ticks it
+        settings->lastProfileDefaultBox->click();
         settings->SaveOptions();
         QCOMPARE(run.ini(QStringLiteral("Administrator/cfg.txt"), Keys::setts, Keys::option(1)), QStringLiteral("2"));
         QCOMPARE(run.ini(QStringLiteral("Administrator/cfg.txt"), Keys::setts, Keys::option(3)), QStringLiteral("0"));
         QCOMPARE(run.ini(QStringLiteral("config.txt"), Keys::user, Keys::tempChangeable), QStringLiteral("True"));
-        settings->Command14->click();
+        settings->cancelButton->click();
         QVERIFY(run.boxes.shown.isEmpty());
     }
 
@@ -138,9 +139,9 @@ private Q_SLOTS:
         const QString before = GetProgramSetting(QStringLiteral("curLang"));
         QCOMPARE(before, QStringLiteral("English"));
         SettingsWindow* settings = openSettings(main);
-        QCOMPARE(settings->optLang->currentText(), QStringLiteral("English"));
-        settings->optLang->setCurrentIndex(2);
-        settings->Command1->click();
+        QCOMPARE(settings->languageList->currentText(), QStringLiteral("English"));
+        settings->languageList->setCurrentIndex(2);
+        settings->saveLanguageButton->click();
         QCOMPARE(run.boxes.shown.size(), 1);
         QCOMPARE(run.boxes.shown.first().text, Lang(306));
         QCOMPARE(run.boxes.shown.first().flags, 0);
@@ -149,8 +150,8 @@ private Q_SLOTS:
                      .toString(),
             QStringLiteral("Deutsch"));
         QCOMPARE(GetProgramSetting(QStringLiteral("curLang")), before);
-        settings->Command14->click();
-        QCOMPARE(openSettings(main)->optLang->currentText(), QStringLiteral("English"));
+        settings->cancelButton->click();
+        QCOMPARE(openSettings(main)->languageList->currentText(), QStringLiteral("English"));
         SettingsWindow::Unload();
     }
 
@@ -161,27 +162,27 @@ private Q_SLOTS:
         run.setIni(
             QStringLiteral("Joanna/time.txt"), Keys::settings, Keys::time, QStringLiteral("10:00:00 01.02.2026"));
         SettingsWindow* settings = openSettings(main);
-        QCOMPARE(settings->Label11->text(), QStringLiteral("Ann"));
-        QCOMPARE(settings->Label14->text(), QStringLiteral("Administrator"));
-        QCOMPARE(settings->lstData->Text(), QStringLiteral("Joanna")); // "ann" is inside "joanna", below it
-        QCOMPARE(settings->Label10->text(), QStringLiteral("Joanna"));
-        QCOMPARE(settings->Label1->text(), QStringLiteral("Last login: 10:00:00 01.02.2026"));
+        QCOMPARE(settings->inUseName->text(), QStringLiteral("Ann"));
+        QCOMPARE(settings->defaultName->text(), QStringLiteral("Administrator"));
+        QCOMPARE(settings->profileList->Text(), QStringLiteral("Joanna")); // "ann" is inside "joanna", below it
+        QCOMPARE(settings->selectedName->text(), QStringLiteral("Joanna"));
+        QCOMPARE(settings->lastTime->text(), QStringLiteral("Last login: 10:00:00 01.02.2026"));
         selectRow(settings, QStringLiteral("Administrator"));
         // The close of the vault window at the start wrote Administrator's time; Ann has none.
-        QVERIFY(settings->Label1->text().size() > QStringLiteral("Last login: ").size());
+        QVERIFY(settings->lastTime->text().size() > QStringLiteral("Last login: ").size());
         selectRow(settings, QStringLiteral("Ann"));
-        QCOMPARE(settings->Label1->text(), QStringLiteral("Last login: "));
+        QCOMPARE(settings->lastTime->text(), QStringLiteral("Last login: "));
 
         // Default: written at once, told, shown.
-        settings->Command10->click();
+        settings->makeDefaultButton->click();
         QCOMPARE(run.ini(QStringLiteral("config.txt"), Keys::user, Keys::defaultProfile), QStringLiteral("Ann"));
         QCOMPARE(run.boxes.shown.last().text, QStringLiteral("The user 'Ann' is now the default user."));
         QCOMPARE(run.boxes.shown.last().flags, 64);
-        QCOMPARE(settings->Label14->text(), QStringLiteral("Ann"));
+        QCOMPARE(settings->defaultName->text(), QStringLiteral("Ann"));
 
         // A password can only be changed for the profile in use.
         selectRow(settings, QStringLiteral("Joanna"));
-        settings->Command11->click();
+        settings->changePasswordButton->click();
         QCOMPARE(run.boxes.shown.last().text, Lang(293));
         QCOMPARE(run.boxes.shown.last().flags, 64);
         SettingsWindow::Unload();
@@ -193,27 +194,27 @@ private Q_SLOTS:
         VaultWindow* main = startWith(run, { QStringLiteral("Bob"), QStringLiteral("Carol"), QStringLiteral("Dave") },
             QStringLiteral("Administrator"), QStringLiteral("Carol"));
         SettingsWindow* settings = openSettings(main);
-        settings->Command3->click(); // Administrator selected: never deleted
+        settings->deleteButton->click(); // Administrator selected: never deleted
         QCOMPARE(run.boxes.shown.last().text, Lang(294));
         QCOMPARE(run.boxes.shown.last().flags, 16);
 
         selectRow(settings, QStringLiteral("Bob"));
         run.boxes.answer(platform::IDNO);
-        settings->Command3->click();
+        settings->deleteButton->click();
         QCOMPARE(run.boxes.shown.last().text, QStringLiteral("Do you really want to delete the user Bob?"));
         QCOMPARE(run.boxes.shown.last().flags, 36);
         QVERIFY(QFile::exists(run.data(QStringLiteral("Bob/dummy.dat"))));
-        QCOMPARE(VaultRun::rows(settings->lstData).size(), 4);
+        QCOMPARE(VaultRun::rows(settings->profileList).size(), 4);
 
         run.boxes.answer(platform::IDYES);
-        settings->Command3->click();
+        settings->deleteButton->click();
         QVERIFY(!QFileInfo::exists(run.data(QStringLiteral("Bob"))));
         QCOMPARE(users(run), QStringLiteral("Administrator\r\nCarol\r\nDave\r\n"));
 
         // The default goes: Administrator becomes default and current.
         selectRow(settings, QStringLiteral("Carol"));
         run.boxes.answer(platform::IDYES);
-        settings->Command3->click();
+        settings->deleteButton->click();
         QCOMPARE(
             run.ini(QStringLiteral("config.txt"), Keys::user, Keys::defaultProfile), QStringLiteral("Administrator"));
         QCOMPARE(users(run), QStringLiteral("Administrator\r\nDave\r\n"));
@@ -228,7 +229,7 @@ private Q_SLOTS:
         settings = openSettings(main);
         selectRow(settings, QStringLiteral("Dave"));
         run.boxes.shown.clear();
-        settings->Command3->click();
+        settings->deleteButton->click();
         QCOMPARE(run.boxes.shown.size(), 1);
         QCOMPARE(run.boxes.shown.first().text, Lang(296));
         QCOMPARE(run.boxes.shown.first().flags, 16);
@@ -246,7 +247,7 @@ private Q_SLOTS:
         run.boxes.answer(platform::IDYES);
         bool ended = false;
         try {
-            settings->Command3->click();
+            settings->deleteButton->click();
         } catch (const ProcessEnded& e) {
             ended = e.code == 0;
         }
@@ -281,18 +282,18 @@ private Q_SLOTS:
         for (const QString& name : refused) {
             selectRow(settings, name);
             run.boxes.shown.clear();
-            settings->Command3->click();
+            settings->deleteButton->click();
             QCOMPARE(run.boxes.shown.size(), 1); // refused before any question
             QCOMPARE(run.boxes.shown.first().text, Lang(294));
             QCOMPARE(run.boxes.shown.first().flags, 16);
-            QVERIFY2(VaultRun::rows(settings->lstData).contains(name), qPrintable(name));
+            QVERIFY2(VaultRun::rows(settings->profileList).contains(name), qPrintable(name));
         }
         // Through a link the delete fails as a folder that can't be deleted: the name goes, what
         // the link points to stays.
         selectRow(settings, QStringLiteral("lnk\\sub"));
         run.boxes.answer(platform::IDYES);
-        settings->Command3->click();
-        QVERIFY(!VaultRun::rows(settings->lstData).contains(QStringLiteral("lnk\\sub")));
+        settings->deleteButton->click();
+        QVERIFY(!VaultRun::rows(settings->profileList).contains(QStringLiteral("lnk\\sub")));
         QVERIFY(QFile::exists(run.world.path(QStringLiteral("home/elsewhere/sub/keep.txt"))));
         QVERIFY(QFile::exists(run.data(QStringLiteral("Administrator/dummy.dat"))));
         QVERIFY(QFile::exists(run.data(QStringLiteral("Bob/dummy.dat"))));
@@ -304,7 +305,7 @@ private Q_SLOTS:
         run.setIni(QStringLiteral("config.txt"), Keys::user, Keys::current, QStringLiteral("administrator"));
         settings = openSettings(main);
         selectRow(settings, QStringLiteral("administrator"));
-        settings->Command3->click();
+        settings->deleteButton->click();
         QCOMPARE(run.boxes.shown.last().text, Lang(294));
         QVERIFY(QFile::exists(run.data(QStringLiteral("Administrator/dummy.dat"))));
         SettingsWindow::Unload();
@@ -319,7 +320,7 @@ private Q_SLOTS:
         const QString elsewhere = run.world.path(QStringLiteral("home/elsewhere"));
         qputenv("TOLVANE_MEDIA", stick.toLocal8Bit());
         SettingsWindow* settings = openSettings(startWith(run, {}));
-        settings->TabStrip1->setCurrentIndex(1);
+        settings->pageTabs->setCurrentIndex(1);
         // A stick prepared with autorun.inf as a link to somebody's file, then with TolvaneKey as a
         // link to a folder; and the same on the home drive.
         struct Case
@@ -336,8 +337,8 @@ private Q_SLOTS:
         };
         for (const Case& c : cases) {
             QVERIFY(QFile::link(c.to, c.root + QLatin1Char('/') + c.link));
-            QCOMPARE(settings->Drive1->SetDrive(c.drive), 0);
-            settings->Command5_Click();
+            QCOMPARE(settings->driveList->SetDrive(c.drive), 0);
+            settings->installOnDrive();
             QCOMPARE(run.boxes.shown.last().text, Lang(300));
             QCOMPARE(run.boxes.shown.last().flags, 16);
             QCOMPARE(run.world.read(QStringLiteral("home/elsewhere/mine.txt")), QByteArray("mine"));
@@ -349,8 +350,8 @@ private Q_SLOTS:
         // The removal takes a linked TolvaneKey away as a link, and what it points to stays.
         QVERIFY(QFile::link(elsewhere, stick + QStringLiteral("/TolvaneKey")));
         run.world.write(QStringLiteral("stick/autorun.inf"), "x");
-        QCOMPARE(settings->Drive1->SetDrive(QStringLiteral("D:\\")), 0);
-        settings->Command9_Click();
+        QCOMPARE(settings->driveList->SetDrive(QStringLiteral("D:\\")), 0);
+        settings->removeFromDrive();
         QCOMPARE(run.boxes.shown.last().text, Lang(303));
         QVERIFY(!QFileInfo::exists(stick + QStringLiteral("/TolvaneKey")));
         QCOMPARE(run.world.read(QStringLiteral("home/elsewhere/mine.txt")), QByteArray("mine"));
@@ -364,10 +365,10 @@ private Q_SLOTS:
         VaultWindow* main = startWith(run, { QStringLiteral("Bob") });
         SettingsWindow* settings = openSettings(main);
         selectRow(settings, QStringLiteral("Bob"));
-        settings->Check3->click();
+        settings->clearClipboardBox->click();
         const QByteArray cfg = run.world.read(QStringLiteral("appdata/Brenmark/Tolvane/data/Administrator/cfg.txt"));
         ShellScript shell;
-        settings->Command4->click(); // No is the default button
+        settings->switchButton->click(); // No is the default button
         QCOMPARE(run.boxes.shown.last().text, Lang(297));
         QCOMPARE(run.boxes.shown.last().flags, 324);
         QVERIFY(shell.calls.isEmpty());
@@ -375,7 +376,7 @@ private Q_SLOTS:
         QCOMPARE(run.ini(QStringLiteral("config.txt"), Keys::user, Keys::switchTo), QString());
 
         run.boxes.answer(platform::IDYES);
-        QVERIFY_THROWS_EXCEPTION(ProcessEnded, settings->Command4->click());
+        QVERIFY_THROWS_EXCEPTION(ProcessEnded, settings->switchButton->click());
         QCOMPARE(run.ini(QStringLiteral("Administrator/cfg.txt"), Keys::setts, Keys::option(3)), QStringLiteral("0"));
         QCOMPARE(run.ini(QStringLiteral("config.txt"), Keys::user, Keys::current), QStringLiteral("Bob"));
         QCOMPARE(run.ini(QStringLiteral("config.txt"), Keys::user, Keys::switchTo), QStringLiteral("Bob"));

@@ -36,12 +36,12 @@ private Q_SLOTS:
     {
         VaultRun run;
         SettingsWindow* settings = openSettings(run, { QStringLiteral("Bob") });
-        settings->lstData->SetListIndex(1);
-        settings->lstData_Click();
+        settings->profileList->SetListIndex(1);
+        settings->showSelectedProfile();
         // From here boxes go to a log that both processes write, answered by the list.
         qputenv("TOLVANE_MSGBOX_LOG", run.world.path(QStringLiteral("boxes.log")).toLocal8Bit());
         qputenv("TOLVANE_MSGBOX_ANSWERS", "6");
-        QVERIFY_THROWS_EXCEPTION(ProcessEnded, settings->Command4->click());
+        QVERIFY_THROWS_EXCEPTION(ProcessEnded, settings->switchButton->click());
         QCOMPARE(run.ini(QStringLiteral("config.txt"), Keys::user, Keys::switchTo), QStringLiteral("Bob"));
 
         // The new process got past the instance test, took the lock and, with Bob preselected
@@ -62,19 +62,19 @@ private Q_SLOTS:
         QDir().mkpath(stick);
         qputenv("TOLVANE_MEDIA", stick.toLocal8Bit());
         SettingsWindow* settings = openSettings(run);
-        QVERIFY(!settings->Drive1->isHidden() && settings->Label2->isHidden());
-        QCOMPARE(settings->Drive1->SetDrive(QStringLiteral("D:\\")), 0);
-        QCOMPARE(settings->Drive1->Drive(), QStringLiteral("d: [stick]"));
-        QCOMPARE(settings->Label5->text(), Lang(302));
-        QCOMPARE(settings->Label5->palette().color(QPalette::WindowText), QColor(255, 0, 0));
-        QVERIFY(settings->Command5->isEnabled() && !settings->Command9->isEnabled());
+        QVERIFY(!settings->driveList->isHidden() && settings->portableNotice->isHidden());
+        QCOMPARE(settings->driveList->SetDrive(QStringLiteral("D:\\")), 0);
+        QCOMPARE(settings->driveList->Drive(), QStringLiteral("d: [stick]"));
+        QCOMPARE(settings->status->text(), Lang(302));
+        QCOMPARE(settings->status->palette().color(QPalette::WindowText), QColor(255, 0, 0));
+        QVERIFY(settings->installButton->isEnabled() && !settings->removeButton->isEnabled());
 
-        settings->Command5->click();
+        settings->installButton->click();
         QCOMPARE(run.boxes.shown.last().text, Lang(298));
         QCOMPARE(run.boxes.shown.last().flags, 64);
-        QCOMPARE(settings->Label5->text(), Lang(301));
-        QCOMPARE(settings->Label5->palette().color(QPalette::WindowText), QColor(0, 128, 0));
-        QVERIFY(!settings->Command5->isEnabled() && settings->Command9->isEnabled());
+        QCOMPARE(settings->status->text(), Lang(301));
+        QCOMPARE(settings->status->palette().color(QPalette::WindowText), QColor(0, 128, 0));
+        QVERIFY(!settings->installButton->isEnabled() && settings->removeButton->isEnabled());
         for (const char* file : { "autorun.inf", "TolvaneKey/tolvane.ico", "TolvaneKey/usb.inf",
                  "TolvaneKey/tolvane.exe.manifest", "TolvaneKey/languages/Polish/readme.txt",
                  "TolvaneKey/languages/Polish/license.txt", "TolvaneKey/dummy.dat", "TolvaneKey/users.txt" })
@@ -103,18 +103,18 @@ private Q_SLOTS:
         portable.waitForFinished();
 
         // Removal takes the folder with the profiles in it, then autorun.inf.
-        settings->Command9->click();
+        settings->removeButton->click();
         QCOMPARE(run.boxes.shown.last().text, Lang(303));
         QVERIFY(!QFileInfo::exists(stick + QStringLiteral("/TolvaneKey")));
         QVERIFY(!QFileInfo::exists(stick + QStringLiteral("/autorun.inf")));
-        QCOMPARE(settings->Label5->text(), Lang(302));
-        settings->Command9_Click(); // nothing left: autorun.inf is missing
+        QCOMPARE(settings->status->text(), Lang(302));
+        settings->removeFromDrive(); // nothing left: autorun.inf is missing
         QCOMPARE(run.boxes.shown.last().text, Lang(304));
         QCOMPARE(run.boxes.shown.last().flags, 16);
 
         // A template missing beside the program stops the install where it stands.
         QFile::remove(run.world.path(QStringLiteral("program/usb/usb.inf")));
-        settings->Command5->click();
+        settings->installButton->click();
         QCOMPARE(run.boxes.shown.last().text, Lang(300));
         QCOMPARE(run.boxes.shown.last().flags, 16);
         QVERIFY(QFile::exists(stick + QStringLiteral("/TolvaneKey/tolvane.ico")));
@@ -122,11 +122,11 @@ private Q_SLOTS:
 
         // The drive taken out: not ready, and the page offers nothing for it.
         QVERIFY(QDir().rename(stick, stick + QStringLiteral("-out")));
-        settings->Command5_Click();
+        settings->installOnDrive();
         QCOMPARE(run.boxes.shown.last().text, Lang(299));
         QCOMPARE(run.boxes.shown.last().flags, 16);
-        settings->Drive1_Change();
-        QVERIFY(!settings->Command5->isEnabled() && !settings->Command9->isEnabled());
+        settings->showDriveStatus();
+        QVERIFY(!settings->installButton->isEnabled() && !settings->removeButton->isEnabled());
         qputenv("TOLVANE_MEDIA", "");
         SettingsWindow::Unload();
 
@@ -134,8 +134,8 @@ private Q_SLOTS:
         UsbMode = 1;
         VaultWindow::Loaded()->settingsAction->trigger();
         settings = SettingsWindow::Loaded();
-        QVERIFY(!settings->Label2->isHidden());
-        QVERIFY(settings->Drive1->isHidden() && settings->Command5->isHidden());
+        QVERIFY(!settings->portableNotice->isHidden());
+        QVERIFY(settings->driveList->isHidden() && settings->installButton->isHidden());
         UsbMode = 0;
         SettingsWindow::Unload();
     }

@@ -31,10 +31,10 @@ class tst_profile_dialogs : public QObject
 
     static void selectRow(SettingsWindow* settings, const QString& name)
     {
-        const int row = VaultRun::rows(settings->lstData).indexOf(name);
+        const int row = VaultRun::rows(settings->profileList).indexOf(name);
         QVERIFY2(row >= 0, qPrintable(name));
-        settings->lstData->SetListIndex(row);
-        settings->lstData_Click();
+        settings->profileList->SetListIndex(row);
+        settings->showSelectedProfile();
     }
 
     // Fills and sends the add dialog while it runs modally.
@@ -50,7 +50,7 @@ class tst_profile_dialogs : public QObject
             if (NewProfileDialog::Loaded())
                 NewProfileDialog::Loaded()->cancelButton->click(); // refused: the dialog stayed, cancel it
         });
-        settings->Command8->click();
+        settings->addButton->click();
     }
 
     static QStringList logIn(VaultRun& run, const QString& profile, const QString& password)
@@ -107,7 +107,7 @@ private Q_SLOTS:
         QCOMPARE(run.boxes.shown.first().text, Lang(249));
         QCOMPARE(run.boxes.shown.first().flags, 16);
         addProfile(settings, { QStringLiteral("bob"), QString(), QString(), QString(), QString() });
-        QCOMPARE(VaultRun::rows(settings->lstData).size(), 3);
+        QCOMPARE(VaultRun::rows(settings->profileList).size(), 3);
         QVERIFY(!QFileInfo::exists(run.data(QStringLiteral("bob"))));
         QCOMPARE(run.ini(QStringLiteral("Bob/settings.txt"), Keys::settings, Keys::password), QString());
         QCOMPARE(logIn(run, QStringLiteral("Bob"), QString()), QStringList { QStringLiteral("no prompt") });
@@ -120,12 +120,12 @@ private Q_SLOTS:
         VaultRun run;
         SettingsWindow* settings = openSettings(run);
         addProfile(settings, { QString::fromUtf8("Łukasz") });
-        QCOMPARE(VaultRun::rows(settings->lstData).last(), QStringLiteral("?ukasz"));
+        QCOMPARE(VaultRun::rows(settings->profileList).last(), QStringLiteral("?ukasz"));
         QCOMPARE(run.world.read(QStringLiteral("appdata/Brenmark/Tolvane/data/users.txt")),
             QByteArray("Administrator\r\n?ukasz\r\n"));
         QVERIFY(QFile::exists(run.data(QStringLiteral("?ukasz/dummy.dat"))));
         selectRow(settings, QStringLiteral("?ukasz"));
-        settings->Command10->click(); // the default: the next start offers it and opens it
+        settings->makeDefaultButton->click(); // the default: the next start offers it and opens it
         QCOMPARE(logIn(run, QStringLiteral("?ukasz"), QString()), QStringList { QStringLiteral("no prompt") });
         QCOMPARE(run.ini(QStringLiteral("config.txt"), Keys::user, Keys::current), QStringLiteral("?ukasz"));
     }
@@ -145,7 +145,7 @@ private Q_SLOTS:
                 NewProfileDialog::Unload();
             }
         });
-        settings->Command8->click();
+        settings->addButton->click();
         QVERIFY(ended);
         QCOMPARE(run.boxes.shown.last().text, QStringLiteral("Run-time error '53':\n\nFile not found"));
         QCOMPARE(run.boxes.shown.last().flags, 16);
@@ -167,7 +167,7 @@ private Q_SLOTS:
 
         SettingsWindow* settings = openSettings(run);
         selectRow(settings, QStringLiteral("Dora"));
-        settings->Command11->click();
+        settings->changePasswordButton->click();
         PasswordChangeDialog* change = PasswordChangeDialog::Loaded();
         QVERIFY(change && change->isVisible() && !change->isModal());
         QCOMPARE(change->parentWidget(), settings);
@@ -196,7 +196,7 @@ private Q_SLOTS:
 
         // The reminder: any wrong answer, as often as wanted; the right one (empty, after the
         // change) shows the stored value, which is the digest, not the password.
-        settings->Command12->click();
+        settings->remindButton->click();
         PasswordReminderDialog* remind = PasswordReminderDialog::Loaded();
         QVERIFY(remind && remind->isVisible());
         QCOMPARE(remind->profileName->text(), QStringLiteral("Dora"));
@@ -223,7 +223,7 @@ private Q_SLOTS:
     {
         VaultRun run;
         SettingsWindow* settings = openSettings(run); // Administrator, no password since the reset
-        settings->Command11->click();
+        settings->changePasswordButton->click();
         PasswordChangeDialog* change = PasswordChangeDialog::Loaded();
         change->fillFields();
         for (const QString& old : { QString(), QStringLiteral(" ") }) {

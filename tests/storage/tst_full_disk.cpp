@@ -71,22 +71,22 @@ private Q_SLOTS:
         main->saveChangedEntry();
         main->settingsAction->trigger();
         SettingsWindow* settings = SettingsWindow::Loaded();
-        settings->Check5->click();
-        settings->Check14->click();
-        settings->Command13->click();
+        settings->hidePasswordsBox->click();
+        settings->lastProfileDefaultBox->click();
+        settings->okButton->click();
         main = VaultWindow::Loaded();
         QVERIFY(main && main->isVisible());
         // The password change: its writes fail unnoticed, and it says it is done.
         main->settingsAction->trigger();
         settings = SettingsWindow::Loaded();
-        settings->Command11->click();
+        settings->changePasswordButton->click();
         PasswordChangeDialog* change = PasswordChangeDialog::Loaded();
         change->fillFields();
         change->oldPasswordBox->setText(QString());
         change->newPasswordBox->setText(QStringLiteral("new"));
         change->changeButton->click();
         QCOMPARE(run.boxes.shown.last().text, Lang(258));
-        settings->Command14->click();
+        settings->cancelButton->click();
         QCOMPARE(run.boxes.shown.size(), 2); // the entry saved in memory, the password "changed"
         // File > Close: the save fails, and the run ends all the same.
         QVERIFY_THROWS_EXCEPTION(ProcessEnded, main->closeAction->trigger());

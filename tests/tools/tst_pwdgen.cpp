@@ -19,7 +19,7 @@ class tst_pwdgen : public QObject
 {
     Q_OBJECT
 
-    static void longer(PasswordGenerator& g) { QTest::mousePress(g.Command2, Qt::LeftButton); }
+    static void longer(PasswordGenerator& g) { QTest::mousePress(g.longerButton, Qt::LeftButton); }
 
 private Q_SLOTS:
     void lengthButtonsStopOneStepBeforeTheBounds()
@@ -28,38 +28,38 @@ private Q_SLOTS:
         LoadLanguage();
         PasswordGenerator g(nullptr);
         g.show();
-        QCOMPARE(g.Text1->Text(), QStringLiteral("5"));
+        QCOMPARE(g.lengthBox->Text(), QStringLiteral("5"));
         QCOMPARE(g.windowTitle(), Lang(272));
-        QVERIFY(g.Option3->isChecked());
+        QVERIFY(g.bothOption->isChecked());
 
         // From 5 one click reaches 4 and disables "<" at once.
-        QTest::mouseClick(g.Command1, Qt::LeftButton);
-        QCOMPARE(g.Text1->Text(), QStringLiteral("4"));
-        QVERIFY(!g.Command1->isEnabled());
-        QTest::mouseClick(g.Command1, Qt::LeftButton); // disabled: nothing
-        QCOMPARE(g.Text1->Text(), QStringLiteral("4"));
+        QTest::mouseClick(g.shorterButton, Qt::LeftButton);
+        QCOMPARE(g.lengthBox->Text(), QStringLiteral("4"));
+        QVERIFY(!g.shorterButton->isEnabled());
+        QTest::mouseClick(g.shorterButton, Qt::LeftButton); // disabled: nothing
+        QCOMPARE(g.lengthBox->Text(), QStringLiteral("4"));
 
         // ">" acts as the button goes down, with any button, and never from the keyboard.
         longer(g);
-        QVERIFY(g.Command1->isEnabled());
-        QCOMPARE(g.Text1->Text(), QStringLiteral("5"));
-        QTest::mousePress(g.Command2, Qt::RightButton);
-        QCOMPARE(g.Text1->Text(), QStringLiteral("6"));
-        QTest::mouseRelease(g.Command2, Qt::RightButton);
-        g.Command2->setFocus();
-        QTest::keyClick(g.Command2, Qt::Key_Space);
-        QCOMPARE(g.Text1->Text(), QStringLiteral("6"));
+        QVERIFY(g.shorterButton->isEnabled());
+        QCOMPARE(g.lengthBox->Text(), QStringLiteral("5"));
+        QTest::mousePress(g.longerButton, Qt::RightButton);
+        QCOMPARE(g.lengthBox->Text(), QStringLiteral("6"));
+        QTest::mouseRelease(g.longerButton, Qt::RightButton);
+        g.longerButton->setFocus();
+        QTest::keyClick(g.longerButton, Qt::Key_Space);
+        QCOMPARE(g.lengthBox->Text(), QStringLiteral("6"));
         for (int n = 7; n <= 15; ++n)
             longer(g);
-        QCOMPARE(g.Text1->Text(), QStringLiteral("15"));
-        QVERIFY(!g.Command2->isEnabled());
+        QCOMPARE(g.lengthBox->Text(), QStringLiteral("15"));
+        QVERIFY(!g.longerButton->isEnabled());
         longer(g);
-        QCOMPARE(g.Text1->Text(), QStringLiteral("15"));
+        QCOMPARE(g.lengthBox->Text(), QStringLiteral("15"));
         // "<" works from the keyboard and frees ">" again.
-        g.Command1->setFocus();
-        QTest::keyClick(g.Command1, Qt::Key_Space);
-        QCOMPARE(g.Text1->Text(), QStringLiteral("14"));
-        QVERIFY(g.Command2->isEnabled());
+        g.shorterButton->setFocus();
+        QTest::keyClick(g.shorterButton, Qt::Key_Space);
+        QCOMPARE(g.lengthBox->Text(), QStringLiteral("14"));
+        QVERIFY(g.longerButton->isEnabled());
     }
 
     void resultsHaveTheLengthAndTheNarrowAlphabets()
@@ -73,21 +73,21 @@ private Q_SLOTS:
         QString seenLetters, seenDigits;
         bool mixed = false;
         for (int length = 4; length <= 15; ++length) {
-            g.Text1->SetText(QString::number(length));
+            g.lengthBox->SetText(QString::number(length));
             for (int run = 0; run < 100; ++run) {
-                QTest::mouseClick(g.Option1, Qt::LeftButton);
-                g.Command3_Click();
-                QCOMPARE(g.Text2->Text().size(), length);
-                QVERIFY2(letters.match(g.Text2->Text()).hasMatch(), qPrintable(g.Text2->Text()));
-                seenLetters += g.Text2->Text();
-                QTest::mouseClick(g.Option2, Qt::LeftButton);
-                g.Command3_Click();
-                QCOMPARE(g.Text2->Text().size(), length);
-                QVERIFY2(digits.match(g.Text2->Text()).hasMatch(), qPrintable(g.Text2->Text()));
-                seenDigits += g.Text2->Text();
-                QTest::mouseClick(g.Option3, Qt::LeftButton);
-                g.Command3_Click();
-                const QString r = g.Text2->Text();
+                QTest::mouseClick(g.lettersOption, Qt::LeftButton);
+                g.generate();
+                QCOMPARE(g.resultBox->Text().size(), length);
+                QVERIFY2(letters.match(g.resultBox->Text()).hasMatch(), qPrintable(g.resultBox->Text()));
+                seenLetters += g.resultBox->Text();
+                QTest::mouseClick(g.digitsOption, Qt::LeftButton);
+                g.generate();
+                QCOMPARE(g.resultBox->Text().size(), length);
+                QVERIFY2(digits.match(g.resultBox->Text()).hasMatch(), qPrintable(g.resultBox->Text()));
+                seenDigits += g.resultBox->Text();
+                QTest::mouseClick(g.bothOption, Qt::LeftButton);
+                g.generate();
+                const QString r = g.resultBox->Text();
                 QCOMPARE(r.size(), length);
                 QVERIFY2(both.match(r).hasMatch(), qPrintable(r));
                 mixed |= r.contains(QRegularExpression(QStringLiteral("[0-8]")))
@@ -102,9 +102,9 @@ private Q_SLOTS:
             QVERIFY2(seenDigits.contains(c), qPrintable(QString(c)));
         QVERIFY(mixed);
         // A new option keeps the result until the next press.
-        const QString before = g.Text2->Text();
-        QTest::mouseClick(g.Option2, Qt::LeftButton);
-        QCOMPARE(g.Text2->Text(), before);
+        const QString before = g.resultBox->Text();
+        QTest::mouseClick(g.digitsOption, Qt::LeftButton);
+        QCOMPARE(g.resultBox->Text(), before);
     }
 
     void theSystemSourceGivesEveryPasswordItsChance()
@@ -171,12 +171,12 @@ private Q_SLOTS:
             auto* g = qobject_cast<PasswordGenerator*>(w);
             QVERIFY(g);
             QCOMPARE(g->deliveryMode, QStringLiteral("0"));
-            QTest::mouseClick(g->Command3, Qt::LeftButton);
-            g->Timer1_Timer();
-            QVERIFY(!g->Command4->isEnabled());
-            QTest::mouseClick(g->Image4, Qt::LeftButton);
-            QCOMPARE(platform::ClipboardText(), g->Text2->Text());
-            QTest::mouseClick(g->Command5, Qt::LeftButton);
+            QTest::mouseClick(g->generateButton, Qt::LeftButton);
+            g->keepUseButtonInStep();
+            QVERIFY(!g->useButton->isEnabled());
+            QTest::mouseClick(g->copyButton, Qt::LeftButton);
+            QCOMPARE(platform::ClipboardText(), g->resultBox->Text());
+            QTest::mouseClick(g->cancelButton, Qt::LeftButton);
         });
         main->generatorAction->trigger();
 
@@ -185,11 +185,11 @@ private Q_SLOTS:
         VaultRun::onNextModal([](QWidget* w) {
             auto* g = qobject_cast<PasswordGenerator*>(w);
             QCOMPARE(g->deliveryMode, QStringLiteral("1"));
-            g->Timer1_Timer();
-            QVERIFY(!g->Command4->isEnabled());
-            QTest::mouseClick(g->Command3, Qt::LeftButton);
-            QTRY_VERIFY(g->Command4->isEnabled()); // within a tick of its 10 ms timer
-            QTest::mouseClick(g->Command4, Qt::LeftButton);
+            g->keepUseButtonInStep();
+            QVERIFY(!g->useButton->isEnabled());
+            QTest::mouseClick(g->generateButton, Qt::LeftButton);
+            QTRY_VERIFY(g->useButton->isEnabled()); // within a tick of its 10 ms timer
+            QTest::mouseClick(g->useButton, Qt::LeftButton);
         });
         QTest::mouseClick(main->generatorButton, Qt::LeftButton);
         QCOMPARE(main->passwordBox->Text().size(), 5);
@@ -203,12 +203,12 @@ private Q_SLOTS:
         QString delivered;
         VaultRun::onNextModal([&delivered](QWidget* w) {
             auto* g = qobject_cast<PasswordGenerator*>(w);
-            QTest::mouseClick(g->Command3, Qt::LeftButton);
-            g->Timer1_Timer();
-            QTest::mouseClick(g->Command4, Qt::LeftButton);
+            QTest::mouseClick(g->generateButton, Qt::LeftButton);
+            g->keepUseButtonInStep();
+            QTest::mouseClick(g->useButton, Qt::LeftButton);
             QVERIFY(g->isVisible());
-            delivered = g->Text2->Text();
-            QTest::mouseClick(g->Command4, Qt::LeftButton);
+            delivered = g->resultBox->Text();
+            QTest::mouseClick(g->useButton, Qt::LeftButton);
         });
         QTest::mouseClick(main->generatorButton, Qt::LeftButton);
         QCOMPARE(run.boxes.shown.size(), 2);
@@ -223,10 +223,10 @@ private Q_SLOTS:
             VaultRun::onNextModal([](QWidget* w2) {
                 auto* g = qobject_cast<PasswordGenerator*>(w2);
                 QCOMPARE(g->deliveryMode, QStringLiteral("2"));
-                QTest::mouseClick(g->Command1, Qt::LeftButton);
-                QTest::mouseClick(g->Command3, Qt::LeftButton);
-                g->Timer1_Timer();
-                QTest::mouseClick(g->Command4, Qt::LeftButton);
+                QTest::mouseClick(g->shorterButton, Qt::LeftButton);
+                QTest::mouseClick(g->generateButton, Qt::LeftButton);
+                g->keepUseButtonInStep();
+                QTest::mouseClick(g->useButton, Qt::LeftButton);
             });
             QTest::mouseClick(view->generatorButton, Qt::LeftButton);
             QCOMPARE(view->passwordBox->Text().size(), 4);

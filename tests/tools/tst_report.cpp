@@ -59,7 +59,7 @@ private Q_SLOTS:
         VaultWindow* main = nullptr;
         ReportWindow* report = openReport(run, main);
         QVERIFY(report);
-        const QStringList full = lines(report->TxtLaporan->Text());
+        const QStringList full = lines(report->reportBox->Text());
         QCOMPARE(full.size(), 7);
         QCOMPARE(full[0], QStringLiteral("Tolvane"));
         QVERIFY(full[1].startsWith(Lang(284) + QLatin1Char(' ') + platform::TimeOfDayText().left(2)));
@@ -71,8 +71,8 @@ private Q_SLOTS:
         // (four characters) ends the report there, as the classic edit box ends it.
         QCOMPARE(full[6], QStringLiteral("3) %1 Mail  %2 ann@xy  %3 m41l").arg(Lang(286), Lang(242), Lang(244)));
         QVERIFY(ReportText(3).endsWith(QStringLiteral("m41l") + QChar(0) + QChar(0) + QStringLiteral("  ")));
-        QVERIFY(!report->TxtLaporan->Text().contains(QStringLiteral("doc.txt")));
-        report->Command4->click();
+        QVERIFY(!report->reportBox->Text().contains(QStringLiteral("doc.txt")));
+        report->closeButton->click();
         QVERIFY(!ReportWindow::Loaded());
 
         // A search for "mail" lists one row: the report shows one line, the table's first.
@@ -93,7 +93,7 @@ private Q_SLOTS:
         QVERIFY(report);
         const QString pdf = run.world.path(QStringLiteral("printed.pdf"));
         qputenv("TOLVANE_PRINTER_OUTPUT", pdf.toLocal8Bit());
-        report->Command1->click();
+        report->printButton->click();
         QCOMPARE(run.boxes.shown.size(), 1); // the warning, and nothing after it
         QCOMPARE(run.boxes.shown[0].text, Lang(283));
         QCOMPARE(run.boxes.shown[0].flags, 16);
@@ -109,7 +109,7 @@ private Q_SLOTS:
         // report stays.
         qputenv("TOLVANE_PRINTER_OUTPUT", run.world.path(QStringLiteral("no/such/folder/p.pdf")).toLocal8Bit());
         run.boxes.shown.clear();
-        report->Command1->click();
+        report->printButton->click();
         QCOMPARE(run.boxes.shown.size(), 2);
         QCOMPARE(run.boxes.shown[0].text, Lang(283));
         QVERIFY(run.boxes.shown[1].text.startsWith(QStringLiteral("Printer error")));
@@ -120,12 +120,12 @@ private Q_SLOTS:
         // to print by a test.
         if (QPrinterInfo::defaultPrinter().isNull()) {
             run.boxes.shown.clear();
-            report->Command1->click();
+            report->printButton->click();
             QCOMPARE(run.boxes.shown.size(), 2);
             QCOMPARE(run.boxes.shown[1].text,
                 QStringLiteral("Printer error: no default printer is set up on this computer."));
         }
-        report->Command4->click();
+        report->closeButton->click();
     }
 
     void savesPlainTextUnderTheDefaultExtensionAfterTheDialogsQuestions()
@@ -140,7 +140,7 @@ private Q_SLOTS:
             calls.append(call);
             return typed.isEmpty() ? QString() : typed.takeFirst();
         });
-        const QByteArray text = platform::ToCodePage(report->TxtLaporan->Text() + QStringLiteral("\r\n"));
+        const QByteArray text = platform::ToCodePage(report->reportBox->Text() + QStringLiteral("\r\n"));
         auto boxes = [&run] {
             QStringList seen;
             for (const auto& box : run.boxes.shown)
@@ -152,7 +152,7 @@ private Q_SLOTS:
         // A name without an extension gets ".pdf", and a new file is made only after the question.
         typed = { QStringLiteral("C:\\report") };
         run.boxes.answer(platform::IDYES);
-        report->Command2->click();
+        report->saveButton->click();
         QCOMPARE(calls.size(), 1);
         QVERIFY(calls[0].save);
         QCOMPARE(calls[0].filter, QStringLiteral("Text (*.txt)|*.txt"));
@@ -168,7 +168,7 @@ private Q_SLOTS:
         run.world.write(QStringLiteral("home/report.pdf"), "older");
         typed = { QStringLiteral("C:\\report") };
         run.boxes.answer(platform::IDNO);
-        report->Command2->click();
+        report->saveButton->click();
         QCOMPARE(calls.size(), 3);
         QCOMPARE(calls[2].fileName, QStringLiteral("report.pdf"));
         QCOMPARE(calls[2].initialFolder, QStringLiteral("C:\\"));
@@ -177,7 +177,7 @@ private Q_SLOTS:
         QCOMPARE(run.world.read(QStringLiteral("home/report.pdf")), QByteArray("older"));
         typed = { QStringLiteral("C:\\report") };
         run.boxes.answer(platform::IDYES);
-        report->Command2->click();
+        report->saveButton->click();
         QCOMPARE(boxes().size(), 1);
         QCOMPARE(run.world.read(QStringLiteral("home/report.pdf")), text);
 
@@ -185,11 +185,11 @@ private Q_SLOTS:
         typed = { QStringLiteral("C:\\r.txt"), QStringLiteral("C:\\no\\such\\r.txt") };
         run.boxes.answer(platform::IDNO);
         run.boxes.answer(platform::IDYES);
-        report->Command2->click();
+        report->saveButton->click();
         QCOMPARE(boxes().size(), 2);
         QVERIFY(!QFile::exists(run.world.path(QStringLiteral("home/r.txt"))));
         platform::SetFileDialogBackend({});
-        report->Command4->click();
+        report->closeButton->click();
     }
 };
 

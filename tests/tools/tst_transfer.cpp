@@ -43,26 +43,26 @@ private Q_SLOTS:
             = run.world.read(QStringLiteral("appdata/Brenmark/Tolvane/data/Administrator/list.dat"));
 
         ExportDialog* dialog = ExportDialog::Instance(main);
-        QCOMPARE(dialog->Label1->text(), QStringLiteral("Administrator"));
-        QCOMPARE(dialog->txtSelected->Text(), QStringLiteral("C:\\tolvane_data.tvd"));
+        QCOMPARE(dialog->profileName->text(), QStringLiteral("Administrator"));
+        QCOMPARE(dialog->targetBox->Text(), QStringLiteral("C:\\tolvane_data.tvd"));
         QStringList answers { QStringLiteral("C:\\out"), QString(), QStringLiteral("C:\\") };
         QList<platform::BrowseFolderCall> calls;
         platform::SetBrowseFolderBackend([&](const platform::BrowseFolderCall& call) {
             calls.append(call);
             return answers.takeFirst();
         });
-        dialog->Command3->click();
-        QCOMPARE(dialog->txtSelected->Text(), QStringLiteral("C:\\out\\tolvane_data.tvd"));
-        dialog->Command3->click(); // cancelled: back to the default, not the first choice
-        QCOMPARE(dialog->txtSelected->Text(), QStringLiteral("C:\\tolvane_data.tvd"));
-        dialog->Command3->click(); // a root: the backslash doubles, harmlessly
-        QCOMPARE(dialog->txtSelected->Text(), QStringLiteral("C:\\\\tolvane_data.tvd"));
+        dialog->browseButton->click();
+        QCOMPARE(dialog->targetBox->Text(), QStringLiteral("C:\\out\\tolvane_data.tvd"));
+        dialog->browseButton->click(); // cancelled: back to the default, not the first choice
+        QCOMPARE(dialog->targetBox->Text(), QStringLiteral("C:\\tolvane_data.tvd"));
+        dialog->browseButton->click(); // a root: the backslash doubles, harmlessly
+        QCOMPARE(dialog->targetBox->Text(), QStringLiteral("C:\\\\tolvane_data.tvd"));
         QCOMPARE(calls[1].startPath, QStringLiteral("C:\\tolvane_data.tvd"));
         QCOMPARE(calls[0].title, Lang(177));
 
         for (int twice = 0; twice < 2; ++twice) {
             dialog = ExportDialog::Instance(main);
-            dialog->Command2->click();
+            dialog->exportButton->click();
             QCOMPARE(run.boxes.shown.last().text, Lang(178));
             QCOMPARE(run.boxes.shown.last().flags, 64);
             QVERIFY(!ExportDialog::Loaded());
@@ -71,8 +71,8 @@ private Q_SLOTS:
 
         // A target that can't be written ends the run through the unhandled error.
         dialog = ExportDialog::Instance(main);
-        dialog->txtSelected->SetText(QStringLiteral("C:\\no\\such\\folder\\x.tvd"));
-        QVERIFY_THROWS_EXCEPTION(ProcessEnded, dialog->Command2->click());
+        dialog->targetBox->SetText(QStringLiteral("C:\\no\\such\\folder\\x.tvd"));
+        QVERIFY_THROWS_EXCEPTION(ProcessEnded, dialog->exportButton->click());
         QVERIFY(run.boxes.shown.last().text.startsWith(QStringLiteral("Run-time error '76'")));
         ExportDialog::Unload();
     }
@@ -90,7 +90,7 @@ private Q_SLOTS:
         VaultWindow* main = run.start();
 
         ImportDialog* dialog = ImportDialog::Instance(main);
-        QVERIFY(!dialog->Command1->isEnabled());
+        QVERIFY(!dialog->importButton->isEnabled());
         // The dialog starts with "*.tvd" in its box, and a name typed without an extension
         // gets ".tvd".
         QString chosen = QStringLiteral("C:\\import");
@@ -99,29 +99,29 @@ private Q_SLOTS:
             calls.append(call);
             return chosen;
         });
-        dialog->Command3->click();
+        dialog->chooseButton->click();
         QCOMPARE(calls.size(), 1);
         QCOMPARE(calls[0].title, QString::fromUtf8("Otwórz..."));
         QCOMPARE(calls[0].fileName, QStringLiteral("*.tvd"));
         QCOMPARE(calls[0].defaultExtension, QStringLiteral("*.tvd"));
         QCOMPARE(calls[0].filter, Lang(182));
-        QCOMPARE(dialog->txtZipFName->Text(), QStringLiteral("C:\\import.tvd"));
-        QVERIFY(dialog->Command1->isEnabled());
+        QCOMPARE(dialog->sourceBox->Text(), QStringLiteral("C:\\import.tvd"));
+        QVERIFY(dialog->importButton->isEnabled());
         chosen.clear();
-        dialog->Command3->click(); // cancelled: the choice is withdrawn
-        QCOMPARE(dialog->txtZipFName->Text(), QStringLiteral("C:\\"));
-        QVERIFY(!dialog->Command1->isEnabled());
+        dialog->chooseButton->click(); // cancelled: the choice is withdrawn
+        QCOMPARE(dialog->sourceBox->Text(), QStringLiteral("C:\\"));
+        QVERIFY(!dialog->importButton->isEnabled());
         chosen = QStringLiteral("C:\\import.tvd");
-        dialog->Command3->click();
+        dialog->chooseButton->click();
 
-        dialog->Command1->click(); // No is the default: nothing happens
+        dialog->importButton->click(); // No is the default: nothing happens
         QCOMPARE(run.boxes.shown.last().text, Lang(181));
         QCOMPARE(run.boxes.shown.last().flags, 324);
         QCOMPARE(run.vaultOnDisk().size(), 1);
 
         qputenv("TOLVANE_MSGBOX_LOG", run.world.path(QStringLiteral("boxes.log")).toLocal8Bit());
         qputenv("TOLVANE_MSGBOX_ANSWERS", "6");
-        QVERIFY_THROWS_EXCEPTION(ProcessEnded, dialog->Command1->click());
+        QVERIFY_THROWS_EXCEPTION(ProcessEnded, dialog->importButton->click());
         QCOMPARE(run.ini(QStringLiteral("config.txt"), Keys::user, Keys::switchTo), QStringLiteral("Administrator"));
         QCOMPARE(run.vaultOnDisk().size(), 2); // replaced, and the open vault was not written back
 
