@@ -50,7 +50,7 @@ public:
             if (!w->isHidden())
                 w->hide();
         }
-        entryTable.Erase();
+        entryTable.clear();
         currentEntry = Entry();
         vaultDirty = false;
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);

@@ -204,7 +204,7 @@ private Q_SLOTS:
         auditModal([main] { main->exportAction->trigger(); });
         auditModal([main] { main->importAction->trigger(); });
         // The about box's version closes the box when clicked, as OK does.
-        auditModal([main] { main->aboutAction->trigger(); }, { QStringLiteral("Label1") });
+        auditModal([main] { main->aboutAction->trigger(); }, { QStringLiteral("version") });
         auditModal([main] { main->trayUpdateAction->trigger(); });
 
         // The settings window, each of its pages, and the profile dialogs of the last one.

@@ -29,83 +29,84 @@ AboutDialog::AboutDialog(QWidget* owner)
         QPalette blue = l->palette();
         blue.setColor(QPalette::WindowText, QColor(0, 0, 255));
         l->setPalette(blue);
-        connect(l, &ClickablePicture::MouseMove, this, [this, l] { LinkLabel_MouseMove(l); });
+        connect(l, &ClickablePicture::MouseMove, this, [this, l] { underlineLink(l); });
         return l;
     };
-    Label88 = label("Label88", "Tolvane", 120, 120, 5640);
-    QFont bold = Label88->font();
+    productName = label("productName", "Tolvane", 120, 120, 5640);
+    QFont bold = productName->font();
     bold.setBold(true);
     bold.setPointSizeF(bold.pointSizeF() * 1.5);
-    Label88->setFont(bold);
-    Label86 = label("Label86", "Wersja:", 120, 600, 2100);
-    Label1 = Placed(new ClickablePicture(this), "Label1", 2280, 600, 3480, 285);
-    Label1->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    Label84 = label("Label84", "", 120, 960, 5640);
-    Label84->setWordWrap(true);
-    Label81 = label("Label81", "Strona producenta:", 120, 1440, 2100);
-    Label14 = link("Label14", 2280, 1440, 3480);
-    Label79 = label("Label79", "Autor programu:", 120, 1800, 2100);
-    Label78 = label("Label78", "Brenmark", 2280, 1800, 3480);
-    Label5 = label("Label5", "Nazwa komputera:", 120, 2160, 2100);
-    Label4 = label("Label4", "", 2280, 2160, 3480);
-    Label6 = label("Label6", "Pomoc techniczna", 120, 2640, 5640);
-    Label6->setFont(bold);
-    Label7 = label("Label7", "Strona WWW pomocy technicznej:", 120, 3000, 3600);
-    Label15 = link("Label15", 3780, 3000, 1980);
-    Label8 = label("Label8", "Forum dyskusyjne Brenmark:", 120, 3300, 3600);
-    Label16 = link("Label16", 3780, 3300, 1980);
-    Label9 = label("Label9", "Kontakt z Brenmark:", 120, 3600, 3600);
-    Label17 = link("Label17", 3780, 3600, 1980);
-    Command3 = Placed(new QPushButton(QStringLiteral("OK"), this), "Command3", 4440, 4020, 1320, 375);
-    Command3->setDefault(true);
-    connect(Command3, &QPushButton::clicked, this, &AboutDialog::Command3_Click);
-    connect(Label1, &ClickablePicture::Click, this, &AboutDialog::Label1_Click);
-    connect(Label14, &ClickablePicture::Click, this, [] { LinkHomePage(); });
-    connect(Label15, &ClickablePicture::Click, this, [] { LinkSupportPage(); });
-    connect(Label16, &ClickablePicture::Click, this, [] { LinkForum(); });
-    connect(Label17, &ClickablePicture::Click, this, [] { LinkContactPage(); });
+    productName->setFont(bold);
+    versionCaption = label("versionCaption", "Wersja:", 120, 600, 2100);
+    version = Placed(new ClickablePicture(this), "version", 2280, 600, 3480, 285);
+    version->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    rightsNotice = label("rightsNotice", "", 120, 960, 5640);
+    rightsNotice->setWordWrap(true);
+    homePageCaption = label("homePageCaption", "Strona producenta:", 120, 1440, 2100);
+    homePageLink = link("homePageLink", 2280, 1440, 3480);
+    authorCaption = label("authorCaption", "Autor programu:", 120, 1800, 2100);
+    author = label("author", "Brenmark", 2280, 1800, 3480);
+    computerCaption = label("computerCaption", "Nazwa komputera:", 120, 2160, 2100);
+    computerName = label("computerName", "", 2280, 2160, 3480);
+    supportHeading = label("supportHeading", "Pomoc techniczna", 120, 2640, 5640);
+    supportHeading->setFont(bold);
+    supportCaption = label("supportCaption", "Strona WWW pomocy technicznej:", 120, 3000, 3600);
+    supportLink = link("supportLink", 3780, 3000, 1980);
+    forumCaption = label("forumCaption", "Forum dyskusyjne Brenmark:", 120, 3300, 3600);
+    forumLink = link("forumLink", 3780, 3300, 1980);
+    contactCaption = label("contactCaption", "Kontakt z Brenmark:", 120, 3600, 3600);
+    contactLink = link("contactLink", 3780, 3600, 1980);
+    closeButton = Placed(new QPushButton(QStringLiteral("OK"), this), "closeButton", 4440, 4020, 1320, 375);
+    closeButton->setDefault(true);
+    connect(closeButton, &QPushButton::clicked, this, &AboutDialog::closeAbout);
+    connect(version, &ClickablePicture::Click, this, &AboutDialog::closeFromVersion);
+    connect(homePageLink, &ClickablePicture::Click, this, [] { LinkHomePage(); });
+    connect(supportLink, &ClickablePicture::Click, this, [] { LinkSupportPage(); });
+    connect(forumLink, &ClickablePicture::Click, this, [] { LinkForum(); });
+    connect(contactLink, &ClickablePicture::Click, this, [] { LinkContactPage(); });
 }
 
-void AboutDialog::Form_Load()
+void AboutDialog::load()
 {
     setWindowTitle(Lang(118));
-    Label86->setText(Lang(119));
-    Label84->setText(Lang(100));
-    Label81->setText(Lang(120));
-    Label79->setText(Lang(121));
-    Label5->setText(Lang(122));
-    Label6->setText(Lang(125));
-    Label7->setText(Lang(126));
-    Label8->setText(Lang(127));
-    Label9->setText(Lang(128));
-    for (ClickablePicture* l : { Label15, Label16, Label17 })
+    versionCaption->setText(Lang(119));
+    rightsNotice->setText(Lang(100));
+    homePageCaption->setText(Lang(120));
+    authorCaption->setText(Lang(121));
+    computerCaption->setText(Lang(122));
+    supportHeading->setText(Lang(125));
+    supportCaption->setText(Lang(126));
+    forumCaption->setText(Lang(127));
+    contactCaption->setText(Lang(128));
+    for (ClickablePicture* l : { supportLink, forumLink, contactLink })
         l->setText(Lang(135));
-    Label14->setText(QUrl(ServerAddress()).host());
+    homePageLink->setText(QUrl(ServerAddress()).host());
     // Each link is read by the caption of its row; three of them say the same "Go >>".
-    for (const auto& [link, caption] : { std::pair { Label14, Label81 }, std::pair { Label15, Label7 },
-             std::pair { Label16, Label8 }, std::pair { Label17, Label9 } })
+    for (const auto& [link, caption] :
+        { std::pair { homePageLink, homePageCaption }, std::pair { supportLink, supportCaption },
+            std::pair { forumLink, forumCaption }, std::pair { contactLink, contactCaption } })
         link->setAccessibleName(SpokenCaption(caption->text()));
-    Label1->setText(LocalVersionText());
+    version->setText(LocalVersionText());
     const QString name = platform::GetComputerNameA().left(256);
-    Label4->setText(name.left(name.indexOf(QChar(0))));
+    computerName->setText(name.left(name.indexOf(QChar(0))));
 }
 
-void AboutDialog::LinkLabel_MouseMove(ClickablePicture* link)
+void AboutDialog::underlineLink(ClickablePicture* link)
 {
     platform::SetCursor(link, platform::IDC_HAND);
-    for (ClickablePicture* l : { Label14, Label15, Label16, Label17 }) {
+    for (ClickablePicture* l : { homePageLink, supportLink, forumLink, contactLink }) {
         QFont f = l->font();
         f.setUnderline(l == link);
         l->setFont(f);
     }
 }
 
-void AboutDialog::Command3_Click()
+void AboutDialog::closeAbout()
 {
     Unload();
 }
 
-void AboutDialog::Label1_Click()
+void AboutDialog::closeFromVersion()
 {
     Unload();
 }

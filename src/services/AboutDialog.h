@@ -13,17 +13,17 @@ class AboutDialog : public SingleDialog<AboutDialog>
     friend class SingleDialog<AboutDialog>;
 
 public:
-    void Form_Load();
-    void Command3_Click();
-    void Label1_Click();
+    void load();
+    void closeAbout();
+    void closeFromVersion();
     // The hover of one link: the hand, that link underlined, the three others not.
-    void LinkLabel_MouseMove(ClickablePicture* link);
+    void underlineLink(ClickablePicture* link);
 
-    QLabel *Label88, *Label86, *Label84, *Label81, *Label79, *Label78, *Label5, *Label4, *Label6, *Label7, *Label8,
-        *Label9;
-    ClickablePicture* Label1; // the version; a click closes the window
-    ClickablePicture *Label14, *Label15, *Label16, *Label17;
-    QPushButton* Command3;
+    QLabel *productName, *versionCaption, *rightsNotice, *homePageCaption, *authorCaption, *author, *computerCaption,
+        *computerName, *supportHeading, *supportCaption, *forumCaption, *contactCaption;
+    ClickablePicture* version; // the version; a click closes the window
+    ClickablePicture *homePageLink, *supportLink, *forumLink, *contactLink;
+    QPushButton* closeButton;
 
 private:
     explicit AboutDialog(QWidget* owner);

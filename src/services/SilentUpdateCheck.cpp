@@ -8,30 +8,30 @@
 
 SilentUpdateCheck::SilentUpdateCheck(QWidget* owner)
     : SingleDialog(owner)
-    , Timer1(new QTimer(this))
-    , Inet(std::make_unique<platform::Inet>())
+    , checkTimer(new QTimer(this))
+    , client(std::make_unique<platform::Inet>())
 {
     setObjectName(QStringLiteral("SilentUpdateCheck"));
-    Timer1->setObjectName(QStringLiteral("Timer1"));
-    Timer1->setInterval(600);
-    connect(Timer1, &QTimer::timeout, this, &SilentUpdateCheck::Timer1_Timer);
+    checkTimer->setObjectName(QStringLiteral("checkTimer"));
+    checkTimer->setInterval(600);
+    connect(checkTimer, &QTimer::timeout, this, &SilentUpdateCheck::checkTick);
 }
 
 SilentUpdateCheck::~SilentUpdateCheck() = default;
 
-void SilentUpdateCheck::Form_Load()
+void SilentUpdateCheck::load()
 {
     // Never shown: no size, far out of sight.
     setGeometry(Twips(-40000), Twips(-40000), 0, 0);
-    Timer1->start();
+    checkTimer->start();
 }
 
-void SilentUpdateCheck::Form_Unload()
+void SilentUpdateCheck::onUnload()
 {
-    Inet->Cancel();
+    client->Cancel();
 }
 
-void SilentUpdateCheck::Timer1_Timer()
+void SilentUpdateCheck::checkTick()
 {
     CheckOnce(this, nullptr); // a failed fetch is no news, and no word is said
 }

@@ -18,12 +18,12 @@ class SilentUpdateCheck : public SingleDialog<SilentUpdateCheck>
 
 public:
     ~SilentUpdateCheck() override;
-    void Form_Load();
-    void Form_Unload();
-    void Timer1_Timer();
+    void load();
+    void onUnload();
+    void checkTick();
 
-    QTimer* Timer1;
-    std::unique_ptr<platform::Inet> Inet;
+    QTimer* checkTimer;
+    std::unique_ptr<platform::Inet> client;
 
     bool checking = false; // a check is waiting or asking
 

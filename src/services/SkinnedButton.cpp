@@ -68,7 +68,7 @@ class CommandAccessible : public ClickableAccessible
 public:
     explicit CommandAccessible(SkinnedButton* control)
         : ClickableAccessible(
-            control, [control] { control->UserControl_Click(); }, [control] { return control->Caption(); })
+            control, [control] { control->click(); }, [control] { return control->Caption(); })
     {
     }
     // The backgrounds, frame parts, icon and caption are the button's look, not controls.
@@ -116,9 +116,9 @@ SkinnedButton::SkinnedButton(QWidget* parent, const PropertyBag& stored)
         part->hide();
         return part;
     };
-    PicNormal = hiddenPicture("PicNormal", ButtonBackground(ButtonLook::Normal, scale));
-    PicOver = hiddenPicture("PicOver", ButtonBackground(ButtonLook::Over, scale));
-    PicDown = hiddenPicture("PicDown", ButtonBackground(ButtonLook::Down, scale));
+    normalBackground = hiddenPicture("normalBackground", ButtonBackground(ButtonLook::Normal, scale));
+    overBackground = hiddenPicture("overBackground", ButtonBackground(ButtonLook::Over, scale));
+    downBackground = hiddenPicture("downBackground", ButtonBackground(ButtonLook::Down, scale));
 
     auto edge = [this, scale](const char* name, FrameEdge which, int left, int top, int width, int height) {
         auto* part = Placed(new QLabel(this), name, left, top, width, height);
@@ -127,25 +127,25 @@ SkinnedButton::SkinnedButton(QWidget* parent, const PropertyBag& stored)
         part->setAttribute(Qt::WA_TransparentForMouseEvents);
         return part;
     };
-    picUp = edge("picUp", FrameEdge::Up, 0, 0, backgroundWidth, frameThickness);
-    picBottom
-        = edge("picBottom", FrameEdge::Bottom, 0, controlHeight - frameThickness, backgroundWidth, frameThickness);
-    picLeft = edge("picLeft", FrameEdge::Left, 0, 0, frameThickness, controlHeight);
-    picRight = edge("picRight", FrameEdge::Right, controlHeight - frameThickness, 0, frameThickness, controlHeight);
+    frameTop = edge("frameTop", FrameEdge::Up, 0, 0, backgroundWidth, frameThickness);
+    frameBottom
+        = edge("frameBottom", FrameEdge::Bottom, 0, controlHeight - frameThickness, backgroundWidth, frameThickness);
+    frameLeft = edge("frameLeft", FrameEdge::Left, 0, 0, frameThickness, controlHeight);
+    frameRight = edge("frameRight", FrameEdge::Right, controlHeight - frameThickness, 0, frameThickness, controlHeight);
     ShowFrame(false); // as at design time
 
-    Image1 = Placed(new QLabel(this), "Image1", 50, 60, 240, 240);
-    Image1->setAttribute(Qt::WA_TransparentForMouseEvents);
-    Label1 = Placed(new QLabel(this), "Label1", 345, 60, 0, 255);
-    Label1->setAttribute(Qt::WA_TransparentForMouseEvents);
+    iconLabel = Placed(new QLabel(this), "iconLabel", 50, 60, 240, 240);
+    iconLabel->setAttribute(Qt::WA_TransparentForMouseEvents);
+    captionLabel = Placed(new QLabel(this), "captionLabel", 345, 60, 0, 255);
+    captionLabel->setAttribute(Qt::WA_TransparentForMouseEvents);
 
-    Timer1 = Named(new QTimer(this), "Timer1");
-    Timer1->setInterval(10);
-    connect(Timer1, &QTimer::timeout, this, &SkinnedButton::Timer1_Timer);
+    startTimer = Named(new QTimer(this), "startTimer");
+    startTimer->setInterval(10);
+    connect(startTimer, &QTimer::timeout, this, &SkinnedButton::applyStoredProperties);
 
-    UserControl_Initialize();
+    initialize();
     ReadProperties(stored);
-    Timer1->start();
+    startTimer->start();
 }
 
 QIcon SkinnedButton::PictureNormal() const
@@ -162,13 +162,13 @@ void SkinnedButton::SetPictureNormal(const QIcon& picture)
 
 QString SkinnedButton::Caption() const
 {
-    return Label1->text();
+    return captionLabel->text();
 }
 
 void SkinnedButton::SetCaption(const QString& caption)
 {
-    Label1->setText(caption);
-    Label1->adjustSize(); // the caption sizes itself
+    captionLabel->setText(caption);
+    captionLabel->adjustSize(); // the caption sizes itself
     Q_EMIT PropertyChanged(QStringLiteral("CAP"));
 }
 
@@ -213,8 +213,8 @@ void SkinnedButton::ReadProperties(const PropertyBag& bag)
     // A picture is an icon; the empty text read by default leaves none.
     pictureNormal = bag.ReadProperty(QStringLiteral("PictureNormal"), QString()).value<QIcon>();
     ShowIcon();
-    Label1->setText(bag.ReadProperty(QStringLiteral("CAP"), QString()).toString());
-    Label1->adjustSize();
+    captionLabel->setText(bag.ReadProperty(QStringLiteral("CAP"), QString()).toString());
+    captionLabel->adjustSize();
 }
 
 void SkinnedButton::WriteProperties(PropertyBag& bag) const
@@ -227,50 +227,50 @@ void SkinnedButton::WriteProperties(PropertyBag& bag) const
     bag.WriteProperty(QStringLiteral("CAP"), Caption(), QString());
 }
 
-void SkinnedButton::Timer1_Timer()
+void SkinnedButton::applyStoredProperties()
 {
     setEnabled(enabled);
     if (canBeChecked) {
-        ShowBackground(PicNormal);
+        ShowBackground(normalBackground);
         ShowFrame(isChecked);
     }
-    Timer1->stop();
+    startTimer->stop();
 }
 
-void SkinnedButton::UserControl_Initialize()
+void SkinnedButton::initialize()
 {
-    ShowBackground(PicNormal);
+    ShowBackground(normalBackground);
     enabled = true;
     canBeChecked = false;
     isChecked = false;
 }
 
-void SkinnedButton::UserControl_EnterFocus()
+void SkinnedButton::showFocus()
 {
-    ShowBackground(PicOver);
+    ShowBackground(overBackground);
     ShowFrame(true);
 }
 
-void SkinnedButton::UserControl_ExitFocus()
+void SkinnedButton::hideFocus()
 {
-    ShowBackground(PicNormal);
+    ShowBackground(normalBackground);
     ShowFrame(canBeChecked && isChecked);
 }
 
-void SkinnedButton::UserControl_MouseDown(int button)
+void SkinnedButton::pressLook(int button)
 {
     if (button != vbLeftButton)
         return;
-    ShowBackground(PicDown);
+    ShowBackground(downBackground);
     ShowFrame(true);
 }
 
-void SkinnedButton::UserControl_MouseUp()
+void SkinnedButton::releaseLook()
 {
-    ShowBackground(PicOver);
+    ShowBackground(overBackground);
 }
 
-void SkinnedButton::UserControl_Click()
+void SkinnedButton::click()
 {
     if (canBeChecked)
         isChecked = !isChecked;
@@ -280,7 +280,7 @@ void SkinnedButton::UserControl_Click()
 
 bool SkinnedButton::FrameShown() const
 {
-    return !picUp->isHidden();
+    return !frameTop->isHidden();
 }
 
 void SkinnedButton::ShowBackground(const QLabel* background)
@@ -291,15 +291,15 @@ void SkinnedButton::ShowBackground(const QLabel* background)
 
 void SkinnedButton::ShowFrame(bool shown)
 {
-    for (QLabel* part : { picUp, picBottom, picLeft, picRight })
+    for (QLabel* part : { frameTop, frameBottom, frameLeft, frameRight })
         part->setVisible(shown);
 }
 
 void SkinnedButton::ShowIcon()
 {
-    Image1->setPixmap(pictureNormal.isNull()
-            ? QPixmap()
-            : pictureNormal.pixmap(Image1->size(), devicePixelRatioF(), isEnabled() ? QIcon::Normal : QIcon::Disabled));
+    iconLabel->setPixmap(pictureNormal.isNull() ? QPixmap()
+                                                : pictureNormal.pixmap(iconLabel->size(), devicePixelRatioF(),
+                                                    isEnabled() ? QIcon::Normal : QIcon::Disabled));
 }
 
 void SkinnedButton::paintEvent(QPaintEvent*)
@@ -316,7 +316,7 @@ void SkinnedButton::mouseMoveEvent(QMouseEvent*)
 void SkinnedButton::mousePressEvent(QMouseEvent* event)
 {
     pressed = event->button() == Qt::LeftButton;
-    UserControl_MouseDown(ButtonValue(event->button()));
+    pressLook(ButtonValue(event->button()));
 }
 
 void SkinnedButton::mouseDoubleClickEvent(QMouseEvent*)
@@ -328,25 +328,25 @@ void SkinnedButton::mouseDoubleClickEvent(QMouseEvent*)
 
 void SkinnedButton::mouseReleaseEvent(QMouseEvent* event)
 {
-    const bool click = pressed && event->button() == Qt::LeftButton && rect().contains(event->position().toPoint());
+    const bool clicked = pressed && event->button() == Qt::LeftButton && rect().contains(event->position().toPoint());
     pressed = false;
-    UserControl_MouseUp();
-    if (click)
-        UserControl_Click();
+    releaseLook();
+    if (clicked)
+        click();
 }
 
 void SkinnedButton::focusInEvent(QFocusEvent* event)
 {
     QWidget::focusInEvent(event);
     if (MovesBetweenControls(event))
-        UserControl_EnterFocus();
+        showFocus();
 }
 
 void SkinnedButton::focusOutEvent(QFocusEvent* event)
 {
     QWidget::focusOutEvent(event);
     if (MovesBetweenControls(event))
-        UserControl_ExitFocus();
+        hideFocus();
 }
 
 void SkinnedButton::resizeEvent(QResizeEvent* event)
@@ -354,7 +354,7 @@ void SkinnedButton::resizeEvent(QResizeEvent* event)
     QWidget::resizeEvent(event);
     if (height() != Twips(controlHeight))
         resize(width(), Twips(controlHeight));
-    picRight->move(Twips(PixelsToTwips(width()) - frameThickness), picRight->y());
+    frameRight->move(Twips(PixelsToTwips(width()) - frameThickness), frameRight->y());
 }
 
 void SkinnedButton::changeEvent(QEvent* event)

@@ -31,11 +31,11 @@ class SkinnedButton : public QWidget
 {
     Q_OBJECT
 public:
-    // Initialize, then ReadProperties from the host's store; Timer1 is running.
+    // Initialize, then ReadProperties from the host's store; startTimer is running.
     explicit SkinnedButton(QWidget* parent, const PropertyBag& stored = PropertyBag());
 
     // The properties. The writers store the value and announce it under its stored name;
-    // Enabled, CanBeChecked and IsChecked change nothing on the screen (see Timer1_Timer).
+    // Enabled, CanBeChecked and IsChecked change nothing on the screen (see applyStoredProperties).
     QIcon PictureNormal() const;
     void SetPictureNormal(const QIcon& picture);
     QString Caption() const;
@@ -51,23 +51,23 @@ public:
     void WriteProperties(PropertyBag& bag) const;
 
     // Once, 10 ms after creation: the stored Enabled takes effect, and a toggle shows its state.
-    void Timer1_Timer();
+    void applyStoredProperties();
 
     // The click of the control, its icon or its caption: a toggle flips, then Click.
-    void UserControl_Click();
+    void click();
 
-    // The background on show: PicNormal, PicOver or PicDown.
+    // The background on show: normalBackground, overBackground or downBackground.
     const QLabel* Picture() const { return picture; }
     bool FrameShown() const;
 
     // Hidden pictures of the three backgrounds, the frame along the four edges, the icon and
     // the caption (both let the mouse through to the control, which behaves alike for all
     // three), and the one-shot timer.
-    QLabel *PicNormal, *PicOver, *PicDown;
-    QLabel *picUp, *picBottom, *picLeft, *picRight;
-    QLabel* Image1;
-    QLabel* Label1;
-    QTimer* Timer1;
+    QLabel *normalBackground, *overBackground, *downBackground;
+    QLabel *frameTop, *frameBottom, *frameLeft, *frameRight;
+    QLabel* iconLabel;
+    QLabel* captionLabel;
+    QTimer* startTimer;
 
 Q_SIGNALS:
     void Click();
@@ -85,11 +85,11 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
-    void UserControl_Initialize();
-    void UserControl_EnterFocus();
-    void UserControl_ExitFocus();
-    void UserControl_MouseDown(int button);
-    void UserControl_MouseUp();
+    void initialize();
+    void showFocus();
+    void hideFocus();
+    void pressLook(int button);
+    void releaseLook();
     void ShowBackground(const QLabel* background);
     void ShowFrame(bool shown);
     void ShowIcon();

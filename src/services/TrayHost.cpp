@@ -40,7 +40,7 @@ void TrayHost::Unload()
     TrayHost* form = slot().Take();
     if (!form)
         return;
-    form->Form_Unload();
+    form->onUnload();
     form->deleteLater();
 }
 
@@ -60,17 +60,17 @@ QString TrayHost::TipText(const QString& profile)
     return text.leftJustified(64, QLatin1Char(' '), true);
 }
 
-void TrayHost::Form_Load()
+void TrayHost::load()
 {
     move(-Twips(1000), -Twips(1000));
     // Taking the vault window's icon is its first use: its whole load runs here, before the
     // options below are looked at.
-    nid.hWnd = this;
-    nid.hIcon = VaultWindow::Instance()->windowIcon();
-    setWindowIcon(nid.hIcon);
+    iconRecord.hWnd = this;
+    iconRecord.hIcon = VaultWindow::Instance()->windowIcon();
+    setWindowIcon(iconRecord.hIcon);
     tip = TipText(CurrentProfile());
-    nid.szTip = tip;
-    iconShown = platform::Shell_NotifyIconA(platform::NIM_ADD, nid) != 0;
+    iconRecord.szTip = tip;
+    iconShown = platform::Shell_NotifyIconA(platform::NIM_ADD, iconRecord) != 0;
     if (!iconShown) {
         // Without a notification area the pop-up menu would be out of reach.
         VaultWindow* vault = VaultWindow::Instance();
@@ -84,7 +84,7 @@ void TrayHost::Form_Load()
     }
 }
 
-void TrayHost::Form_Unload()
+void TrayHost::onUnload()
 {
     if (GetIni(Keys::setts, Keys::option(3), ProfileFile(QStringLiteral("cfg.txt"))) == QLatin1String("1"))
         platform::ClipboardClear();
@@ -93,11 +93,11 @@ void TrayHost::Form_Unload()
 void TrayHost::mouseMoveEvent(QMouseEvent* event)
 {
     const QPointF at = event->position();
-    Form_MouseMove(static_cast<int>(event->buttons()), static_cast<int>(event->modifiers()),
-        PixelsToTwips(qRound(at.x())), PixelsToTwips(qRound(at.y())));
+    iconMessage(static_cast<int>(event->buttons()), static_cast<int>(event->modifiers()), PixelsToTwips(qRound(at.x())),
+        PixelsToTwips(qRound(at.y())));
 }
 
-void TrayHost::Form_MouseMove(int button, int shift, int x, int y)
+void TrayHost::iconMessage(int button, int shift, int x, int y)
 {
     Q_UNUSED(button);
     Q_UNUSED(shift);

@@ -15,15 +15,15 @@ public:
     static TrayHost* Loaded();
     static void Unload();
 
-    void Form_Load();
-    void Form_Unload();
+    void load();
+    void onUnload();
     // The icon's messages: X is the message, in the window's scale (twips).
-    void Form_MouseMove(int button, int shift, int x, int y);
+    void iconMessage(int button, int shift, int x, int y);
 
     // False when the desktop has no notification area: then the pop-up menu stands in the
     // vault window's menu bar, and closing the vault window ends the run.
     bool IconShown() const { return iconShown; }
-    platform::NOTIFYICONDATA nid;
+    platform::NOTIFYICONDATA iconRecord;
 
     // "Tolvane ", CR LF, the profile, a zero, blanks: a field of 64 characters.
     static QString TipText(const QString& profile);

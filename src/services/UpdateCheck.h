@@ -32,7 +32,7 @@ template <typename Form> void CheckOnce(Form* form, void (*noNews)())
     form->checking = true;
     QPointer<Form> self(form);
     QString body;
-    const bool fetched = FetchText(*form->Inet, ManifestUrl(), body);
+    const bool fetched = FetchText(*form->client, ManifestUrl(), body);
     if (!self || Form::Loaded() != form)
         return;
     if (UpdateAvailable(fetched, body))

@@ -14,64 +14,64 @@
 
 UpdateWindow::UpdateWindow(QWidget* owner)
     : SingleDialog(owner)
-    , Timer1(new QTimer(this))
-    , Timer2(new QTimer(this))
-    , Inet(std::make_unique<platform::Inet>())
+    , checkTimer(new QTimer(this))
+    , barTimer(new QTimer(this))
+    , client(std::make_unique<platform::Inet>())
 {
     setObjectName(QStringLiteral("UpdateWindow"));
     setWindowModality(Qt::ApplicationModal);
     setWindowTitle(platform::AppTitle());
     setFixedSize(Twips(4920), Twips(1800));
-    lblInfo = Placed(new QLabel(this), "lblInfo", 120, 120, 4680, 285);
-    PB1 = Placed(new QProgressBar(this), "PB1", 120, 540, 4680, 300);
-    PB1->setRange(0, 100);
-    PB1->setValue(0);
-    cmdCanc = Placed(new QPushButton(this), "cmdCanc", 3480, 1080, 1320, 375);
-    connect(cmdCanc, &QPushButton::clicked, this, &UpdateWindow::cmdCanc_Click);
-    Timer1->setObjectName(QStringLiteral("Timer1"));
-    Timer1->setInterval(900);
-    connect(Timer1, &QTimer::timeout, this, &UpdateWindow::Timer1_Timer);
-    Timer2->setObjectName(QStringLiteral("Timer2"));
-    Timer2->setInterval(700);
-    connect(Timer2, &QTimer::timeout, this, &UpdateWindow::Timer2_Timer);
+    info = Placed(new QLabel(this), "info", 120, 120, 4680, 285);
+    progressBar = Placed(new QProgressBar(this), "progressBar", 120, 540, 4680, 300);
+    progressBar->setRange(0, 100);
+    progressBar->setValue(0);
+    cancelButton = Placed(new QPushButton(this), "cancelButton", 3480, 1080, 1320, 375);
+    connect(cancelButton, &QPushButton::clicked, this, &UpdateWindow::cancel);
+    checkTimer->setObjectName(QStringLiteral("checkTimer"));
+    checkTimer->setInterval(900);
+    connect(checkTimer, &QTimer::timeout, this, &UpdateWindow::checkTick);
+    barTimer->setObjectName(QStringLiteral("barTimer"));
+    barTimer->setInterval(700);
+    connect(barTimer, &QTimer::timeout, this, &UpdateWindow::advanceBar);
 }
 
 UpdateWindow::~UpdateWindow() = default;
 
-void UpdateWindow::Form_Load()
+void UpdateWindow::load()
 {
-    lblInfo->setText(Lang(145));
-    cmdCanc->setText(Lang(147));
-    Timer1->start();
-    Timer2->start();
+    info->setText(Lang(145));
+    cancelButton->setText(Lang(147));
+    checkTimer->start();
+    barTimer->start();
 }
 
-void UpdateWindow::Form_Unload()
+void UpdateWindow::onUnload()
 {
-    Timer1->stop();
-    Timer2->stop();
-    Inet->Cancel();
+    checkTimer->stop();
+    barTimer->stop();
+    client->Cancel();
 }
 
-void UpdateWindow::Timer1_Timer()
+void UpdateWindow::checkTick()
 {
     // A failed fetch reads as "nothing new".
     CheckOnce(this, [] { platform::MsgBox(Lang(146), 64); });
 }
 
-void UpdateWindow::Timer2_Timer()
+void UpdateWindow::advanceBar()
 {
     // A sign of life only: ten ticks to the end, whatever the network does.
-    if (PB1->value() >= 100)
-        Timer2->stop();
+    if (progressBar->value() >= 100)
+        barTimer->stop();
     else
-        PB1->setValue(PB1->value() + 10);
+        progressBar->setValue(progressBar->value() + 10);
 }
 
-void UpdateWindow::cmdCanc_Click()
+void UpdateWindow::cancel()
 {
-    Timer1->stop();
-    Timer2->stop();
+    checkTimer->stop();
+    barTimer->stop();
     Unload();
 }
 

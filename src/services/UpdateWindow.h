@@ -21,17 +21,17 @@ class UpdateWindow : public SingleDialog<UpdateWindow>
 
 public:
     ~UpdateWindow() override;
-    void Form_Load();
-    void Form_Unload();
-    void Timer1_Timer();
-    void Timer2_Timer();
-    void cmdCanc_Click();
+    void load();
+    void onUnload();
+    void checkTick();
+    void advanceBar();
+    void cancel();
 
-    QLabel* lblInfo;
-    QProgressBar* PB1;
-    QPushButton* cmdCanc;
-    QTimer *Timer1, *Timer2;
-    std::unique_ptr<platform::Inet> Inet;
+    QLabel* info;
+    QProgressBar* progressBar;
+    QPushButton* cancelButton;
+    QTimer *checkTimer, *barTimer;
+    std::unique_ptr<platform::Inet> client;
 
     bool checking = false; // a check is waiting or asking
 

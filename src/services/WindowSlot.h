@@ -1,6 +1,6 @@
 #pragma once
 // The one window of a kind that the runtime makes at its first use: touching it creates it and
-// runs its Form_Load; unloading empties the slot, so the next touch loads a new one.
+// runs its load; unloading empties the slot, so the next touch loads a new one.
 template <typename Form> class WindowSlot
 {
 public:
@@ -8,10 +8,7 @@ public:
     {
         if (!form) {
             form = make();
-            if constexpr (requires { form->load(); })
-                form->load();
-            else
-                form->Form_Load();
+            form->load();
         }
         return form;
     }
@@ -52,8 +49,8 @@ public:
     static void Unload()
     {
         if (Form* form = slot().Take()) {
-            if constexpr (requires { form->Form_Unload(); })
-                form->Form_Unload();
+            if constexpr (requires { form->onUnload(); })
+                form->onUnload();
             form->hide();
             form->deleteLater();
         }

@@ -23,7 +23,7 @@ QString ReportText(int rows)
     QString text = QStringLiteral("Tolvane") + crlf + Lang(284) + QLatin1Char(' ') + platform::TimeOfDayText()
         + QLatin1Char(' ') + platform::DateText() + crlf + Lang(285) + QLatin1Char(' ') + CurrentProfile() + crlf
         + QStringLiteral("===");
-    for (int i = 1; i <= rows && entryTable.Has(i); ++i) {
+    for (int i = 1; i <= rows && entryTable.contains(i); ++i) {
         const Entry& e = entryTable[i];
         text += crlf + QString::number(i) + QStringLiteral(") ") + Lang(286) + QLatin1Char(' ') + Shown(e.title)
             + QStringLiteral("  ") + Lang(242) + QLatin1Char(' ') + Shown(e.userName) + QStringLiteral("  ") + Lang(244)

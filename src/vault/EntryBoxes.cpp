@@ -10,13 +10,13 @@
 void CarryIntoCurrentEntry(QObject* context, const EntryBoxes& boxes)
 {
     const std::pair<TextBox*, QByteArray Entry::*> carried[] = {
-        { boxes.txtDetails, &Entry::title },
-        { boxes.txtAge, &Entry::password },
-        { boxes.txtInterests, &Entry::document },
-        { boxes.txtFullName, &Entry::userName },
-        { boxes.txtAddress, &Entry::url },
-        { boxes.txtPhone, &Entry::passphrase },
-        { boxes.txtExtra, &Entry::note },
+        { boxes.title, &Entry::title },
+        { boxes.password, &Entry::password },
+        { boxes.document, &Entry::document },
+        { boxes.userName, &Entry::userName },
+        { boxes.url, &Entry::url },
+        { boxes.passphrase, &Entry::passphrase },
+        { boxes.note, &Entry::note },
     };
     for (const auto& [control, field] : carried) {
         QObject::connect(
@@ -27,20 +27,20 @@ void CarryIntoCurrentEntry(QObject* context, const EntryBoxes& boxes)
 void SetEntryCaptions(const EntryLabels& labels)
 {
     int slot = 241;
-    for (QLabel* label : { labels.lblViewID, labels.lblFullName, labels.lblPhone, labels.lblAge, labels.lblAddress,
-             labels.lblInterests, labels.lblExtra })
+    for (QLabel* label :
+        { labels.title, labels.userName, labels.passphrase, labels.password, labels.url, labels.document, labels.note })
         label->setText(Lang(slot++));
 }
 
 void ShowEntry(const EntryBoxes& boxes, const Entry& entry)
 {
-    boxes.txtAddress->SetText(Shown(entry.url));
-    boxes.txtAge->SetText(Shown(entry.password));
-    boxes.txtDetails->SetText(Shown(entry.title));
-    boxes.txtExtra->SetText(Shown(entry.note));
-    boxes.txtFullName->SetText(Shown(entry.userName));
-    boxes.txtInterests->SetText(Shown(entry.document));
-    boxes.txtPhone->SetText(Shown(entry.passphrase));
+    boxes.url->SetText(Shown(entry.url));
+    boxes.password->SetText(Shown(entry.password));
+    boxes.title->SetText(Shown(entry.title));
+    boxes.note->SetText(Shown(entry.note));
+    boxes.userName->SetText(Shown(entry.userName));
+    boxes.document->SetText(Shown(entry.document));
+    boxes.passphrase->SetText(Shown(entry.passphrase));
 }
 
 QString Shown(const QByteArray& field)

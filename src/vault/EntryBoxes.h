@@ -8,25 +8,25 @@ class TextBox;
 
 struct EntryBoxes
 {
-    TextBox* txtDetails;
-    TextBox* txtFullName;
-    TextBox* txtPhone;
-    TextBox* txtAge;
-    TextBox* txtAddress;
-    TextBox* txtInterests;
-    TextBox* txtExtra;
+    TextBox* title;
+    TextBox* userName;
+    TextBox* passphrase;
+    TextBox* password;
+    TextBox* url;
+    TextBox* document;
+    TextBox* note;
 };
 
 // The captions of the seven boxes: title, user name, passphrase, password, URL, document, note.
 struct EntryLabels
 {
-    QLabel* lblViewID;
-    QLabel* lblFullName;
-    QLabel* lblPhone;
-    QLabel* lblAge;
-    QLabel* lblAddress;
-    QLabel* lblInterests;
-    QLabel* lblExtra;
+    QLabel* title;
+    QLabel* userName;
+    QLabel* passphrase;
+    QLabel* password;
+    QLabel* url;
+    QLabel* document;
+    QLabel* note;
 };
 
 // Sets them from their language slots, 241 to 247.

@@ -4,7 +4,7 @@ EntryTable entryTable;
 Entry currentEntry;
 bool vaultDirty = false;
 
-void EntryTable::ReDim(int lowerBound, int upperBound)
+void EntryTable::resize(int lowerBound, int upperBound)
 {
     if (upperBound < lowerBound)
         return; // "1 To 0" is refused and leaves the table as it was
@@ -13,14 +13,14 @@ void EntryTable::ReDim(int lowerBound, int upperBound)
     slots = QList<Entry>(upperBound - lowerBound + 1);
 }
 
-void EntryTable::ReDimPreserve(int upperBound)
+void EntryTable::growTo(int upperBound)
 {
     if (!allocated || upperBound < lower)
         return;
     slots.resize(upperBound - lower + 1);
 }
 
-void EntryTable::Erase()
+void EntryTable::clear()
 {
     allocated = false;
     lower = 0;
@@ -30,7 +30,7 @@ void EntryTable::Erase()
 qint16 FindEntryByTitle(const QByteArray& title, const EntryTable& table)
 {
     qint16 found = 0;
-    for (int i = 1; i <= table.UBound() && i <= 32767; ++i) {
+    for (int i = 1; i <= table.upperBound() && i <= 32767; ++i) {
         if (table[i].title == title)
             found = static_cast<qint16>(i); // the walk goes on: the last match wins
     }
@@ -39,23 +39,23 @@ qint16 FindEntryByTitle(const QByteArray& title, const EntryTable& table)
 
 void InsertEntry(EntryTable& table, const Entry& record, qint16& position)
 {
-    if (static_cast<quint16>(position) > 65534 && table.HasBounds() && table.UBound() + 1 <= 32767)
-        position = static_cast<qint16>(table.UBound() + 1);
+    if (static_cast<quint16>(position) > 65534 && table.hasBounds() && table.upperBound() + 1 <= 32767)
+        position = static_cast<qint16>(table.upperBound() + 1);
     if (static_cast<quint16>(position) > 65534)
         position = 1; // the upper bound could not be read
     const qint16 n = EntryCount(table);
     if (n < 1) {
-        table.ReDim(1, 1);
+        table.resize(1, 1);
         table[1] = record;
         return;
     }
     if (n < position) {
-        table.ReDimPreserve(table.UBound() + 1);
-        table[table.UBound()] = record;
+        table.growTo(table.upperBound() + 1);
+        table[table.upperBound()] = record;
         return;
     }
-    table.ReDimPreserve(table.UBound() + 1);
-    for (int i = table.UBound(); i > position; --i)
+    table.growTo(table.upperBound() + 1);
+    for (int i = table.upperBound(); i > position; --i)
         table[i] = table[i - 1];
     table[position] = record;
 }
@@ -64,12 +64,12 @@ void RemoveEntry(EntryTable& table, int index)
 {
     if (index < 1 || index > EntryCount(table))
         return;
-    for (int i = index; i < table.UBound(); ++i)
+    for (int i = index; i < table.upperBound(); ++i)
         table[i] = table[i + 1];
-    if (table.UBound() > 1) {
-        table.ReDimPreserve(table.UBound() - 1);
+    if (table.upperBound() > 1) {
+        table.growTo(table.upperBound() - 1);
     } else {
-        table.ReDim(0, 0);
+        table.resize(0, 0);
     }
 }
 
@@ -87,7 +87,7 @@ void StoreEntry(const Entry& record)
 
 qint16 EntryCount(const EntryTable& table)
 {
-    if (!table.HasBounds())
+    if (!table.hasBounds())
         return 0;
-    return static_cast<qint16>(table.UBound() - table.LBound() + 1);
+    return static_cast<qint16>(table.upperBound() - table.lowerBound() + 1);
 }

@@ -10,19 +10,19 @@
 class EntryTable
 {
 public:
-    bool HasBounds() const { return allocated; }
-    int LBound() const { return lower; }
+    bool hasBounds() const { return allocated; }
+    int lowerBound() const { return lower; }
     // The upper bound; 0 for a table without bounds, so that loops from 1 do nothing.
-    int UBound() const { return allocated ? lower + static_cast<int>(slots.size()) - 1 : 0; }
-    bool Has(int index) const { return allocated && index >= lower && index <= UBound(); }
+    int upperBound() const { return allocated ? lower + static_cast<int>(slots.size()) - 1 : 0; }
+    bool contains(int index) const { return allocated && index >= lower && index <= upperBound(); }
     Entry& operator[](int index) { return slots[index - lower]; }
     const Entry& operator[](int index) const { return slots[index - lower]; }
 
-    // ReDim lower To upper, contents dropped.
-    void ReDim(int lowerBound, int upperBound);
-    // ReDim Preserve to a new upper bound.
-    void ReDimPreserve(int upperBound);
-    void Erase();
+    // resize lower To upper, contents dropped.
+    void resize(int lowerBound, int upperBound);
+    // resize Preserve to a new upper bound.
+    void growTo(int upperBound);
+    void clear();
 
 private:
     bool allocated = false;
@@ -49,5 +49,5 @@ void RemoveEntry(EntryTable& table, int index);
 // vault changed. The one write of both save commands.
 void StoreEntry(const Entry& record);
 
-// UBound - LBound + 1; 0 for a table without bounds.
+// upperBound - lowerBound + 1; 0 for a table without bounds.
 qint16 EntryCount(const EntryTable& table);

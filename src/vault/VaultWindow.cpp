@@ -502,8 +502,8 @@ void VaultWindow::load()
     if (!load.read)
         return;
     // "1 To 0" is refused, so an empty vault leaves the table as it was.
-    entryTable.ReDim(1, static_cast<int>(load.entries.size()));
-    for (int i = 1; i <= load.entries.size() && entryTable.Has(i); ++i)
+    entryTable.resize(1, static_cast<int>(load.entries.size()));
+    for (int i = 1; i <= load.entries.size() && entryTable.contains(i); ++i)
         entryTable[i] = load.entries.at(i - 1);
     setListHeading(Lang(201));
     fillWithAllTitles();
@@ -528,11 +528,11 @@ void VaultWindow::save()
         return; // a search without matches on the screen saves nothing
 
     QList<Entry> entries;
-    for (int i = 1; i <= entryTable.UBound(); ++i)
+    for (int i = 1; i <= entryTable.upperBound(); ++i)
         entries.append(entryTable[i]);
     const VaultSave saved = SaveVault(ProfileFile(QStringLiteral("list.dat")), entries, &platform::YieldStep);
     // The escaping of the save changes the values in the table too.
-    for (int i = 1; i <= entryTable.UBound(); ++i)
+    for (int i = 1; i <= entryTable.upperBound(); ++i)
         entryTable[i] = entries.at(i - 1);
     if (saved == VaultSave::TooLarge)
         platform::MsgBox(Lang(900), 16);
@@ -613,7 +613,7 @@ int VaultWindow::ListedRows() const
 void VaultWindow::fillWithAllTitles()
 {
     list->Clear();
-    for (int i = 1; i <= entryTable.UBound(); ++i)
+    for (int i = 1; i <= entryTable.upperBound(); ++i)
         list->AddItem(Shown(entryTable[i].title));
 }
 
@@ -627,7 +627,7 @@ void VaultWindow::search()
         setListHeading(Lang(197));
         list->Clear();
         const QString needle = searchBox->Text().toLower();
-        for (int i = 1; i <= entryTable.UBound(); ++i) {
+        for (int i = 1; i <= entryTable.upperBound(); ++i) {
             if (const std::optional<QString> row = SearchRow(entryTable[i], needle))
                 list->AddItem(*row);
         }

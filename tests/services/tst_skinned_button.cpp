@@ -54,34 +54,34 @@ private Q_SLOTS:
         Host host;
         SkinnedButton* b = host.button;
         QSignalSpy clicks(b, &SkinnedButton::Click);
-        QCOMPARE(b->Picture(), b->PicNormal);
+        QCOMPARE(b->Picture(), b->normalBackground);
         QVERIFY(!b->FrameShown());
 
         // Passing over the button is taking the focus: the over look, which stays after the
         // mouse has gone, until the focus goes elsewhere.
         QTest::mouseMove(b, QPoint(5, 5));
         QTRY_VERIFY(b->hasFocus());
-        QCOMPARE(b->Picture(), b->PicOver);
+        QCOMPARE(b->Picture(), b->overBackground);
         QVERIFY(b->FrameShown());
 
         // The right button changes nothing going down, shows the over look coming up, no click.
         QTest::mousePress(b, Qt::RightButton);
-        QCOMPARE(b->Picture(), b->PicOver);
+        QCOMPARE(b->Picture(), b->overBackground);
         QTest::mouseRelease(b, Qt::RightButton);
-        QCOMPARE(b->Picture(), b->PicOver);
+        QCOMPARE(b->Picture(), b->overBackground);
         QCOMPARE(clicks.size(), 0);
 
         QTest::mousePress(b, Qt::LeftButton);
-        QCOMPARE(b->Picture(), b->PicDown);
+        QCOMPARE(b->Picture(), b->downBackground);
         QVERIFY(b->FrameShown());
         QTest::mouseRelease(b, Qt::LeftButton);
-        QCOMPARE(b->Picture(), b->PicOver);
+        QCOMPARE(b->Picture(), b->overBackground);
         QCOMPARE(clicks.size(), 1);
 
         // The icon and the caption click as the background does.
         b->SetCaption(QStringLiteral("Go"));
-        QTest::mouseClick(b->Label1, Qt::LeftButton);
-        QTest::mouseClick(b->Image1, Qt::LeftButton);
+        QTest::mouseClick(b->captionLabel, Qt::LeftButton);
+        QTest::mouseClick(b->iconLabel, Qt::LeftButton);
         QCOMPARE(clicks.size(), 3);
         // Pressed on the button, released beside it: no click.
         QTest::mousePress(b, Qt::LeftButton);
@@ -91,10 +91,10 @@ private Q_SLOTS:
         // (Through the window, as the window system delivers a double click.)
         QTest::mouseDClick(host.window.windowHandle(), Qt::LeftButton, {}, b->geometry().center());
         QCOMPARE(clicks.size(), 4);
-        QCOMPARE(b->Picture(), b->PicOver);
+        QCOMPARE(b->Picture(), b->overBackground);
 
         host.box->setFocus();
-        QCOMPARE(b->Picture(), b->PicNormal);
+        QCOMPARE(b->Picture(), b->normalBackground);
         QVERIFY(!b->FrameShown());
     }
 
@@ -110,9 +110,9 @@ private Q_SLOTS:
         QVERIFY(b->IsChecked());
         QCOMPARE(clicks.size(), 1);
         // Still the look of a button with the focus: the state shows only when it leaves.
-        QCOMPARE(b->Picture(), b->PicOver);
+        QCOMPARE(b->Picture(), b->overBackground);
         host.box->setFocus();
-        QCOMPARE(b->Picture(), b->PicNormal);
+        QCOMPARE(b->Picture(), b->normalBackground);
         QVERIFY(b->FrameShown());
 
         QTest::mouseClick(b, Qt::LeftButton);
@@ -135,14 +135,14 @@ private Q_SLOTS:
             stored({ { "ENAB", false }, { "CHEK", true }, { "CCHEK", true }, { "CAP", QStringLiteral("Find") } }));
         SkinnedButton* b = host.button;
         QCOMPARE(b->Caption(), QStringLiteral("Find"));
-        QVERIFY(b->Label1->width() > 0); // the caption sizes itself
+        QVERIFY(b->captionLabel->width() > 0); // the caption sizes itself
         // Until the tick the control is as Initialize left it: enabled, plain look.
         QVERIFY(b->isEnabled());
         QVERIFY(!b->FrameShown());
-        QTRY_VERIFY(!b->Timer1->isActive());
+        QTRY_VERIFY(!b->startTimer->isActive());
         QVERIFY(!b->isEnabled());
         QVERIFY(b->FrameShown()); // a checked toggle
-        QCOMPARE(b->Picture(), b->PicNormal);
+        QCOMPARE(b->Picture(), b->normalBackground);
 
         // Enabled set by code later is the member only; nothing on the screen follows it.
         QSignalSpy changed(b, &SkinnedButton::PropertyChanged);
@@ -189,7 +189,7 @@ private Q_SLOTS:
         QVERIFY(copy.CanBeChecked());
         QVERIFY(copy.IsChecked());
         QVERIFY(!copy.PictureNormal().isNull());
-        QVERIFY(!copy.Image1->pixmap().isNull());
+        QVERIFY(!copy.iconLabel->pixmap().isNull());
     }
 
     void assistiveToolsSeeAPushButton()
@@ -221,7 +221,7 @@ private Q_SLOTS:
             PlaceTwips(b, 0, 0, 1215, twips);
             QCOMPARE(b->height(), Twips(375));
             QCOMPARE(b->width(), Twips(1215)); // the width is free
-            QCOMPARE(b->picRight->x(), Twips(1215 - 30));
+            QCOMPARE(b->frameRight->x(), Twips(1215 - 30));
         }
     }
 };

@@ -58,7 +58,7 @@ class tst_update : public QObject
         run.boxes.shown.clear();
         UpdateWindow* update = UpdateWindow::Instance(nullptr);
         update->show();
-        update->Timer1_Timer();
+        update->checkTick();
         QStringList texts;
         for (const auto& box : run.boxes.shown)
             texts << QStringLiteral("%1 %2").arg(box.flags).arg(box.text);
@@ -116,9 +116,9 @@ private Q_SLOTS:
         server.response.clear(); // takes the request, never answers
         UpdateWindow* update = UpdateWindow::Instance(nullptr);
         update->show();
-        QCOMPARE(update->lblInfo->text(), Lang(145));
-        QTimer::singleShot(300, update->cmdCanc, &QPushButton::click);
-        update->Timer1_Timer(); // waits, with events running, until the cancel
+        QCOMPARE(update->info->text(), Lang(145));
+        QTimer::singleShot(300, update->cancelButton, &QPushButton::click);
+        update->checkTick(); // waits, with events running, until the cancel
         QVERIFY(!UpdateWindow::Loaded());
         QVERIFY(run.boxes.shown.isEmpty());
         QVERIFY(server.request.startsWith("GET "));
@@ -126,11 +126,11 @@ private Q_SLOTS:
         // The bar is a sign of life only: ten ticks to 100, then its timer stops.
         update = UpdateWindow::Instance(nullptr);
         for (int i = 0; i < 10; ++i)
-            update->Timer2_Timer();
-        QCOMPARE(update->PB1->value(), 100);
-        QVERIFY(update->Timer2->isActive());
-        update->Timer2_Timer();
-        QVERIFY(!update->Timer2->isActive());
+            update->advanceBar();
+        QCOMPARE(update->progressBar->value(), 100);
+        QVERIFY(update->barTimer->isActive());
+        update->advanceBar();
+        QVERIFY(!update->barTimer->isActive());
         UpdateWindow::Unload();
     }
 
@@ -143,14 +143,14 @@ private Q_SLOTS:
             StartSilentUpdateCheck();
             SilentUpdateCheck* check = SilentUpdateCheck::Loaded();
             QVERIFY(check && !check->isVisible());
-            QCOMPARE(check->Timer1->interval(), 600);
-            check->Timer1_Timer();
+            QCOMPARE(check->checkTimer->interval(), 600);
+            check->checkTick();
             QVERIFY(!SilentUpdateCheck::Loaded());
         }
         QVERIFY(run.boxes.shown.isEmpty());
         server.serve("200 OK", "3.0");
         StartSilentUpdateCheck();
-        SilentUpdateCheck::Loaded()->Timer1_Timer();
+        SilentUpdateCheck::Loaded()->checkTick();
         QCOMPARE(run.boxes.shown.size(), 1);
         QCOMPARE(run.boxes.shown[0].text, Lang(144));
 
@@ -169,20 +169,20 @@ private Q_SLOTS:
         AboutDialog* about = AboutDialog::Instance(nullptr);
         about->show();
         QCOMPARE(about->windowTitle(), Lang(118));
-        QCOMPARE(about->Label1->text(), QStringLiteral("2.10"));
-        QCOMPARE(about->Label88->text(), QStringLiteral("Tolvane"));
-        QCOMPARE(about->Label4->text(), QSysInfo::machineHostName());
-        QCOMPARE(about->Label15->text(), Lang(135));
-        about->LinkLabel_MouseMove(about->Label15);
-        about->LinkLabel_MouseMove(about->Label17);
-        QVERIFY(about->Label17->font().underline());
-        for (ClickablePicture* other : { about->Label14, about->Label15, about->Label16 })
+        QCOMPARE(about->version->text(), QStringLiteral("2.10"));
+        QCOMPARE(about->productName->text(), QStringLiteral("Tolvane"));
+        QCOMPARE(about->computerName->text(), QSysInfo::machineHostName());
+        QCOMPARE(about->supportLink->text(), Lang(135));
+        about->underlineLink(about->supportLink);
+        about->underlineLink(about->contactLink);
+        QVERIFY(about->contactLink->font().underline());
+        for (ClickablePicture* other : { about->homePageLink, about->supportLink, about->forumLink })
             QVERIFY(!other->font().underline());
-        QCOMPARE(about->Label17->cursor().shape(), Qt::PointingHandCursor);
+        QCOMPARE(about->contactLink->cursor().shape(), Qt::PointingHandCursor);
         ShellScript shell;
-        QTest::mouseClick(about->Label16, Qt::LeftButton);
+        QTest::mouseClick(about->forumLink, Qt::LeftButton);
         QCOMPARE(shell.calls.size(), 1);
-        QTest::mouseClick(about->Label1, Qt::LeftButton); // the version closes the window
+        QTest::mouseClick(about->version, Qt::LeftButton); // the version closes the window
         QVERIFY(!AboutDialog::Loaded());
     }
 };

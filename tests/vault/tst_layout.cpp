@@ -149,7 +149,7 @@ private Q_SLOTS:
         QTest::mouseMove(main->undoButton);
         QTRY_VERIFY(main->undoButton->hasFocus());
         QCOMPARE(currentEntry.userName, QStringLiteral("-xann"));
-        QCOMPARE(main->undoButton->Picture(), main->undoButton->PicOver);
+        QCOMPARE(main->undoButton->Picture(), main->undoButton->overBackground);
         // Nothing was clicked: the undo of the box did not run, the table is untouched.
         QCOMPARE(main->userNameBox->Text(), QStringLiteral("-xann"));
         QCOMPARE(entryTable[1].userName, QStringLiteral("ann"));

@@ -25,14 +25,14 @@ private Q_SLOTS:
         QCOMPARE(EntryCount(t), qint16(0));
         QCOMPARE(FindEntryByTitle("a", t), qint16(0));
         RemoveEntry(t, 1); // nothing to remove: nothing happens
-        t.ReDim(1, 0); // "1 To 0" is refused
-        QVERIFY(!t.HasBounds());
+        t.resize(1, 0); // "1 To 0" is refused
+        QVERIFY(!t.hasBounds());
 
         qint16 end = -1;
         InsertEntry(t, titled("a"), end);
         QCOMPARE(end, qint16(1)); // the upper bound could not be read
-        QCOMPARE(t.LBound(), 1);
-        QCOMPARE(t.UBound(), 1);
+        QCOMPARE(t.lowerBound(), 1);
+        QCOMPARE(t.upperBound(), 1);
         end = -1;
         InsertEntry(t, titled("b"), end);
         QCOMPARE(end, qint16(2));
@@ -52,27 +52,27 @@ private Q_SLOTS:
         RemoveEntry(t, 5);
         QCOMPARE(EntryCount(t), qint16(4));
         RemoveEntry(t, 2);
-        QCOMPARE(t.UBound(), 3);
+        QCOMPARE(t.upperBound(), 3);
         QCOMPARE(t[2].title, QByteArray("b"));
         RemoveEntry(t, 1);
         RemoveEntry(t, 1);
         RemoveEntry(t, 1);
         // The last entry gone: 0 to 0, an empty slot 0, a count of 1.
-        QCOMPARE(t.LBound(), 0);
-        QCOMPARE(t.UBound(), 0);
+        QCOMPARE(t.lowerBound(), 0);
+        QCOMPARE(t.upperBound(), 0);
         QCOMPARE(EntryCount(t), qint16(1));
         QVERIFY(t[0].title.isEmpty());
 
         end = -1;
         InsertEntry(t, titled("z"), end);
-        QCOMPARE(t.LBound(), 0);
-        QCOMPARE(t.UBound(), 1);
+        QCOMPARE(t.lowerBound(), 0);
+        QCOMPARE(t.upperBound(), 1);
         QCOMPARE(t[1].title, QByteArray("z"));
         QVERIFY(t[0].title.isEmpty());
         QCOMPARE(FindEntryByTitle("z", t), qint16(1));
         // With the empty slot 0, the count runs one ahead: removing "past" the top drops the top.
         RemoveEntry(t, 2);
-        QCOMPARE(t.UBound(), 0);
+        QCOMPARE(t.upperBound(), 0);
     }
 
     void rowTitleCutsAtTheFirstBlankParenthesis()
