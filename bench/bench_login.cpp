@@ -4,13 +4,16 @@
 //   - from the password's Enter to the vault window shown, median of the rounds;
 //   - resident memory with the vault open.
 // Run: build/bench/bench_login [rounds]   (offscreen unless DISPLAY is set)
+// The windows are driven as a user drives them: the password box found by its caption.
+#include "Ui.h"
 #include "platform/MessageBox.h"
 #include "platform/Paths.h"
-#include "services/ListBox.h"
+#include "services/LanguageTable.h"
 #include "services/RegistryLayer.h"
 #include "services/TrayHost.h"
 #include "startup/LoginDialog.h"
 #include "startup/PasswordDigest.h"
+#include "startup/ProgramWiring.h"
 #include "startup/SplashWindow.h"
 #include "storage/ProfileFiles.h"
 #include "storage/VaultFile.h"
@@ -86,6 +89,7 @@ int main(int argc, char* argv[])
     qputenv("TOLVANE_MEDIA", "");
     QApplication app(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
+    ConnectWindows(); // as the program's start does
     const int rounds = argc > 1 ? std::max(1, atoi(argv[1])) : 21;
     platform::SetMessageBoxBackend([](const platform::MessageBoxCall& call) {
         std::fprintf(stderr, "box: %s\n", qPrintable(call.text));
@@ -118,11 +122,7 @@ int main(int argc, char* argv[])
         return 1;
     const qint64 vaultBytes = QFileInfo(data + QStringLiteral("Administrator/list.dat")).size();
 
-    auto* splash = new SplashWindow;
-    splash->setAttribute(Qt::WA_DeleteOnClose);
-    splash->initialize();
-    splash->load();
-    splash->show();
+    SplashWindow* splash = SplashWindow::Start();
     for (int tick = 0; tick < 3; ++tick)
         splash->tick();
     LoginDialog* login = shownLogin();
@@ -140,15 +140,18 @@ int main(int argc, char* argv[])
             if (!login || !QTest::qWaitForWindowExposed(login))
                 return 3;
         }
-        login->passwordBox->setText(QStringLiteral("bench"));
+        auto* password = ui::get<QLineEdit>(login, Lang(190));
+        if (!password)
+            return 6;
+        password->setText(QStringLiteral("bench"));
         QElapsedTimer t;
         t.start();
-        QTest::keyClick(login->passwordBox, Qt::Key_Return);
+        QTest::keyClick(password, Qt::Key_Return);
         VaultWindow* main = VaultWindow::Loaded();
         if (!main || !QTest::qWaitForWindowExposed(main))
             return 4;
         enterToVault << t.nsecsElapsed() / 1e6;
-        if (main->list->ListCount() != 300)
+        if (ui::rows(main, Lang(201)).size() != 300)
             return 5;
         QTest::qWait(20);
         rss = std::max(rss, residentKb());

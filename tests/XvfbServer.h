@@ -1,10 +1,8 @@
 #pragma once
-// A private X server for the tests that need a real display, and the small X tools that drive
-// and read it (xdotool, xclip) run as other processes would.
-#include <QElapsedTimer>
+// A private X server for the tests that need a real display, driven and read by the X tools
+// (xdotool, xclip) as other programs would.
 #include <QProcess>
 #include <QProcessEnvironment>
-#include <QStandardPaths>
 #include <QTest>
 
 class XvfbServer
@@ -12,57 +10,49 @@ class XvfbServer
 public:
     ~XvfbServer()
     {
-        tray.terminate();
-        tray.waitForFinished(3000);
-        stop();
+        tray.kill();
+        tray.waitForFinished();
+        // Terminated, not killed: a killed server leaves its socket file and lock behind.
+        xvfb.terminate();
+        xvfb.waitForFinished(10000);
     }
 
-    // Starts Xvfb on a free display of its own choosing; the display name, or "" on failure.
-    // Xvfb writes the number only once it accepts clients, so nobody connects too early (a
-    // socket file left by an earlier server is no sign of this one); a first client is let in
-    // before the display is handed out, and what a server that failed said goes to the log.
-    QString start()
+    // Xvfb on a display of its own choosing. It writes the number only once it takes clients (a
+    // socket file left by an earlier server is no sign of this one), and a first client is let
+    // in before the display counts as up. False, with what the server said, when it is not.
+    bool start()
     {
-        if (launch() && answers())
-            return display;
-        qWarning().noquote() << "Xvfb did not take a client:" << report();
-        stop();
-        display.clear();
-        return display;
+        // -noreset: else the server starts over whenever its last client leaves, and turns away or
+        // stalls a client that comes just then (each xdotool call is a client that comes and goes).
+        xvfb.start(QStringLiteral("Xvfb"),
+            QStringLiteral("-displayfd 1 -noreset -screen 0 1280x1024x24 -nolisten tcp").split(QLatin1Char(' ')));
+        for (int tries = 0; xvfb.waitForStarted() && !xvfb.canReadLine() && tries < 100; ++tries)
+            xvfb.waitForReadyRead(100);
+        display = QLatin1Char(':') + QString::fromLatin1(xvfb.readLine().trimmed());
+        for (int tries = 0; display.size() > 1 && tries < 25; ++tries, QTest::qWait(200)) {
+            if (!xdotool(QStringLiteral("getdisplaygeometry")).isEmpty())
+                return true;
+        }
+        qWarning().noquote() << "Xvfb did not take a client on" << display << xvfb.errorString()
+                             << xvfb.readAllStandardError();
+        return false;
     }
 
-    // How the server is doing, for whoever reads a failure: its state and what it wrote.
-    QString report()
-    {
-        return QStringLiteral("display %1, %2, exit code %3, it said: %4")
-            .arg(display, xvfb.state() == QProcess::Running ? QStringLiteral("running") : QStringLiteral("not running"))
-            .arg(xvfb.exitCode())
-            .arg(QString::fromLocal8Bit(xvfb.readAllStandardError()).trimmed());
-    }
-
-    // A notification area on this display (trayer), up once its window is; false without it.
+    // A notification area on this display (trayer), up once its window is.
     bool startTray()
     {
-        const QString host = QStandardPaths::findExecutable(QStringLiteral("trayer"));
-        if (host.isEmpty())
-            return false;
         tray.setProcessEnvironment(environment());
-        tray.start(host,
-            { QStringLiteral("--edge"), QStringLiteral("top"), QStringLiteral("--align"), QStringLiteral("right"),
-                QStringLiteral("--widthtype"), QStringLiteral("pixel"), QStringLiteral("--width"),
-                QStringLiteral("100"), QStringLiteral("--height"), QStringLiteral("24") });
-        QElapsedTimer waited;
-        waited.start();
-        while (tray.state() != QProcess::NotRunning && waited.elapsed() < 5000
-            && run(QStringLiteral("xdotool"),
-                { QStringLiteral("search"), QStringLiteral("--class"), QStringLiteral("trayer") })
-                   .isEmpty())
-            QTest::qWait(50);
-        return tray.state() == QProcess::Running;
+        tray.start(QStringLiteral("trayer"),
+            QStringLiteral("--edge top --align right --widthtype pixel --width 100 --height 24")
+                .split(QLatin1Char(' ')));
+        for (int tries = 0; tray.waitForStarted() && tries < 100; ++tries, QTest::qWait(50)) {
+            if (!xdotool(QStringLiteral("search --class trayer")).isEmpty())
+                return true;
+        }
+        return false;
     }
 
-    // The environment of a program on this display: no offscreen platform, no program-folder
-    // override (the program finds its folder beside itself).
+    // A program on this display finds its folder beside itself.
     QProcessEnvironment environment() const
     {
         QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
@@ -82,70 +72,28 @@ public:
         return QString::fromUtf8(p.readAllStandardOutput()).trimmed();
     }
 
-    // The first visible window whose name matches the pattern, "" while there is none.
-    QString window(const QString& namePattern) const
+    // xdotool with these words and one last argument that may hold spaces.
+    QString xdotool(const QString& words, const QString& last = {}) const
     {
         return run(QStringLiteral("xdotool"),
-            { QStringLiteral("search"), QStringLiteral("--onlyvisible"), QStringLiteral("--name"), namePattern })
-            .split(QLatin1Char('\n'))
-            .first();
+            words.split(QLatin1Char(' ')) + (last.isEmpty() ? QStringList() : QStringList { last }));
     }
 
-    QProcess xvfb;
-    QProcess tray;
+    // The first visible window whose title matches the pattern, "" while there is none.
+    QString window(const QString& title) const
+    {
+        return xdotool(QStringLiteral("search --onlyvisible --name"), title).section(QLatin1Char('\n'), 0, 0);
+    }
+
+    // The keys typed into that window, each given time to act.
+    void keys(const QString& window, const QStringList& keys) const
+    {
+        QStringList args = { QStringLiteral("windowfocus"), QStringLiteral("--sync"), window };
+        for (const QString& key : keys)
+            args << QStringLiteral("sleep") << QStringLiteral("0.3") << QStringLiteral("key") << key;
+        run(QStringLiteral("xdotool"), args << QStringLiteral("sleep") << QStringLiteral("0.3"));
+    }
+
+    QProcess xvfb, tray;
     QString display;
-
-private:
-    bool launch()
-    {
-        const QString server = QStandardPaths::findExecutable(QStringLiteral("Xvfb"));
-        if (server.isEmpty())
-            return false;
-        // -noreset: by default the server starts over each time its last client leaves, and a
-        // client that comes at that moment is turned away ("could not connect to display") or
-        // left waiting for ever. Every xdotool call here is a client that comes and goes.
-        xvfb.start(server,
-            { QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-noreset"), QStringLiteral("-screen"),
-                QStringLiteral("0"), QStringLiteral("1280x1024x24"), QStringLiteral("-nolisten"),
-                QStringLiteral("tcp") });
-        if (!xvfb.waitForStarted())
-            return false;
-        QByteArray number;
-        QElapsedTimer waited;
-        waited.start();
-        while (!number.endsWith('\n') && waited.elapsed() < 10000 && xvfb.state() == QProcess::Running) {
-            xvfb.waitForReadyRead(100);
-            number += xvfb.readAllStandardOutput();
-        }
-        display = QLatin1Char(':') + QString::fromLatin1(number.trimmed());
-        return !number.trimmed().isEmpty();
-    }
-
-    // A real client on the display: the server is there and lets it in.
-    bool answers() const
-    {
-        QElapsedTimer waited;
-        waited.start();
-        do {
-            QProcess probe;
-            probe.setProcessEnvironment(environment());
-            probe.start(QStringLiteral("xdotool"), { QStringLiteral("getdisplaygeometry") });
-            if (probe.waitForFinished(5000) && probe.exitStatus() == QProcess::NormalExit && probe.exitCode() == 0)
-                return true;
-            QTest::qWait(200);
-        } while (waited.elapsed() < 5000);
-        return false;
-    }
-
-    // Terminated, not killed: a killed server leaves its socket file and lock behind.
-    void stop()
-    {
-        if (xvfb.state() == QProcess::NotRunning)
-            return;
-        xvfb.terminate();
-        if (!xvfb.waitForFinished(10000)) {
-            xvfb.kill();
-            xvfb.waitForFinished(3000);
-        }
-    }
 };

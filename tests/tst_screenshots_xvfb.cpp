@@ -1,140 +1,76 @@
-// Screenshots of the vault window, the settings window and the password generator on a real X
-// server at 100 % and 200 % scale. The same executable takes the shots (`--shoot DIR SCALE`,
-// run once per scale on a private Xvfb) and checks them. With TOLVANE_SCREENSHOTS_DIR set, the
-// pictures are kept there (scripts/screenshots.sh refreshes the documentation's with it).
-#include "VaultRun.h"
+// Screenshots of the vault, settings and generator windows on a real X server at 100 % and 200 %,
+// taken by this test run again with TOLVANE_SHOOT=DIR; kept in TOLVANE_SCREENSHOTS_DIR if set.
+#include "ProgramRun.h"
 #include "XvfbServer.h"
 #include "platform/Twips.h"
-#include "services/ProgramPictures.h"
-#include "settings/SettingsWindow.h"
 #include "tools/PasswordGenerator.h"
-
-#include <QImage>
-#include <QLabel>
-
-namespace {
-
-Entry sample(const char* title, const char* name, const char* age, const char* address)
-{
-    Entry e;
-    e.title = title;
-    e.userName = name;
-    e.password = age;
-    e.url = address;
-    return e;
-}
-
-bool save(QWidget* widget, const QString& dir, const QString& name, const QString& scale)
-{
-    return widget->grab().save(dir + QLatin1Char('/') + name + QLatin1Char('-') + scale + QStringLiteral(".png"));
-}
-
-// A run of the program with a small vault, an entry on show, then the two tool windows.
-int shoot(const QString& dir, const QString& scale)
-{
-    VaultRun run;
-    run.writeVault({ sample("Bank", "j.smith", "Kq7-hill-21", "https://bank.example"),
-        sample("E-mail", "jsmith@mail.example", "sun4Moon!", "https://mail.example"),
-        sample("Forum", "jsmith", "r3d-apple", "https://forum.example"),
-        sample("Shop", "john.smith", "4-tulips", "https://shop.example") });
-    VaultWindow* main = run.start();
-    if (!main)
-        return 2;
-    VaultRun::activate(main);
-    VaultRun::clickRow(main->list, 1);
-    // The mouse rests on the copy button, which shows the look of a button under the mouse.
-    QTest::mouseMove(main->copyButton);
-    QTest::qWait(200);
-    bool saved = save(main, dir, QStringLiteral("main"), scale);
-    saved = save(main->copyButton, dir, QStringLiteral("toolbar"), scale) && saved;
-
-    SettingsWindow* settings = SettingsWindow::Instance();
-    VaultRun::activate(settings);
-    QTest::qWait(200);
-    saved = save(settings, dir, QStringLiteral("settings"), scale) && saved;
-    settings->hide();
-
-    PasswordGenerator generator(main);
-    generator.deliveryMode = QStringLiteral("0");
-    VaultRun::activate(&generator);
-    generator.generate();
-    QTest::qWait(200);
-    saved = save(&generator, dir, QStringLiteral("generator"), scale) && saved;
-    return saved ? 0 : 1;
-}
-
-// True when every 2 by 2 block of the picture is one colour: a picture drawn at half the
-// resolution and blown up.
-bool pixelDoubled(const QImage& image)
-{
-    for (int y = 0; y + 1 < image.height(); y += 2) {
-        for (int x = 0; x + 1 < image.width(); x += 2) {
-            const QRgb c = image.pixel(x, y);
-            if (image.pixel(x + 1, y) != c || image.pixel(x, y + 1) != c || image.pixel(x + 1, y + 1) != c)
-                return false;
-        }
-    }
-    return true;
-}
-
-} // namespace
 
 class tst_screenshots_xvfb : public QObject
 {
     Q_OBJECT
 
+    QTemporaryDir temporary;
+    QString dir; // of the shots
+
+    QString png(const char* name, qreal ratio) const
+    {
+        return QStringLiteral("%1/%2-%3.png").arg(dir, QLatin1String(name)).arg(qRound(ratio * 100));
+    }
+
+    // The run that takes the shots: a small vault with an entry on show, then the two tool
+    // windows, each saved as NAME-SCALE.png.
+    void shoot()
+    {
+        const auto save = [this](QWidget* w, const char* n) { QVERIFY(w->grab().save(png(n, w->devicePixelRatio()))); };
+        SetDesignFont(); // as the program's start does
+        ProgramRun run;
+        VaultWindow* vault = run.startActive({ { "Bank", {}, {}, {}, {}, {}, {}, {} },
+            { "E-mail", "sun4Moon!", {}, "jsmith@mail.example", "https://mail.example", {}, {}, {} },
+            { "Forum", {}, {}, {}, {}, {}, {}, {} }, { "Shop", {}, {}, {}, {}, {}, {}, {} } });
+        QVERIFY(vault);
+        ui::clickRow(vault, Lang(201), 1);
+        // The mouse rests on the copy button, which shows the look of a button under the mouse.
+        QTest::mouseMove(ui::get(vault, Lang(217)));
+        QTest::qWait(200);
+        save(vault, "main");
+        save(ui::get(vault, Lang(217)), "toolbar");
+        ui::menu(vault, { Lang(226), Lang(228) });
+        ui::activate(ui::window(QStringLiteral("Ustawienia...")));
+        save(ui::window(QStringLiteral("Ustawienia...")), "settings");
+        PasswordGenerator generator(nullptr, nullptr);
+        ui::activate(&generator);
+        ui::click(&generator, Lang(277));
+        generator.keepUseButtonInStep();
+        save(&generator, "generator");
+    }
+
 private Q_SLOTS:
     void windowsAtBothScales()
     {
-        if (QStandardPaths::findExecutable(QStringLiteral("Xvfb")).isEmpty())
-            QSKIP("Xvfb is not installed");
+        if (!(dir = qEnvironmentVariable("TOLVANE_SHOOT")).isEmpty())
+            return shoot(); // the run that takes the shots
+        dir = qEnvironmentVariable("TOLVANE_SCREENSHOTS_DIR", temporary.path());
         XvfbServer x;
-        QVERIFY2(!x.start().isEmpty(), qPrintable(x.report()));
-        // With a notification area the tray's menu stays out of the window's menu bar.
-        QVERIFY(x.startTray());
-        QTemporaryDir temporary;
-        const QString kept = qEnvironmentVariable("TOLVANE_SCREENSHOTS_DIR");
-        const QString dir = kept.isEmpty() ? temporary.path() : kept;
-        QDir().mkpath(dir);
-        for (const char* scale : { "100", "200" }) {
-            QProcessEnvironment env = x.environment();
-            env.insert(QStringLiteral("QT_SCALE_FACTOR"), QString::number(QByteArray(scale).toInt() / 100));
-            QProcess shooter;
-            shooter.setProcessEnvironment(env);
-            shooter.start(
-                QCoreApplication::applicationFilePath(), { QStringLiteral("--shoot"), dir, QLatin1String(scale) });
-            QVERIFY(shooter.waitForFinished(60000));
-            QCOMPARE(shooter.exitCode(), 0);
+        QVERIFY2(x.start(), "no X display could be started (scripts/setup.sh installs Xvfb and xdotool)");
+        QVERIFY(x.startTray()); // with a notification area the tray's menu stays out of the menu bar
+        qputenv("DISPLAY", x.display.toLocal8Bit());
+        qunsetenv("QT_QPA_PLATFORM");
+        qputenv("TOLVANE_SHOOT", dir.toLocal8Bit());
+        for (const char* scale : { "1", "2" }) {
+            qputenv("QT_SCALE_FACTOR", scale);
+            QCOMPARE(QProcess::execute(QCoreApplication::applicationFilePath(), {}), 0);
         }
-
-        for (const char* name : { "main", "settings", "generator", "toolbar" }) {
-            const QImage normal(dir + QLatin1Char('/') + QLatin1String(name) + QStringLiteral("-100.png"));
-            const QImage doubled(dir + QLatin1Char('/') + QLatin1String(name) + QStringLiteral("-200.png"));
-            QVERIFY2(!normal.isNull() && !doubled.isNull(), name);
-            // The same layout in twips at both scales, every pixel of it twice over.
-            QCOMPARE(doubled.size(), normal.size() * 2);
-        }
-        // A toolbar button is one twips height at both scales, and its pictures are drawn at the
-        // screen's resolution, not blown up from the small ones.
-        const QImage button(dir + QStringLiteral("/toolbar-100.png"));
+        // The same layout in twips at both scales, every pixel of it twice over.
+        for (const char* name : { "main", "settings", "generator", "toolbar" })
+            QCOMPARE(QImage(png(name, 2)).size(), QImage(png(name, 1)).size() * 2);
+        // A toolbar button is one twips height at both scales, its pictures drawn at the screen's resolution
+        // (not blown up from the small ones), and under the mouse its frame's outer line tops it.
+        const QImage button(png("toolbar", 1)), doubled(png("toolbar", 2));
         QCOMPARE(button.size(), QSize(25, 25));
-        QVERIFY(!pixelDoubled(QImage(dir + QStringLiteral("/toolbar-200.png"))));
-        // The hover look: the frame's outer line along the top edge, in the frame's colour.
+        QVERIFY(doubled.scaled(button.size()).scaled(doubled.size()).convertToFormat(doubled.format()) != doubled);
         QCOMPARE(button.pixelColor(12, 0), QColor(0x2f, 0x6f, 0xb3));
     }
 };
 
-int main(int argc, char** argv)
-{
-    if (argc == 4 && QByteArray(argv[1]) == "--shoot") {
-        QApplication app(argc, argv);
-        QApplication::setWindowIcon(ProgramIcon());
-        SetDesignFont(); // as the program's start does
-        return shoot(QString::fromLocal8Bit(argv[2]), QString::fromLocal8Bit(argv[3]));
-    }
-    QApplication app(argc, argv);
-    tst_screenshots_xvfb test;
-    return QTest::qExec(&test, argc, argv);
-}
-
+QTEST_MAIN(tst_screenshots_xvfb)
 #include "tst_screenshots_xvfb.moc"

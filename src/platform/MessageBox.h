@@ -20,6 +20,25 @@ enum MsgBoxResult : int
     IDNO = 7,
 };
 
+// A box's flags: its buttons, its icon and its default button, added together.
+enum MessageBoxFlags : int
+{
+    MB_OK = 0,
+    MB_OKCANCEL = 1,
+    MB_YESNO = 4,
+    MB_ICONERROR = 16, // the critical icon
+    MB_ICONQUESTION = 32,
+    MB_ICONWARNING = 48,
+    MB_ICONINFORMATION = 64,
+    MB_DEFBUTTON2 = 256,
+};
+
+// The flags of the import's and the switch's questions: made by joining the digits of 32 and 4
+// as text, 324 is Yes and No with the information icon and No as the default button (not the
+// question of 36), and that is what is asked.
+constexpr int MB_JOINED_QUESTION = MB_YESNO | MB_ICONINFORMATION | MB_DEFBUTTON2;
+static_assert(MB_JOINED_QUESTION == 324);
+
 struct MessageBoxCall
 {
     QString text;

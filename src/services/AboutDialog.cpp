@@ -58,8 +58,8 @@ AboutDialog::AboutDialog(QWidget* owner)
     contactLink = link("contactLink", 3780, 3600, 1980);
     closeButton = Placed(new QPushButton(QStringLiteral("OK"), this), "closeButton", 4440, 4020, 1320, 375);
     closeButton->setDefault(true);
-    connect(closeButton, &QPushButton::clicked, this, &AboutDialog::closeAbout);
-    connect(version, &ClickablePicture::Click, this, &AboutDialog::closeFromVersion);
+    connect(closeButton, &QPushButton::clicked, this, [] { Unload(); });
+    connect(version, &ClickablePicture::Click, this, [] { Unload(); }); // the version closes it too
     connect(homePageLink, &ClickablePicture::Click, this, [] { LinkHomePage(); });
     connect(supportLink, &ClickablePicture::Click, this, [] { LinkSupportPage(); });
     connect(forumLink, &ClickablePicture::Click, this, [] { LinkForum(); });
@@ -101,15 +101,7 @@ void AboutDialog::underlineLink(ClickablePicture* link)
     }
 }
 
-void AboutDialog::closeAbout()
-{
-    Unload();
-}
 
-void AboutDialog::closeFromVersion()
-{
-    Unload();
-}
 
 void ShowAbout(QWidget* owner)
 {

@@ -1,5 +1,5 @@
 #pragma once
-// The about box: name, version, rights notice, author, the computer's name and four links to
+// The about box (the original's FrmAbout): name, version, rights notice, author, the computer's name and four links to
 // the maker's pages, which underline under the mouse. It writes and keeps nothing.
 #include "services/WindowSlot.h"
 
@@ -12,10 +12,9 @@ class AboutDialog : public SingleDialog<AboutDialog>
     Q_OBJECT
     friend class SingleDialog<AboutDialog>;
 
-public:
+private:
+    explicit AboutDialog(QWidget* owner);
     void load();
-    void closeAbout();
-    void closeFromVersion();
     // The hover of one link: the hand, that link underlined, the three others not.
     void underlineLink(ClickablePicture* link);
 
@@ -24,9 +23,6 @@ public:
     ClickablePicture* version; // the version; a click closes the window
     ClickablePicture *homePageLink, *supportLink, *forumLink, *contactLink;
     QPushButton* closeButton;
-
-private:
-    explicit AboutDialog(QWidget* owner);
 };
 
 void ShowAbout(QWidget* owner);

@@ -120,7 +120,7 @@ void LoadLanguage()
 {
     if (GetProgramSetting(QStringLiteral("curLang")).isEmpty()) {
         // The table can't be there yet, so this is the one text that is no slot.
-        platform::MsgBox(QStringLiteral("Error: Failed loading selected language."), 16);
+        platform::MsgBox(QStringLiteral("Error: Failed loading selected language."), platform::MB_ICONERROR);
         SaveProgramSetting(QStringLiteral("curLang"), QStringLiteral("English"));
     }
     const QString path = platform::AppPath() + QStringLiteral("\\languages\\")

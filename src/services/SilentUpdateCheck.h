@@ -1,6 +1,6 @@
 #pragma once
-// The silent update check after a typed login: out of sight, speaking only when the maker's
-// server has a newer version, gone after one check.
+// The silent update check after a typed login (the original's frmAutoUpd): out of sight,
+// speaking only when the maker's server has a newer version, gone after one check.
 #include "services/WindowSlot.h"
 
 #include <memory>
@@ -16,19 +16,21 @@ class SilentUpdateCheck : public SingleDialog<SilentUpdateCheck>
     Q_OBJECT
     friend class SingleDialog<SilentUpdateCheck>;
 
+    template <typename Form> friend void CheckOnce(Form* form, void (*noNews)());
+
 public:
     ~SilentUpdateCheck() override;
-    void load();
-    void onUnload();
+    // The tick of its timer (600 ms; tests call it instead of waiting).
     void checkTick();
-
-    QTimer* checkTimer;
-    std::unique_ptr<platform::Inet> client;
-
-    bool checking = false; // a check is waiting or asking
 
 private:
     explicit SilentUpdateCheck(QWidget* owner);
+    void load();
+    void onUnload();
+
+    QTimer* checkTimer;
+    std::unique_ptr<platform::Inet> client;
+    bool checking = false; // a check is waiting or asking
 };
 
 // Loads the silent check (never shown).

@@ -278,10 +278,6 @@ void SkinnedButton::click()
     Q_EMIT Click();
 }
 
-bool SkinnedButton::FrameShown() const
-{
-    return !frameTop->isHidden();
-}
 
 void SkinnedButton::ShowBackground(const QLabel* background)
 {

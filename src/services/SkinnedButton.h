@@ -56,19 +56,6 @@ public:
     // The click of the control, its icon or its caption: a toggle flips, then Click.
     void click();
 
-    // The background on show: normalBackground, overBackground or downBackground.
-    const QLabel* Picture() const { return picture; }
-    bool FrameShown() const;
-
-    // Hidden pictures of the three backgrounds, the frame along the four edges, the icon and
-    // the caption (both let the mouse through to the control, which behaves alike for all
-    // three), and the one-shot timer.
-    QLabel *normalBackground, *overBackground, *downBackground;
-    QLabel *frameTop, *frameBottom, *frameLeft, *frameRight;
-    QLabel* iconLabel;
-    QLabel* captionLabel;
-    QTimer* startTimer;
-
 Q_SIGNALS:
     void Click();
     void PropertyChanged(const QString& name);
@@ -94,7 +81,15 @@ private:
     void ShowFrame(bool shown);
     void ShowIcon();
 
-    const QLabel* picture = nullptr;
+    // Hidden pictures of the three backgrounds, the frame along the four edges, the icon and
+    // the caption (both let the mouse through to the control, which behaves alike for all
+    // three), and the one-shot timer.
+    QLabel *normalBackground, *overBackground, *downBackground;
+    QLabel *frameTop, *frameBottom, *frameLeft, *frameRight;
+    QLabel* iconLabel;
+    QLabel* captionLabel;
+    QTimer* startTimer;
+    const QLabel* picture = nullptr; // the background on show
     QIcon pictureNormal;
     bool enabled = true;
     bool canBeChecked = false;

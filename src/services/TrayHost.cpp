@@ -8,7 +8,6 @@
 #include "storage/DataRoot.h"
 #include "storage/FileExist.h"
 #include "storage/ProfileFiles.h"
-#include "vault/VaultWindow.h"
 
 #include <QCursor>
 #include <QMenu>
@@ -16,6 +15,12 @@
 #include <QMouseEvent>
 
 namespace {
+
+TrayHost::VaultSide& vaultSide()
+{
+    static TrayHost::VaultSide side;
+    return side;
+}
 
 WindowSlot<TrayHost>& slot()
 {
@@ -25,9 +30,14 @@ WindowSlot<TrayHost>& slot()
 
 } // namespace
 
+void TrayHost::ConnectVault(VaultSide side)
+{
+    vaultSide() = std::move(side);
+}
+
 TrayHost* TrayHost::Instance()
 {
-    return slot().Touch([] { return new TrayHost; });
+    return slot().Touch([] { return new TrayHost; }, [](TrayHost* form) { form->load(); });
 }
 
 TrayHost* TrayHost::Loaded()
@@ -40,7 +50,7 @@ void TrayHost::Unload()
     TrayHost* form = slot().Take();
     if (!form)
         return;
-    form->onUnload();
+    form->clearClipboardIfAsked();
     form->deleteLater();
 }
 
@@ -66,17 +76,12 @@ void TrayHost::load()
     // Taking the vault window's icon is its first use: its whole load runs here, before the
     // options below are looked at.
     iconRecord.hWnd = this;
-    iconRecord.hIcon = VaultWindow::Instance()->windowIcon();
+    iconRecord.hIcon = vaultSide().icon();
     setWindowIcon(iconRecord.hIcon);
-    tip = TipText(CurrentProfile());
-    iconRecord.szTip = tip;
+    iconRecord.szTip = TipText(CurrentProfile());
     iconShown = platform::Shell_NotifyIconA(platform::NIM_ADD, iconRecord) != 0;
-    if (!iconShown) {
-        // Without a notification area the pop-up menu would be out of reach.
-        VaultWindow* vault = VaultWindow::Instance();
-        vault->trayMenu->setTitle(platform::AppTitle());
-        vault->menuBar()->addMenu(vault->trayMenu);
-    }
+    if (!iconShown) // without a notification area the pop-up menu would be out of reach
+        vaultSide().showMenuInWindow();
     const QString cfg = ProfileFile(QStringLiteral("cfg.txt"));
     if (!FileExist(cfg)) {
         for (int n = 1; n <= 5; ++n)
@@ -84,7 +89,7 @@ void TrayHost::load()
     }
 }
 
-void TrayHost::onUnload()
+void TrayHost::clearClipboardIfAsked()
 {
     if (GetIni(Keys::setts, Keys::option(3), ProfileFile(QStringLiteral("cfg.txt"))) == QLatin1String("1"))
         platform::ClipboardClear();
@@ -92,19 +97,14 @@ void TrayHost::onUnload()
 
 void TrayHost::mouseMoveEvent(QMouseEvent* event)
 {
-    const QPointF at = event->position();
-    iconMessage(static_cast<int>(event->buttons()), static_cast<int>(event->modifiers()), PixelsToTwips(qRound(at.x())),
-        PixelsToTwips(qRound(at.y())));
+    iconMessage(PixelsToTwips(qRound(event->position().x())));
 }
 
-void TrayHost::iconMessage(int button, int shift, int x, int y)
+void TrayHost::iconMessage(int x)
 {
-    Q_UNUSED(button);
-    Q_UNUSED(shift);
-    Q_UNUSED(y);
     // The scale is twips: the message is X over the twips of a pixel.
     const int message = qRound(x / TwipsPerPixel());
-    QMenu* menu = VaultWindow::Instance()->trayMenu;
+    QMenu* menu = vaultSide().menu();
     switch (message) {
     case platform::WM_LBUTTONUP:
         menu->popup(QCursor::pos());

@@ -44,6 +44,6 @@ bool UpdateAvailable(bool fetched, const QString& body)
 
 void OfferUpdate()
 {
-    if (platform::MsgBox(Lang(144), 36) == platform::IDYES)
+    if (platform::MsgBox(Lang(144), platform::MB_YESNO | platform::MB_ICONQUESTION) == platform::IDYES)
         LinkUpdatePage();
 }

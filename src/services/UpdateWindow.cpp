@@ -56,7 +56,7 @@ void UpdateWindow::onUnload()
 void UpdateWindow::checkTick()
 {
     // A failed fetch reads as "nothing new".
-    CheckOnce(this, [] { platform::MsgBox(Lang(146), 64); });
+    CheckOnce(this, [] { platform::MsgBox(Lang(146), platform::MB_ICONINFORMATION); });
 }
 
 void UpdateWindow::advanceBar()

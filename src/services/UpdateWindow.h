@@ -1,6 +1,6 @@
 #pragma once
-// The update check on the user's request: a bar that runs through whatever the network does,
-// and a closing message in every case.
+// The update check on the user's request (the original's frmUpdate): a bar that runs through
+// whatever the network does, and a closing message in every case.
 #include "services/WindowSlot.h"
 
 #include <memory>
@@ -19,12 +19,18 @@ class UpdateWindow : public SingleDialog<UpdateWindow>
     Q_OBJECT
     friend class SingleDialog<UpdateWindow>;
 
+    template <typename Form> friend void CheckOnce(Form* form, void (*noNews)());
+
 public:
     ~UpdateWindow() override;
-    void load();
-    void onUnload();
+    // The ticks of the two timers (900 ms and 700 ms; tests call them instead of waiting).
     void checkTick();
     void advanceBar();
+
+private:
+    explicit UpdateWindow(QWidget* owner);
+    void load();
+    void onUnload();
     void cancel();
 
     QLabel* info;
@@ -32,11 +38,7 @@ public:
     QPushButton* cancelButton;
     QTimer *checkTimer, *barTimer;
     std::unique_ptr<platform::Inet> client;
-
     bool checking = false; // a check is waiting or asking
-
-private:
-    explicit UpdateWindow(QWidget* owner);
 };
 
 // Shows the check modally over `owner`.

@@ -4,11 +4,12 @@
 template <typename Form> class WindowSlot
 {
 public:
-    template <typename Make> Form* Touch(Make make)
+    // Makes and loads the window if the slot is empty; the window is in the slot during its load.
+    template <typename Make, typename Load> Form* Touch(Make make, Load load)
     {
         if (!form) {
             form = make();
-            form->load();
+            load(form);
         }
         return form;
     }
@@ -41,9 +42,11 @@ private:
 template <typename Form> class SingleDialog : public QDialog
 {
 public:
-    static Form* Instance(QWidget* owner)
+    // The dialog, made and loaded with these arguments if it is not loaded yet.
+    template <typename... Arguments> static Form* Instance(QWidget* owner, Arguments&&... arguments)
     {
-        return slot().Touch([owner] { return new Form(owner); });
+        return slot().Touch(
+            [&] { return new Form(owner, std::forward<Arguments>(arguments)...); }, [](Form* form) { form->load(); });
     }
     static Form* Loaded() { return slot().Loaded(); }
     static void Unload()

@@ -53,6 +53,7 @@ private:
 
 LoginDialog::LoginDialog()
 {
+    platform::InitCommonControlsEx(8, 512); // its result is not looked at
     setObjectName(QStringLiteral("LoginDialog"));
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle(platform::AppTitle());
@@ -89,10 +90,6 @@ LoginDialog::LoginDialog()
     setTabOrder(logInButton, cancelButton);
 }
 
-void LoginDialog::initialize()
-{
-    platform::InitCommonControlsEx(8, 512);
-}
 
 void LoginDialog::selectProfile(const QString& name)
 {
@@ -135,7 +132,7 @@ void LoginDialog::load()
     } else if (NamedProfileMarkerExists(Keys::defaultProfile)) {
         selectProfile(GetIni(Keys::user, Keys::defaultProfile, config));
     } else {
-        platform::MsgBox(Lang(187), 16);
+        platform::MsgBox(Lang(187), platform::MB_ICONERROR);
         selectProfile(QStringLiteral("Administrator"));
         return;
     }
@@ -156,12 +153,12 @@ void LoginDialog::logIn()
         return;
     const QString profile = profileList->currentText();
     if (!ProfileMarkerExists(profile)) {
-        platform::MsgBox(Lang(186), 16);
+        platform::MsgBox(Lang(186), platform::MB_ICONERROR);
         return;
     }
     storedPassword = GetIni(Keys::settings, Keys::password, DataFolder() + profile + QStringLiteral("\\settings.txt"));
     if (storedPassword != MD5Hex(passwordBox->text())) {
-        platform::MsgBox(Lang(185), 64);
+        platform::MsgBox(Lang(185), platform::MB_ICONINFORMATION);
         return;
     }
     WriteIni(Keys::user, Keys::current, profile, ConfigFile());
@@ -174,7 +171,7 @@ void LoginDialog::openVault(bool typedLogin)
     VaultWindow* main = VaultWindow::Instance();
     main->show();
     if (typedLogin)
-        main->updateCheckTimer->start();
+        main->StartUpdateCheckTimer();
     unload();
 }
 
@@ -214,7 +211,6 @@ void LoginDialog::reject()
 void ShowLogin()
 {
     auto* login = new LoginDialog;
-    login->initialize();
     login->load();
     if (!login->Unloaded())
         login->show();

@@ -1,6 +1,7 @@
 #pragma once
-// The gate between the splash and the vault window: which profile the run uses, whether it
-// needs a password, and the only place that writes `current`.
+// The login (the original's frmLogin): the gate between the splash and the vault window. It
+// decides which profile the run uses and whether it needs a password, and is the only place
+// that writes `current`. Nothing of the password stays once it is gone.
 #include <QDialog>
 
 class QComboBox;
@@ -14,33 +15,31 @@ class LoginDialog : public QDialog
 public:
     LoginDialog();
 
-    void initialize();
+    // The load: the profile preselected, and the vault opened at once when no password is
+    // asked (the window is then gone before it was ever shown).
     void load();
-    void logIn();
-    void cancel();
-    // True once the window has unloaded itself (its load may do so before it is ever shown).
     bool Unloaded() const { return unloaded; }
-
-    QComboBox* profileList;
-    QLineEdit* passwordBox;
-    QPushButton* logInButton;
-    QPushButton* cancelButton;
-    QLabel *heading, *profileCaption, *passwordCaption, *picture;
 
 protected:
     void closeEvent(QCloseEvent* event) override;
     void reject() override;
 
 private:
+    void logIn();
+    void cancel();
     // Sets the list to a listed name; a name that is not listed leaves it as it was.
     void selectProfile(const QString& name);
-    // TrayHost, then VaultWindow shown, then this window gone.
+    // The tray host, then the vault window shown, then this window gone.
     void openVault(bool typedLogin);
     void unload();
 
     bool unloaded = false;
     // The stored `password` value during the check, and nothing after it.
     QString storedPassword;
+    QComboBox* profileList;
+    QLineEdit* passwordBox;
+    QPushButton *logInButton, *cancelButton;
+    QLabel *heading, *profileCaption, *passwordCaption, *picture;
 };
 
 // Creates the login window and runs its load; shows it unless the load already went on.

@@ -7,8 +7,7 @@
 #include "platform/Runtime.h"
 #include "platform/Twips.h"
 #include "services/LanguageTable.h"
-#include "services/ListBox.h"
-#include "settings/SettingsWindow.h"
+#include "storage/ListControl.h"
 #include "startup/ProfileFields.h"
 #include "storage/DataRoot.h"
 #include "storage/DataTree.h"
@@ -18,8 +17,9 @@
 #include <QLineEdit>
 #include <QPushButton>
 
-NewProfileDialog::NewProfileDialog(QWidget* owner)
+NewProfileDialog::NewProfileDialog(QWidget* owner, ListControl& profileNames)
     : SingleDialog(owner)
+    , names(profileNames)
 {
     setObjectName(QStringLiteral("NewProfileDialog"));
     setWindowModality(Qt::ApplicationModal);
@@ -38,7 +38,7 @@ NewProfileDialog::NewProfileDialog(QWidget* owner)
     addButton->setDefault(true);
     cancelButton = Placed(new QPushButton(this), "cancelButton", 3600, 2880, 1200, 375);
     connect(addButton, &QPushButton::clicked, this, &NewProfileDialog::addProfile);
-    connect(cancelButton, &QPushButton::clicked, this, &NewProfileDialog::cancel);
+    connect(cancelButton, &QPushButton::clicked, this, [] { Unload(); });
     setTabOrder(emailBox, addButton);
     setTabOrder(addButton, cancelButton);
 }
@@ -56,25 +56,20 @@ void NewProfileDialog::load()
     cancelButton->setText(Lang(147));
 }
 
-void NewProfileDialog::cancel()
-{
-    Unload();
-}
 
 void NewProfileDialog::addProfile()
 {
     // Nothing here is checked but the name being listed already, and nothing is caught.
-    ListBox* list = SettingsWindow::Instance()->profileList;
     // The name goes into files in the code page and names a folder: both must see the same
     // name, so it is taken through the code page here, once ("Łukasz" is "?ukasz" under 1252).
     const QString name = platform::ThroughCodePage(nameBox->text());
-    for (int i = 0; i < list->ListCount(); ++i) {
-        if (list->List(i) == name) {
-            platform::MsgBox(Lang(249), 16);
+    for (int i = 0; i < names.ListCount(); ++i) {
+        if (names.List(i) == name) {
+            platform::MsgBox(Lang(249), platform::MB_ICONERROR);
             return;
         }
     }
-    list->AddItem(name);
+    names.AddItem(name);
     MakeDirTree(DataFolder() + name);
     // The path is made anew for each value. In the clear, unlike the password change: such a
     // profile with a password can never log in.
@@ -87,6 +82,6 @@ void NewProfileDialog::addProfile()
         platform::AppPath() + QStringLiteral("\\dummy.dat"), DataFolder() + name + QStringLiteral("\\dummy.dat"));
     if (copied != platform::ErrNone)
         platform::UnhandledError(copied);
-    SaveListFile(DataFolder() + QStringLiteral("users.txt"), *list);
+    SaveListFile(DataFolder() + QStringLiteral("users.txt"), names);
     Unload();
 }

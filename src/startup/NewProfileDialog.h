@@ -1,9 +1,10 @@
 #pragma once
-// Adds a profile: its folder, settings.txt with the four values as typed (in the clear), the
-// marker copied from the program's folder, and the name list written anew. Opened modally from
-// the profile page of the settings window, whose list it adds to.
+// Adds a profile (the original's frmNewUser): a folder, its settings.txt with the four values in
+// clear text, the marker copied, the list of names written anew. Nothing is checked but a name
+// already listed.
 #include "services/WindowSlot.h"
 
+class ListControl;
 class QLabel;
 class QLineEdit;
 class QPushButton;
@@ -13,15 +14,15 @@ class NewProfileDialog : public SingleDialog<NewProfileDialog>
     Q_OBJECT
     friend class SingleDialog<NewProfileDialog>;
 
-public:
+private:
+    // `names` is the settings window's list of profiles: the new name is checked against it,
+    // added to it, and users.txt is written from it.
+    NewProfileDialog(QWidget* owner, ListControl& names);
     void load();
-    void cancel();
     void addProfile();
 
+    ListControl& names;
     QLabel *nameCaption, *passwordCaption, *heading, *questionCaption, *emailCaption, *answerCaption;
     QLineEdit *nameBox, *passwordBox, *questionBox, *emailBox, *answerBox;
     QPushButton *cancelButton, *addButton;
-
-private:
-    explicit NewProfileDialog(QWidget* owner);
 };

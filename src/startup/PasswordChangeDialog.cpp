@@ -33,13 +33,20 @@ PasswordChangeDialog::PasswordChangeDialog(QWidget* owner)
     changeButton->setDefault(true);
     cancelButton = Placed(new QPushButton(this), "cancelButton", 3600, 3300, 1200, 375);
     connect(changeButton, &QPushButton::clicked, this, &PasswordChangeDialog::changePassword);
-    connect(cancelButton, &QPushButton::clicked, this, &PasswordChangeDialog::cancel);
+    connect(cancelButton, &QPushButton::clicked, this, [] { Unload(); });
     fillTimer = new QTimer(this);
     fillTimer->setObjectName(QStringLiteral("fillTimer"));
     fillTimer->setInterval(50);
     connect(fillTimer, &QTimer::timeout, this, &PasswordChangeDialog::fillFields);
     setTabOrder(emailBox, changeButton);
     setTabOrder(changeButton, cancelButton);
+}
+
+void PasswordChangeDialog::Open(QWidget* owner, const QString& profile)
+{
+    PasswordChangeDialog* change = Instance(owner);
+    change->profileName->setText(profile);
+    change->show();
 }
 
 QString PasswordChangeDialog::settingsFile() const
@@ -74,18 +81,14 @@ void PasswordChangeDialog::changePassword()
     storedPassword = GetIni(Keys::settings, Keys::password, settingsFile());
     // An empty stored value equals no digest text: such a profile can't be given a password here.
     if (storedPassword != MD5Hex(oldPasswordBox->text())) {
-        platform::MsgBox(Lang(257), 64);
+        platform::MsgBox(Lang(257), platform::MB_ICONINFORMATION);
         return;
     }
     WriteIni(Keys::settings, Keys::password, MD5Hex(newPasswordBox->text()), settingsFile());
     WriteIni(Keys::settings, Keys::question, questionBox->text(), settingsFile());
     WriteIni(Keys::settings, Keys::answer, MD5Hex(answerBox->text()), settingsFile());
     WriteIni(Keys::settings, Keys::email, emailBox->text(), settingsFile());
-    platform::MsgBox(Lang(258), 64);
+    platform::MsgBox(Lang(258), platform::MB_ICONINFORMATION);
     Unload();
 }
 
-void PasswordChangeDialog::cancel()
-{
-    Unload();
-}

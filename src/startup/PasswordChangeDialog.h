@@ -1,8 +1,8 @@
 #pragma once
-// Replaces the password, question, e-mail and answer of the profile named in profileName once the
-// old password is proved. Password and answer are stored as digest texts. Owned by the
-// settings window, not modal. profileName is set by the opener after the load, so the fields are
-// filled by one tick of fillTimer.
+// Replaces the password, question, e-mail and answer of a profile (the original's
+// frmPassChange) once the old password is proved: the password and the answer as digests.
+// Beside the settings window, not modal. The profile is named after the load, so the fields
+// are filled by the first tick of a timer.
 #include "services/WindowSlot.h"
 
 class QLabel;
@@ -16,20 +16,24 @@ class PasswordChangeDialog : public SingleDialog<PasswordChangeDialog>
     friend class SingleDialog<PasswordChangeDialog>;
 
 public:
-    void load();
-    void fillFields();
-    void cancel();
-    void changePassword();
+    // Loads the dialog, names the profile, shows it.
+    static void Open(QWidget* owner, const QString& profile);
 
-    QLabel* profileName; // the profile: the only way the dialog knows it
+    // The one tick, 50 ms after the load: the question and the e-mail of the profile (tests
+    // call it instead of waiting).
+    void fillFields();
+
+private:
+    explicit PasswordChangeDialog(QWidget* owner);
+    void load();
+    void changePassword();
+    QString settingsFile() const;
+
+    // The stored `password` value during the check.
+    QString storedPassword;
+    QLabel* profileName; // the only way the dialog knows its profile
     QLabel *newPasswordCaption, *heading, *questionCaption, *emailCaption, *answerCaption, *oldPasswordCaption;
     QLineEdit *oldPasswordBox, *newPasswordBox, *questionBox, *emailBox, *answerBox;
     QPushButton *cancelButton, *changeButton;
     QTimer* fillTimer;
-
-private:
-    // The stored `password` value during the check.
-    QString storedPassword;
-    explicit PasswordChangeDialog(QWidget* owner);
-    QString settingsFile() const;
 };

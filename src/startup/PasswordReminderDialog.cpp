@@ -3,7 +3,6 @@
 #include "platform/MessageBox.h"
 #include "platform/Twips.h"
 #include "services/LanguageTable.h"
-#include "settings/SettingsWindow.h"
 #include "startup/PasswordDigest.h"
 #include "startup/ProfileFields.h"
 #include "storage/DataRoot.h"
@@ -13,8 +12,14 @@
 #include <QLineEdit>
 #include <QPushButton>
 
-PasswordReminderDialog::PasswordReminderDialog(QWidget* owner)
+void PasswordReminderDialog::Open(QWidget* owner, const QString& profile)
+{
+    Instance(owner, profile)->show();
+}
+
+PasswordReminderDialog::PasswordReminderDialog(QWidget* owner, const QString& selected)
     : SingleDialog(owner)
+    , profile(selected)
 {
     setObjectName(QStringLiteral("PasswordReminderDialog"));
     setFixedSize(Twips(4920), Twips(2760));
@@ -31,7 +36,7 @@ PasswordReminderDialog::PasswordReminderDialog(QWidget* owner)
     goOnButton->setDefault(true);
     cancelButton = Placed(new QPushButton(this), "cancelButton", 3600, 2100, 1200, 375);
     connect(goOnButton, &QPushButton::clicked, this, &PasswordReminderDialog::checkAnswer);
-    connect(cancelButton, &QPushButton::clicked, this, &PasswordReminderDialog::cancel);
+    connect(cancelButton, &QPushButton::clicked, this, [] { Unload(); });
 }
 
 void PasswordReminderDialog::load()
@@ -43,7 +48,7 @@ void PasswordReminderDialog::load()
     answerCaption->setText(Lang(269));
     goOnButton->setText(Lang(270));
     cancelButton->setText(Lang(147));
-    profileName->setText(SettingsWindow::Instance()->selectedName->text());
+    profileName->setText(profile);
     const QString settings = DataFolder() + profileName->text() + QStringLiteral("\\settings.txt");
     question->setText(GetIni(Keys::settings, Keys::question, settings));
     // The answer box alone would be read without the question it answers.
@@ -55,14 +60,10 @@ void PasswordReminderDialog::load()
 void PasswordReminderDialog::checkAnswer()
 {
     if (storedAnswer == MD5Hex(answerBox->text())) {
-        platform::MsgBox(Lang(264) + QLatin1Char(' ') + storedPassword, 0);
+        platform::MsgBox(Lang(264) + QLatin1Char(' ') + storedPassword, platform::MB_OK);
         Unload();
         return;
     }
-    platform::MsgBox(Lang(265), 0); // as often as the user likes
+    platform::MsgBox(Lang(265), platform::MB_OK); // as often as the user likes
 }
 
-void PasswordReminderDialog::cancel()
-{
-    Unload();
-}

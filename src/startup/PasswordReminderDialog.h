@@ -1,7 +1,7 @@
 #pragma once
-// Asks the question of the profile selected on the settings window's profile page and, on the
-// right answer, shows the stored password value: for a changed password that is its digest
-// text, not the password. Owned by the settings window, not modal.
+// Asks the question of a profile (the original's frmPassRemind) and, on the right answer,
+// shows the stored password value: for a changed password that is its digest text, not the
+// password. Beside the settings window, not modal.
 #include "services/WindowSlot.h"
 
 class QLabel;
@@ -14,18 +14,19 @@ class PasswordReminderDialog : public SingleDialog<PasswordReminderDialog>
     friend class SingleDialog<PasswordReminderDialog>;
 
 public:
-    void load();
-    void checkAnswer();
-    void cancel();
-
-    QLabel *question, *heading, *profileCaption, *profileName, *answerCaption, *questionCaption;
-    QLineEdit* answerBox;
-    QPushButton *goOnButton, *cancelButton;
+    // Loads the dialog for the profile selected on the settings window's profile page and shows it.
+    static void Open(QWidget* owner, const QString& profile);
 
 private:
-    explicit PasswordReminderDialog(QWidget* owner);
+    PasswordReminderDialog(QWidget* owner, const QString& profile);
+    void load();
+    void checkAnswer();
 
+    QString profile;
     // The profile's stored answer and password values, read at the load.
     QString storedAnswer;
     QString storedPassword;
+    QLabel *question, *heading, *profileCaption, *profileName, *answerCaption, *questionCaption;
+    QLineEdit* answerBox;
+    QPushButton *goOnButton, *cancelButton;
 };

@@ -11,6 +11,8 @@
 #include "storage/DataRoot.h"
 #include "storage/FileExist.h"
 
+#include <QLabel>
+#include <QTimer>
 #include <QVBoxLayout>
 
 SplashWindow::SplashWindow()
@@ -35,6 +37,16 @@ SplashWindow::SplashWindow()
     connect(tickTimer, &QTimer::timeout, this, &SplashWindow::tick);
 }
 
+SplashWindow* SplashWindow::Start()
+{
+    auto* splash = new SplashWindow;
+    splash->setAttribute(Qt::WA_DeleteOnClose);
+    splash->initialize();
+    splash->load();
+    splash->show();
+    return splash;
+}
+
 void SplashWindow::initialize()
 {
     platform::InitCommonControls();
@@ -43,7 +55,7 @@ void SplashWindow::initialize()
     if (platform::CommandLine() == QLatin1String("/restart"))
         return;
     if (platform::PrevInstance()) {
-        platform::MsgBox(Lang(101), 16);
+        platform::MsgBox(Lang(101), platform::MB_ICONERROR);
         platform::EndProcess(0);
     }
 }

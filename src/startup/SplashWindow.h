@@ -1,20 +1,27 @@
 #pragma once
-// The first window: language table, the single-instance rule, portable mode, three ticks.
-#include <QLabel>
-#include <QTimer>
+// The first window (the original's frmSplash): the language table, the refusal of a second
+// copy, portable mode, then three ticks of a second before the login.
 #include <QWidget>
+
+class QLabel;
+class QTimer;
 
 class SplashWindow : public QWidget
 {
     Q_OBJECT
 public:
-    SplashWindow();
+    // The splash of a normal start or a restart, loaded and shown; a second copy ends here.
+    static SplashWindow* Start();
 
-    // Language table, then the refusal of a second instance (which ends the process).
+    // A tick of the timer (1000 ms; tests call it instead of waiting): the third hands over to
+    // the login.
+    void tick();
+
+private:
+    SplashWindow();
+    // The language table, then the refusal of a second copy (which ends the process).
     void initialize();
     void load();
-    // A tick of tickTimer; tests call it instead of waiting.
-    void tick();
 
     QLabel* picture;
     QLabel* rightsNotice;

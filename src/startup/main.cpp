@@ -5,6 +5,7 @@
 #include "platform/Runtime.h"
 #include "platform/Twips.h"
 #include "services/ProgramPictures.h"
+#include "startup/ProgramWiring.h"
 #include "startup/SplashWindow.h"
 #include "vault/VaultWindow.h"
 
@@ -27,15 +28,12 @@ int main(int argc, char* argv[])
     platform::SetCommandLine(QApplication::arguments());
     platform::InstallWindowMessageBoxes();
     platform::KeepClipboardAfterExit();
+    ConnectWindows();
 
     // Ending the session or the process by a signal ends the run as File > Close does: the vault
     // is written and the clipboard emptied as the options say.
     platform::OnTerminationRequest(&VaultWindow::EndRun);
 
-    auto* splash = new SplashWindow;
-    splash->setAttribute(Qt::WA_DeleteOnClose);
-    splash->initialize();
-    splash->load();
-    splash->show();
+    SplashWindow::Start();
     return QApplication::exec();
 }

@@ -17,7 +17,7 @@ bool askAboutBadGroup(const QByteArray& four)
         return badGroupHandler()(four);
     const QString text
         = QStringLiteral("Illegal Characters <") + platform::FromCodePage(four) + QStringLiteral("> found");
-    return platform::MsgBox(text, 1, QStringLiteral("PROGRAM ERROR")) != platform::IDCANCEL;
+    return platform::MsgBox(text, platform::MB_OKCANCEL, QStringLiteral("PROGRAM ERROR")) != platform::IDCANCEL;
 }
 
 bool isAlphabet(char c)
@@ -120,14 +120,14 @@ bool CheckBase64(const QByteArray& text, bool showMessages)
             if (i == n || i == n - 1)
                 continue;
             if (showMessages)
-                platform::MsgBox(QStringLiteral("Text Error."), 0, QStringLiteral("?"));
+                platform::MsgBox(QStringLiteral("Text Error."), platform::MB_OK, QStringLiteral("?"));
             accepted = false;
             continue;
         }
         if (showMessages) {
             const QString shown = i - 1 < text.size() ? platform::FromCodePage(text.mid(i - 1, 1)) : QString();
             platform::MsgBox(QStringLiteral("r <") + shown + QStringLiteral("> found in b.") + QStringLiteral(" text"),
-                0, QStringLiteral("?"));
+                platform::MB_OK, QStringLiteral("?"));
         }
         accepted = false;
     }

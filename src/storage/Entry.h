@@ -1,7 +1,10 @@
 #pragma once
 // One entry of a vault: eight texts as code-page bytes, in their declared order (the order of
 // the vault's own record, which positional initialisers follow).
+#include "platform/CodePage.h"
+
 #include <QByteArray>
+#include <QString>
 
 struct Entry
 {
@@ -16,6 +19,16 @@ struct Entry
 
     bool operator==(const Entry&) const = default;
 };
+
+// A field's code-page bytes as the windows show them, and back.
+inline QString Shown(const QByteArray& field)
+{
+    return platform::FromCodePage(field);
+}
+inline QByteArray Stored(const QString& text)
+{
+    return platform::ToCodePage(text);
+}
 
 // The vault file's own names for the fields (it speaks of a contact list). The six encoded as
 // escaped Base64, in the order of their key lines; the picture is written raw.

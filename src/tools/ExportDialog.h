@@ -1,31 +1,16 @@
 #pragma once
-// Copies the vault file of the profile in use, as it is on disk, to a chosen folder under the
-// fixed name tolvane_data.tvd. The open vault is not saved first.
-#include "services/WindowSlot.h"
+// Export (the original's frmExport): the profile's list.dat, as the last save left it, copied
+// to tolvane_data.tvd in a folder the user chooses.
+#include "tools/TransferDialog.h"
 
-class QGroupBox;
-class QLabel;
-class TextBox;
-class QPushButton;
-
-class ExportDialog : public SingleDialog<ExportDialog>
+class ExportDialog : public TransferDialog<ExportDialog>
 {
     Q_OBJECT
     friend class SingleDialog<ExportDialog>;
 
-public:
-    void load();
-    void cancel(); // cancel
-    void exportVault(); // export
-    void browse(); // browse
-    // The folder browser opened at `path`: the chosen folder, or empty.
-    QString BrowseForFolder(const QString& path);
-
-    QGroupBox* frame;
-    QLabel *profileName, *lead;
-    TextBox* targetBox;
-    QPushButton *cancelButton, *exportButton, *browseButton;
-
 private:
     explicit ExportDialog(QWidget* owner);
+    void load();
+    void browse();
+    void exportVault();
 };

@@ -9,9 +9,7 @@
 #include "services/ProgramPictures.h"
 #include "services/TextBox.h"
 #include "tools/PasswordRecipe.h"
-#include "vault/ClipboardCopy.h"
-#include "vault/EntryDialog.h"
-#include "vault/VaultWindow.h"
+#include "services/ClipboardCopy.h"
 
 #include <QApplication>
 #include <QGroupBox>
@@ -22,8 +20,9 @@
 #include <QRadioButton>
 #include <QTimer>
 
-PasswordGenerator::PasswordGenerator(QWidget* owner)
+PasswordGenerator::PasswordGenerator(QWidget* owner, TextBox* targetBox)
     : QDialog(owner)
+    , target(targetBox)
 {
     setObjectName(QStringLiteral("PasswordGenerator"));
     setWindowModality(Qt::ApplicationModal);
@@ -38,9 +37,11 @@ PasswordGenerator::PasswordGenerator(QWidget* owner)
     bothOption = Named(new QRadioButton(alphabetFrame), "bothOption");
     PlaceTwips(bothOption, 120, 960, 1700, 285);
     bothOption->setChecked(true);
-    connect(lettersOption, &QRadioButton::clicked, this, &PasswordGenerator::chooseLetters);
-    connect(digitsOption, &QRadioButton::clicked, this, &PasswordGenerator::chooseDigits);
-    connect(bothOption, &QRadioButton::clicked, this, &PasswordGenerator::chooseDigitsAndLetters);
+    // The choice counts from the next press: a result on show stays as it is.
+    const std::pair<QRadioButton*, PasswordAlphabet> options[] = { { lettersOption, PasswordAlphabet::Letters },
+        { digitsOption, PasswordAlphabet::Digits }, { bothOption, PasswordAlphabet::DigitsAndLetters } };
+    for (const auto& [option, set] : options)
+        connect(option, &QRadioButton::clicked, this, [this, set = set] { alphabet = set; });
 
     shorterButton = Named(new QPushButton(QStringLiteral("<"), this), "shorterButton");
     PlaceTwips(shorterButton, 2280, 300, 375, 375);
@@ -78,7 +79,7 @@ PasswordGenerator::PasswordGenerator(QWidget* owner)
     connect(useButton, &QPushButton::clicked, this, &PasswordGenerator::deliver);
     cancelButton = Named(new QPushButton(this), "cancelButton");
     PlaceTwips(cancelButton, 2640, 2400, 1215, 375);
-    connect(cancelButton, &QPushButton::clicked, this, &PasswordGenerator::cancel);
+    connect(cancelButton, &QPushButton::clicked, this, &QDialog::reject);
 
     useButtonTimer = new QTimer(this);
     useButtonTimer->setObjectName(QStringLiteral("useButtonTimer"));
@@ -91,7 +92,7 @@ PasswordGenerator::PasswordGenerator(QWidget* owner)
 
 void PasswordGenerator::load()
 {
-    alphabet = 3;
+    alphabet = PasswordAlphabet::DigitsAndLetters;
     setWindowTitle(Lang(272));
     alphabetFrame->setTitle(Lang(273));
     lettersOption->setText(Lang(274));
@@ -106,20 +107,8 @@ void PasswordGenerator::load()
     lengthBox->Editor()->setAccessibleName(SpokenCaption(Lang(273)));
 }
 
-void PasswordGenerator::chooseLetters()
-{
-    alphabet = 1;
-}
 
-void PasswordGenerator::chooseDigits()
-{
-    alphabet = 2;
-}
 
-void PasswordGenerator::chooseDigitsAndLetters()
-{
-    alphabet = 3;
-}
 
 void PasswordGenerator::shorten()
 {
@@ -149,52 +138,27 @@ bool PasswordGenerator::eventFilter(QObject* watched, QEvent* event)
 
 void PasswordGenerator::generate()
 {
-    static const QString setNames[]
-        = { QStringLiteral("all letter"), QStringLiteral("all number"), QStringLiteral("number and letter") };
-    setName = setNames[alphabet - 1];
     SystemRandomSource source;
-    resultBox->SetText(GeneratePassword(static_cast<PasswordAlphabet>(alphabet), lengthBox->Text().toInt(), source));
+    resultBox->SetText(GeneratePassword(alphabet, lengthBox->Text().toInt(), source));
     resultBox->LineEditor()->setCursorPosition(resultBox->Text().size());
 }
 
 void PasswordGenerator::keepUseButtonInStep()
 {
-    const QString& mode = deliveryMode;
-    if (mode == QLatin1String("1") || mode == QLatin1String("2"))
-        useButton->setEnabled(!resultBox->Text().isEmpty());
-    if (mode == QLatin1String("0"))
-        useButton->setEnabled(false);
+    useButton->setEnabled(target && !resultBox->Text().isEmpty());
 }
 
-TextBox* PasswordGenerator::target() const
-{
-    const QString& mode = deliveryMode;
-    if (mode == QLatin1String("1"))
-        return VaultWindow::Instance()->passwordBox;
-    if (mode == QLatin1String("2")) {
-        for (QWidget* w : QApplication::topLevelWidgets()) {
-            if (auto* view = qobject_cast<EntryDialog*>(w); view && view->isVisible())
-                return view->passwordBox;
-        }
-    }
-    return nullptr;
-}
 
 void PasswordGenerator::deliver()
 {
-    TextBox* box = target();
-    if (!box)
+    if (!target)
         return;
-    if (!box->Text().isEmpty() && platform::MsgBox(Lang(271), 32 + 4) == platform::IDNO)
+    if (!target->Text().isEmpty() && platform::MsgBox(Lang(271), platform::MB_YESNO | platform::MB_ICONQUESTION) == platform::IDNO)
         return;
-    box->SetText(resultBox->Text());
+    target->SetText(resultBox->Text());
     accept();
 }
 
-void PasswordGenerator::cancel()
-{
-    reject();
-}
 
 void PasswordGenerator::copyResult()
 {
@@ -202,9 +166,8 @@ void PasswordGenerator::copyResult()
     SetClipboardText(text);
 }
 
-void ShowPasswordGenerator(QWidget* owner, const QString& deliveryMode)
+void ShowPasswordGenerator(QWidget* owner, TextBox* target)
 {
-    PasswordGenerator dialog(owner);
-    dialog.deliveryMode = deliveryMode;
+    PasswordGenerator dialog(owner, target);
     dialog.exec();
 }

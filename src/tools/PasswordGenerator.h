@@ -1,6 +1,9 @@
 #pragma once
-// The password generator: 4 to 15 characters from letters a to y, digits 0 to 8, or both,
-// handed to the password box of the window that opened it, or copied. Nothing of it is kept.
+// The password generator (the original's frmPwdGen): 4 to 15 characters from letters a to y,
+// digits 0 to 8, or both, handed to the password box of the window that opened it, or copied.
+// Nothing of it is kept.
+#include "tools/PasswordRecipe.h"
+
 #include <QDialog>
 
 class ClickablePicture;
@@ -15,20 +18,28 @@ class PasswordGenerator : public QDialog
 {
     Q_OBJECT
 public:
-    explicit PasswordGenerator(QWidget* owner);
+    // `target` is the password box that Use fills, or null (opened from the menu): then Use is
+    // never available, and the result can only be copied.
+    PasswordGenerator(QWidget* owner, TextBox* target);
 
+    // The tick of the timer that keeps Use in step with the result (every 10 ms; tests call it
+    // instead of waiting).
+    void keepUseButtonInStep();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
     void load();
-    void chooseLetters();
-    void chooseDigits();
-    void chooseDigitsAndLetters();
     void shorten();
     // Longer by one: on any mouse button going down, never from the keyboard.
     void lengthen();
     void generate();
     void deliver();
-    void cancel();
     void copyResult();
-    void keepUseButtonInStep();
+
+    TextBox* target;
+    PasswordAlphabet alphabet = PasswordAlphabet::DigitsAndLetters;
 
     QGroupBox* alphabetFrame;
     QRadioButton *lettersOption, *digitsOption, *bothOption;
@@ -37,21 +48,7 @@ public:
     QLabel* resultCaption;
     ClickablePicture* copyButton;
     QTimer* useButtonTimer;
-
-    // The delivery mode, set by the opener before it shows the dialog: "0" no target, "1" the
-    // password box of the vault window, "2" that of the new-entry dialog.
-    QString deliveryMode = QStringLiteral("0");
-    // The character set: 1 letters, 2 digits, 3 digits and letters.
-    qint16 alphabet = 3;
-    // Named on every pass; nothing reads it.
-    QString setName;
-
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
-
-private:
-    TextBox* target() const;
 };
 
-// Opens the generator modally over `owner` with the given delivery mode.
-void ShowPasswordGenerator(QWidget* owner, const QString& deliveryMode);
+// Opens the generator modally over `owner`, for the password box `target` (or none).
+void ShowPasswordGenerator(QWidget* owner, TextBox* target);

@@ -11,20 +11,17 @@
 #include "services/TextBox.h"
 #include "storage/DataRoot.h"
 #include "tools/SaveFileDialog.h"
-#include "vault/EntryBoxes.h"
-#include "vault/EntryTable.h"
-#include "vault/VaultWindow.h"
 
 #include <QPushButton>
 
-QString ReportText(int rows)
+QString ReportText(const QList<Entry>& entries)
 {
     const QString crlf = QStringLiteral("\r\n");
     QString text = QStringLiteral("Tolvane") + crlf + Lang(284) + QLatin1Char(' ') + platform::TimeOfDayText()
         + QLatin1Char(' ') + platform::DateText() + crlf + Lang(285) + QLatin1Char(' ') + CurrentProfile() + crlf
         + QStringLiteral("===");
-    for (int i = 1; i <= rows && entryTable.contains(i); ++i) {
-        const Entry& e = entryTable[i];
+    for (int i = 1; i <= entries.size(); ++i) {
+        const Entry& e = entries.at(i - 1);
         text += crlf + QString::number(i) + QStringLiteral(") ") + Lang(286) + QLatin1Char(' ') + Shown(e.title)
             + QStringLiteral("  ") + Lang(242) + QLatin1Char(' ') + Shown(e.userName) + QStringLiteral("  ") + Lang(244)
             + QLatin1Char(' ') + Shown(e.password) + QStringLiteral("  ");
@@ -32,8 +29,9 @@ QString ReportText(int rows)
     return text;
 }
 
-ReportWindow::ReportWindow(QWidget* owner)
+ReportWindow::ReportWindow(QWidget* owner, const QList<Entry>& shown)
     : SingleDialog(owner)
+    , entries(shown)
 {
     setObjectName(QStringLiteral("ReportWindow"));
     setWindowModality(Qt::ApplicationModal);
@@ -47,7 +45,7 @@ ReportWindow::ReportWindow(QWidget* owner)
     closeButton = Placed(new QPushButton(QStringLiteral("&Anuluj"), this), "closeButton", 6930, 5460, 1215, 375);
     connect(printButton, &QPushButton::clicked, this, &ReportWindow::print);
     connect(saveButton, &QPushButton::clicked, this, &ReportWindow::saveAsText);
-    connect(closeButton, &QPushButton::clicked, this, &ReportWindow::closeReport);
+    connect(closeButton, &QPushButton::clicked, this, [] { Unload(); });
 }
 
 void ReportWindow::load()
@@ -57,14 +55,13 @@ void ReportWindow::load()
     saveButton->setText(Lang(282));
     closeButton->setText(Lang(147));
     reportBox->Editor()->setAccessibleName(Lang(280)); // the box is the report
-    const VaultWindow* main = VaultWindow::Loaded();
-    reportBox->SetText(ReportText(main ? main->ListedRows() : 0));
+    reportBox->SetText(ReportText(entries));
 }
 
 void ReportWindow::print()
 {
     // A warning, not a question: the printing follows in any case.
-    platform::MsgBox(Lang(283), 16);
+    platform::MsgBox(Lang(283), platform::MB_ICONERROR);
     platform::Printer printer;
     int error = printer.Print(); // the first line, in the printer's own font, starts the page
     printer.SetFontName(QStringLiteral("Arial"));
@@ -79,7 +76,7 @@ void ReportWindow::print()
     if (!error)
         error = printer.EndDoc();
     if (error)
-        platform::MsgBox(printer.Description(), 16);
+        platform::MsgBox(printer.Description(), platform::MB_ICONERROR);
 }
 
 void ReportWindow::saveAsText()
@@ -91,12 +88,8 @@ void ReportWindow::saveAsText()
     platform::WriteFileAtomic(path, platform::ToCodePage(reportBox->Text() + QStringLiteral("\r\n")));
 }
 
-void ReportWindow::closeReport()
-{
-    Unload();
-}
 
-void ShowReport(QWidget* owner)
+void ShowReport(QWidget* owner, const QList<Entry>& entries)
 {
-    ReportWindow::Instance(owner)->exec();
+    ReportWindow::Instance(owner, entries)->exec();
 }

@@ -1,32 +1,35 @@
 #pragma once
-// The report: the listed entries' titles, user names and passwords as one plain text, made at
-// opening, shown read-only, printed on the default printer after a warning or saved as text.
+// The report (the original's frmRaport): the listed entries' titles, user names and passwords
+// as one plain text, made at opening, shown read-only, printed on the default printer after a
+// warning or saved as text.
 #include "services/WindowSlot.h"
+#include "storage/Entry.h"
+
+#include <QList>
 
 class QPushButton;
 class TextBox;
 
-// The text for `rows` listed rows: the first `rows` entries of the table, whatever the list
-// shows, one line each, after four head lines; no line end after the last line.
-QString ReportText(int rows);
+// The text of the report: four head lines, then one line for each entry given; no line end
+// after the last line.
+QString ReportText(const QList<Entry>& entries);
 
 class ReportWindow : public SingleDialog<ReportWindow>
 {
     Q_OBJECT
     friend class SingleDialog<ReportWindow>;
 
-public:
+private:
+    ReportWindow(QWidget* owner, const QList<Entry>& entries);
     void load();
-    void print(); // print
-    void saveAsText(); // save
-    void closeReport(); // close
+    void print();
+    void saveAsText();
 
+    QList<Entry> entries;
     TextBox* reportBox;
     QPushButton *printButton, *saveButton, *closeButton;
-
-private:
-    explicit ReportWindow(QWidget* owner);
 };
 
-// Opens the report modally over the vault window.
-void ShowReport(QWidget* owner);
+// Opens the report modally over `owner`, on the entries it is to show (the first ones of the
+// table, as many as the list has rows, whatever rows those are).
+void ShowReport(QWidget* owner, const QList<Entry>& entries);

@@ -42,13 +42,3 @@ void ShowEntry(const EntryBoxes& boxes, const Entry& entry)
     boxes.document->SetText(Shown(entry.document));
     boxes.passphrase->SetText(Shown(entry.passphrase));
 }
-
-QString Shown(const QByteArray& field)
-{
-    return platform::FromCodePage(field);
-}
-
-QByteArray Stored(const QString& text)
-{
-    return platform::ToCodePage(text);
-}

@@ -37,7 +37,3 @@ void CarryIntoCurrentEntry(QObject* context, const EntryBoxes& boxes);
 
 // Copies the record into the boxes: address, age, title, note, user name, document, phrase.
 void ShowEntry(const EntryBoxes& boxes, const Entry& entry);
-
-// A field's code-page bytes as the boxes show them, and back.
-QString Shown(const QByteArray& field);
-QByteArray Stored(const QString& text);

@@ -16,14 +16,15 @@
 #include "tools/PasswordGenerator.h"
 #include "vault/EntryBoxes.h"
 #include "vault/EntryTable.h"
-#include "vault/VaultWindow.h"
 
 #include <QLabel>
 #include <QPixmap>
 #include <QPushButton>
 
-EntryDialog::EntryDialog(QWidget* owner)
+EntryDialog::EntryDialog(QWidget* owner, const QStringList& rows, std::function<void()> refill)
     : QDialog(owner)
+    , listedRows(rows)
+    , refillList(std::move(refill))
 {
     setObjectName(QStringLiteral("EntryDialog"));
     setFixedSize(Twips(5775), Twips(4320));
@@ -80,7 +81,7 @@ EntryDialog::EntryDialog(QWidget* owner)
     connect(saveButton, &QPushButton::clicked, this, &EntryDialog::storeNewEntry);
     cancelButton = Named(new QPushButton(this), "cancelButton");
     PlaceTwips(cancelButton, 4560, 3840, 1095, 375);
-    connect(cancelButton, &QPushButton::clicked, this, &EntryDialog::cancel);
+    connect(cancelButton, &QPushButton::clicked, this, &QDialog::reject);
     SetTabOrder({ passwordBox, generatorButton, urlBox, documentBox, hintButton, noteBox, saveButton, cancelButton });
 
     // The picture panel stands at Left 9600, outside the dialog, where nobody sees it.
@@ -94,6 +95,7 @@ EntryDialog::EntryDialog(QWidget* owner)
     connect(loadPictureButton, &QPushButton::clicked, this, &EntryDialog::loadPicture);
 
     load();
+    titleBox->SetLocked(false); // a new entry: its title is typed here
 }
 
 void EntryDialog::load()
@@ -113,41 +115,28 @@ EntryBoxes EntryDialog::boxes() const
     return { titleBox, userNameBox, passphraseBox, passwordBox, urlBox, documentBox, noteBox };
 }
 
-void EntryDialog::unload()
-{
-    done(QDialog::Rejected);
-}
-
 void EntryDialog::storeNewEntry()
 {
     const Entry copy = currentEntry;
     if (copy.title.isEmpty()) {
-        platform::MsgBox(Lang(192), 16);
+        platform::MsgBox(Lang(192), platform::MB_ICONERROR);
         return;
     }
     // The rows on show against the text in the box: a row that carries a field value, or an
     // entry that a search left out, passes.
-    VaultWindow* main = VaultWindow::Instance();
-    for (int i = 0; i < main->list->ListCount(); ++i) {
-        if (main->list->List(i) == titleBox->Text()) {
-            platform::MsgBox(Lang(288), 64);
-            return;
-        }
+    if (listedRows.contains(titleBox->Text())) {
+        platform::MsgBox(Lang(288), platform::MB_ICONINFORMATION);
+        return;
     }
     StoreEntry(copy);
-    platform::MsgBox(Lang(193), 64);
-    main->fillWithAllTitles();
-    unload();
+    platform::MsgBox(Lang(193), platform::MB_ICONINFORMATION);
+    refillList();
+    reject();
 }
 
 void EntryDialog::showDocumentHint()
 {
-    platform::MsgBox(Lang(289), 64);
-}
-
-void EntryDialog::cancel()
-{
-    unload();
+    platform::MsgBox(Lang(289), platform::MB_ICONINFORMATION);
 }
 
 void EntryDialog::loadPicture()
@@ -157,7 +146,7 @@ void EntryDialog::loadPicture()
             QStringLiteral("All Image Files (*.jpg, *.jpeg, *.gif, *.bmp)|*.jpg;*.jpeg;*.gif;*.bmp"), QString(),
             QString(), QString(), 0 });
     auto fail = [](int number) {
-        platform::MsgBox(QStringLiteral("Error #%1:\n%2").arg(number).arg(platform::ErrorText(number)), 16);
+        platform::MsgBox(QStringLiteral("Error #%1:\n%2").arg(number).arg(platform::ErrorText(number)), platform::MB_ICONERROR);
     };
     if (file.isEmpty())
         return; // the dialog's cancel, 32755, ends without a message
@@ -181,5 +170,5 @@ void EntryDialog::loadPicture()
 
 void EntryDialog::openGenerator()
 {
-    ShowPasswordGenerator(this, QStringLiteral("2"));
+    ShowPasswordGenerator(this, passwordBox);
 }

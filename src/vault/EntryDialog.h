@@ -1,9 +1,12 @@
 #pragma once
-// The dialog that writes a new entry. It works on currentEntry, which its boxes fill as they
-// lose the focus, and stores it in entryTable.
+// The dialog that writes a new entry (the original's frmView). It works on the working copy,
+// which its boxes fill as they lose the focus, and stores it in the entry table.
 #include "vault/EntryBoxes.h"
 
 #include <QDialog>
+#include <QStringList>
+
+#include <functional>
 
 class ClickablePicture;
 class QFrame;
@@ -15,15 +18,21 @@ class EntryDialog : public QDialog
 {
     Q_OBJECT
 public:
-    // Creating the dialog is its first touch, which runs load.
-    explicit EntryDialog(QWidget* owner);
+    // For a new entry: the boxes empty, the title open to typing. `listedRows` are the rows the
+    // vault window shows, against which a title counts as taken; `refillList` puts every title
+    // back into that list once the entry is stored.
+    EntryDialog(QWidget* owner, const QStringList& listedRows, std::function<void()> refillList);
 
+private:
     void load();
     void storeNewEntry();
     void showDocumentHint();
-    void cancel();
     void loadPicture();
     void openGenerator();
+    EntryBoxes boxes() const;
+
+    QStringList listedRows;
+    std::function<void()> refillList;
 
     QLabel *titleCaption, *userNameCaption, *passphraseCaption, *passwordCaption, *urlCaption, *documentCaption,
         *noteCaption;
@@ -32,12 +41,8 @@ public:
     QPushButton* saveButton;
     QPushButton* cancelButton;
     ClickablePicture* generatorButton;
+    // Outside the dialog's client area, where nobody sees it; the picture is read, never shown.
     QFrame* pictureFrame;
     QLabel* pictureView;
     QPushButton* loadPictureButton;
-
-private:
-    EntryBoxes boxes() const;
-    // Ends the dialog ("Unload").
-    void unload();
 };

@@ -20,7 +20,6 @@
 #include "services/TrayHost.h"
 #include "services/UpdateWindow.h"
 #include "services/WindowSlot.h"
-#include "settings/SettingsWindow.h"
 #include "storage/DataRoot.h"
 #include "storage/DataTree.h"
 #include "storage/ProfileFiles.h"
@@ -29,9 +28,10 @@
 #include "tools/ImportDialog.h"
 #include "tools/PasswordGenerator.h"
 #include "tools/ReportWindow.h"
-#include "vault/ClipboardCopy.h"
+#include "services/ClipboardCopy.h"
 #include "vault/EntryBoxes.h"
 #include "vault/EntryDialog.h"
+#include "vault/EntrySearch.h"
 #include "vault/EntryTable.h"
 
 #include <QApplication>
@@ -40,10 +40,17 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <QStatusBar>
+#include <QTimer>
 
 #include <functional>
 
 namespace {
+
+std::function<void(QWidget*)>& settingsOpener()
+{
+    static std::function<void(QWidget*)> open;
+    return open;
+}
 
 WindowSlot<VaultWindow>& slot()
 {
@@ -61,36 +68,9 @@ void requestAlwaysOnTop(qint16 onTop)
 
 } // namespace
 
-QString RowTitle(const QString& row)
-{
-    const qsizetype cut = row.indexOf(QStringLiteral(" ("));
-    return cut < 0 ? row : row.left(cut);
-}
-
-std::optional<QString> SearchRow(const Entry& e, const QString& needle)
-{
-    const QString title = Shown(e.title);
-    auto holds = [&needle](const QByteArray& field) { return Shown(field).toLower().contains(needle); };
-    if (holds(e.title))
-        return title;
-    if (holds(e.userName))
-        return title + QStringLiteral(" (") + Shown(e.userName) + QLatin1Char(')');
-    if (holds(e.password))
-        return title + QStringLiteral(" (Password: ") + Shown(e.password) + QLatin1Char(')');
-    if (holds(e.document))
-        return title;
-    if (holds(e.url))
-        return title + QStringLiteral(" (URL: ") + Shown(e.url) + QLatin1Char(')');
-    if (holds(e.passphrase))
-        return title + QStringLiteral(" (Passphrase: ") + Shown(e.passphrase) + QLatin1Char(')');
-    if (holds(e.note))
-        return title;
-    return std::nullopt;
-}
-
 VaultWindow* VaultWindow::Instance()
 {
-    return slot().Touch([] { return new VaultWindow; });
+    return slot().Touch([] { return new VaultWindow; }, [](VaultWindow* form) { form->load(); });
 }
 
 VaultWindow* VaultWindow::Loaded()
@@ -196,15 +176,15 @@ void VaultWindow::buildMenus()
 
     connect(newEntryAction, &QAction::triggered, this, &VaultWindow::newEntry);
     connect(deleteEntryAction, &QAction::triggered, this, &VaultWindow::deleteEntryFromMenu);
-    connect(closeAction, &QAction::triggered, this, &VaultWindow::closeProgram);
+    connect(closeAction, &QAction::triggered, this, &VaultWindow::EndRun);
     connect(refreshAction, &QAction::triggered, this, &VaultWindow::refresh);
     connect(showWindowAction, &QAction::triggered, this, &VaultWindow::showWindow);
-    connect(trayCloseAction, &QAction::triggered, this, &VaultWindow::closeProgram);
+    connect(trayCloseAction, &QAction::triggered, this, &VaultWindow::EndRun);
     connect(copyAction, &QAction::triggered, this, &VaultWindow::copyCurrentField);
     connect(cutAction, &QAction::triggered, this, &VaultWindow::cutCurrentField);
     connect(pasteAction, &QAction::triggered, this, &VaultWindow::pasteIntoCurrentField);
     connect(undoAction, &QAction::triggered, this, &VaultWindow::undoCurrentField);
-    connect(redoAction, &QAction::triggered, this, &VaultWindow::redoCurrentField);
+    connect(redoAction, &QAction::triggered, this, &VaultWindow::undoCurrentField); // a second undo
     connect(clearClipboardAction, &QAction::triggered, this, &VaultWindow::clearClipboard);
     connect(openAddressAction, &QAction::triggered, this, &VaultWindow::openAddress);
     connect(openDocumentAction, &QAction::triggered, this, &VaultWindow::openDocument);
@@ -310,9 +290,9 @@ void VaultWindow::buildControls()
 
     // Only a click into a box makes it the current field: Tab does not, and nothing clears it.
     for (TextBox* b : { userNameBox, passphraseBox, passwordBox, urlBox, documentBox, noteBox })
-        connect(b, &TextBox::Click, this, [this, b] { currentField = b->objectName(); });
+        connect(b, &TextBox::Click, this, [this, b] { currentField = b; });
 
-    buildImages(client);
+    buildPictures(client);
 
     saveButton = button("saveButton");
     PlaceTwips(saveButton, 7680, 5400, 1215, 375);
@@ -337,7 +317,7 @@ void VaultWindow::buildControls()
         { &cutButton, "cutButton", 2060, &CutPicture, &VaultWindow::cutCurrentField },
         { &pasteButton, "pasteButton", 2420, &PastePicture, &VaultWindow::pasteIntoCurrentField },
         { &undoButton, "undoButton", 2820, &UndoPicture, &VaultWindow::undoCurrentField },
-        { &redoButton, "redoButton", 3180, &RedoPicture, &VaultWindow::redoCurrentField },
+        { &redoButton, "redoButton", 3180, &RedoPicture, &VaultWindow::undoCurrentField },
         { &settingsButton, "settingsButton", 3620, &SettingsPicture, &VaultWindow::openSettings },
     };
     for (const Tool& t : tools) {
@@ -360,7 +340,7 @@ void VaultWindow::buildControls()
     statusBar()->setSizeGripEnabled(true);
 }
 
-void VaultWindow::buildImages(QWidget* client)
+void VaultWindow::buildPictures(QWidget* client)
 {
     struct Picture
     {
@@ -535,7 +515,7 @@ void VaultWindow::save()
     for (int i = 1; i <= entryTable.upperBound(); ++i)
         entryTable[i] = entries.at(i - 1);
     if (saved == VaultSave::TooLarge)
-        platform::MsgBox(Lang(900), 16);
+        platform::MsgBox(Lang(900), platform::MB_ICONERROR);
 }
 
 int VaultWindow::OuterWidth() const
@@ -605,10 +585,6 @@ void VaultWindow::startSilentUpdateCheck()
     updateCheckTimer->stop();
 }
 
-int VaultWindow::ListedRows() const
-{
-    return list->ListCount();
-}
 
 void VaultWindow::fillWithAllTitles()
 {
@@ -620,9 +596,9 @@ void VaultWindow::fillWithAllTitles()
 void VaultWindow::search()
 {
     if (list->ListCount() == 0) {
-        platform::MsgBox(Lang(195), 64); // the list is asked, not the table
+        platform::MsgBox(Lang(195), platform::MB_ICONINFORMATION); // the list is asked, not the table
     } else if (searchBox->Text().isEmpty()) {
-        platform::MsgBox(Lang(196), 64);
+        platform::MsgBox(Lang(196), platform::MB_ICONINFORMATION);
     } else {
         setListHeading(Lang(197));
         list->Clear();
@@ -690,31 +666,32 @@ void VaultWindow::saveChangedEntry()
 {
     const Entry copy = currentEntry;
     if (copy.title.isEmpty()) {
-        platform::MsgBox(Lang(192), 16);
+        platform::MsgBox(Lang(192), platform::MB_ICONERROR);
         return;
     }
     StoreEntry(copy);
-    platform::MsgBox(Lang(193), 64);
+    platform::MsgBox(Lang(193), platform::MB_ICONINFORMATION);
     fillWithAllTitles(); // the mode stays, the selection is gone
 }
 
 void VaultWindow::newEntry()
 {
     currentEntry = Entry();
-    auto* view = new EntryDialog(this);
-    view->titleBox->SetLocked(false);
-    view->exec();
-    delete view;
+    QStringList rows;
+    for (int i = 0; i < list->ListCount(); ++i)
+        rows << list->List(i);
+    EntryDialog dialog(this, rows, [this] { fillWithAllTitles(); });
+    dialog.exec();
 }
 
 void VaultWindow::deleteSelectedEntry(int noSelectionSlot)
 {
     const QString title = RowTitle(list->Text());
     if (title.isEmpty()) {
-        platform::MsgBox(Lang(noSelectionSlot), 16);
+        platform::MsgBox(Lang(noSelectionSlot), platform::MB_ICONERROR);
         return;
     }
-    if (platform::MsgBox(Lang(199) + QLatin1Char(' ') + title + QLatin1Char(' ') + Lang(200), 32 + 4) == platform::IDNO)
+    if (platform::MsgBox(Lang(199) + QLatin1Char(' ') + title + QLatin1Char(' ') + Lang(200), platform::MB_YESNO | platform::MB_ICONQUESTION) == platform::IDNO)
         return;
     const qint16 index = FindEntryByTitle(Stored(title));
     if (index == 0)
@@ -738,21 +715,7 @@ void VaultWindow::deleteEntryFromToolbar()
 
 TextBox* VaultWindow::currentFieldBox() const
 {
-    const QString& field = currentField;
-    TextBox* box = nullptr;
-    if (field == QLatin1String("userNameBox"))
-        box = userNameBox;
-    if (field == QLatin1String("passphraseBox"))
-        box = passphraseBox;
-    if (field == QLatin1String("passwordBox"))
-        box = passwordBox;
-    if (field == QLatin1String("urlBox"))
-        box = urlBox;
-    if (field == QLatin1String("documentBox"))
-        box = documentBox;
-    if (field == QLatin1String("noteBox"))
-        box = noteBox;
-    return box;
+    return currentField;
 }
 
 void VaultWindow::copyCurrentField()
@@ -781,12 +744,6 @@ void VaultWindow::undoCurrentField()
         box->SendMessage(TextBox::WM_UNDO);
 }
 
-void VaultWindow::redoCurrentField()
-{
-    // The edit box has one step of undo: a second undo is the redo.
-    if (TextBox* box = currentFieldBox())
-        box->SendMessage(TextBox::WM_UNDO);
-}
 
 void VaultWindow::clearClipboard()
 {
@@ -828,23 +785,28 @@ void VaultWindow::openDocument()
 
 void VaultWindow::openGeneratorForPassword()
 {
-    ShowPasswordGenerator(this, QStringLiteral("1"));
+    ShowPasswordGenerator(this, passwordBox);
 }
 
 void VaultWindow::openGenerator()
 {
-    ShowPasswordGenerator(this, QStringLiteral("0"));
+    ShowPasswordGenerator(this, nullptr);
 }
 
 void VaultWindow::openSettings()
 {
     // Beside this window, not modal: the vault keeps working behind it.
-    SettingsWindow::Instance()->show();
+    if (settingsOpener())
+        settingsOpener()(this);
 }
 
 void VaultWindow::showReport()
 {
-    ShowReport(this);
+    // The report counts the rows on show but takes the entries from the top of the table.
+    QList<Entry> first;
+    for (int i = 1; i <= list->ListCount() && entryTable.contains(i); ++i)
+        first.append(entryTable[i]);
+    ShowReport(this, first);
 }
 
 void VaultWindow::exportVault()
@@ -890,6 +852,22 @@ void VaultWindow::openLicence()
     LinkLicence();
 }
 
+void VaultWindow::ConnectSettings(std::function<void(QWidget*)> open)
+{
+    settingsOpener() = std::move(open);
+}
+
+void VaultWindow::ShowTrayMenuInBar()
+{
+    trayMenu->setTitle(platform::AppTitle());
+    menuBar()->addMenu(trayMenu);
+}
+
+void VaultWindow::StartUpdateCheckTimer()
+{
+    updateCheckTimer->start();
+}
+
 void VaultWindow::EndRun()
 {
     Unload();
@@ -897,10 +875,6 @@ void VaultWindow::EndRun()
     platform::EndProcess(0);
 }
 
-void VaultWindow::closeProgram()
-{
-    EndRun();
-}
 
 void VaultWindow::showWindow()
 {

@@ -1,17 +1,16 @@
 #pragma once
-// The vault window: the list on the left, the boxes of the entry on show on the right. Its
-// load reads the vault of `current` into entryTable and its unload writes the table back;
-// nothing else saves the vault.
+// The vault window (the original's frmMain; its controls are listed in docs/original-names.md).
+// The list on the left, the boxes of the entry on show on the right. Its load reads the vault of
+// `current` into the entry table and its unload writes the table back; nothing else saves the
+// vault.
 #include "storage/Entry.h"
 #include "storage/ListControl.h"
 #include "vault/EntryBoxes.h"
 
 #include <QMainWindow>
-#include <QTimer>
 
-#include <optional>
+#include <functional>
 
-class SkinnedButton;
 class ClickablePicture;
 class ListBox;
 class QAction;
@@ -19,14 +18,9 @@ class QFrame;
 class QLabel;
 class QMenu;
 class QPushButton;
+class QTimer;
+class SkinnedButton;
 class TextBox;
-
-// The title that a row stands for: the text before the first " (", or the whole row.
-QString RowTitle(const QString& row);
-
-// The row that an entry adds to a search for `needle` (already in lower case): the first of
-// title, name, age, interests, address, phone, extra that holds it decides the form.
-std::optional<QString> SearchRow(const Entry& entry, const QString& needle);
 
 class VaultWindow : public QMainWindow
 {
@@ -36,64 +30,26 @@ public:
     static VaultWindow* Instance();
     // The window if it is loaded, else null.
     static VaultWindow* Loaded();
-    // Runs save and discards the window.
+    // Saves (the window's unload) and discards the window.
     static void Unload();
     // The end of a run: the vault window unloaded (which saves), the host window unloaded (which
     // empties the clipboard if the option says so), the process ended.
     [[noreturn]] static void EndRun();
 
-    void load();
-    void save();
-    void layOut();
+    // The settings window lies above this one: whoever starts the program says how it opens.
+    static void ConnectSettings(std::function<void(QWidget* owner)> open);
 
-    void keepBoxesInStep();
+    // The pop-up menu of the notification area; without one, it stands in the menu bar.
+    QMenu* TrayMenu() const { return trayMenu; }
+    void ShowTrayMenuInBar();
+    // Only a typed login starts the silent update check, at the timer's first tick (1 s; tests
+    // call the tick instead of waiting).
+    void StartUpdateCheckTimer();
     void startSilentUpdateCheck();
 
-    // Search, back to the full list, row click.
-    void search();
-    void showAllEntries();
-    void refresh();
-    void showSelectedEntry();
-
-    void saveChangedEntry();
-    void newEntry();
-    // Delete the selected entry; the two tell a missing selection by different messages.
-    void deleteEntryFromMenu();
-    void deleteEntryFromToolbar();
-
-    // The edit commands act on the field clicked last, not on the focused box.
-    void copyCurrentField();
-    void cutCurrentField();
-    void pasteIntoCurrentField();
-    void undoCurrentField();
-    void redoCurrentField();
-    void clearClipboard();
-    // The copy images: the box beside them, whatever field was clicked last.
-    void openAddressIfAny();
-    void openGeneratorForPassword();
-    void openDocumentIfAny();
-    void openAddress();
-    void openDocument();
-    void openGenerator();
-    void openSettings();
-    // Report (also printAction and toolbar printButton/reportButton), export, import, update, about.
-    void showReport();
-    void exportVault();
-    void importVault();
-    void checkForUpdates();
-    void showAbout();
-    void openHomePage();
-    void openForum();
-    void openReadMe();
-    void openLicence();
-
-    void closeProgram();
-    void showWindow();
-
-    // Clears list and adds the title of every entry from 1 on.
-    void fillWithAllTitles();
-    // The rows the list shows now.
-    int ListedRows() const;
+    // The tick of the timer that keeps the boxes locked or free, and the fourth status panel,
+    // in step with the title on show (every 100 ms; tests call it instead of waiting).
+    void keepBoxesInStep();
 
     // The outer size of the window in twips, as the layout rules read and set it: the client
     // area below the menu bar and the frame of the original platform around it.
@@ -103,23 +59,79 @@ public:
     static constexpr int frameWidth = 240;
     static constexpr int frameHeight = 840;
 
-    // Menus and their entries, by name.
-    QMenu* fileMenu;
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    VaultWindow();
+    void buildMenus();
+    void buildControls();
+    void buildPictures(QWidget* client);
+    void setCaptions();
+    void load();
+    void save();
+    void layOut();
+
+    // The list: search, back to the whole list, a row's entry on show.
+    void search();
+    void showAllEntries();
+    void refresh();
+    void showSelectedEntry();
+    void loadSelectedEntry();
+    void showCurrentEntry();
+    void fillWithAllTitles();
+    void setListHeading(const QString& heading);
+    void setPanel(int panel, const QString& text);
+
+    // Entries: new, changed, deleted (the menu and the toolbar tell a missing selection apart).
+    void newEntry();
+    void saveChangedEntry();
+    void deleteEntryFromMenu();
+    void deleteEntryFromToolbar();
+    void deleteSelectedEntry(int noSelectionSlot);
+
+    // The edit commands act on the field clicked last, not on the focused box; Redo is a
+    // second Undo.
+    void copyCurrentField();
+    void cutCurrentField();
+    void pasteIntoCurrentField();
+    void undoCurrentField();
+    void clearClipboard();
+    TextBox* currentFieldBox() const;
+    // The pictures beside the boxes: a copy of the box, whatever field was clicked last.
+    void copyBoxBeside(TextBox* box);
+    void openAddress();
+    void openDocument();
+    void openAddressIfAny();
+    void openDocumentIfAny();
+    void openGenerator();
+    void openGeneratorForPassword();
+
+    void openSettings();
+    void showReport();
+    void exportVault();
+    void importVault();
+    void checkForUpdates();
+    void showAbout();
+    void openHomePage();
+    void openForum();
+    void openReadMe();
+    void openLicence();
+    void showWindow();
+
+    EntryBoxes boxes() const;
+
+    QMenu *fileMenu, *editMenu, *viewMenu, *reportsMenu, *toolsMenu, *helpMenu;
     QAction *newEntryAction, *deleteEntryAction, *importAction, *exportAction, *printAction, *closeAction;
-    QMenu* editMenu;
     QAction *undoAction, *redoAction, *cutAction, *copyAction, *pasteAction, *clearClipboardAction;
-    QMenu* viewMenu;
     QAction *openDocumentAction, *openAddressAction, *refreshAction;
-    QMenu* reportsMenu;
     QAction* reportAction;
-    QMenu* toolsMenu;
     QAction *generatorAction, *settingsAction;
-    QMenu* helpMenu;
     QAction *readMeAction, *licenceAction, *updateAction, *homePageAction, *aboutAction;
-    QMenu* trayMenu; // the tray's menu, never in the bar
+    QMenu* trayMenu; // never in the bar while there is a notification area
     QAction *showWindowAction, *trayUpdateAction, *trayHomePageAction, *forumAction, *trayAboutAction, *trayCloseAction;
 
-    // Toolbar.
     SkinnedButton *newEntryButton, *deleteEntryButton, *printButton, *reportButton, *copyButton, *cutButton,
         *pasteButton, *undoButton, *redoButton, *settingsButton;
     QLabel* headingStrip;
@@ -128,7 +140,7 @@ public:
     QLabel *searchCaption, *listHeading, *entryHeading;
     TextBox* searchBox;
     SkinnedButton* searchButton;
-    QPushButton* showAllButton;
+    QPushButton* showAllButton; // visible only in results mode: the record of the mode
     ListBox* list;
 
     ClickablePicture *copyUserNameButton, *copyPassphraseButton, *copyUrlButton, *copyPasswordButton,
@@ -143,33 +155,9 @@ public:
     QTimer* boxLockTimer;
     QTimer* updateCheckTimer;
 
-protected:
-    void closeEvent(QCloseEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
-
-private:
-    VaultWindow();
-    void buildMenus();
-    void buildControls();
-    void setCaptions();
-    void setPanel(int panel, const QString& text);
-    void setListHeading(const QString& heading);
-    void loadSelectedEntry();
-    void showCurrentEntry();
-    void deleteSelectedEntry(int noSelectionSlot);
-    EntryBoxes boxes() const;
-    // The box named by currentField, or null when it names none.
-    TextBox* currentFieldBox() const;
-    void copyBoxBeside(TextBox* box);
-    void buildImages(QWidget* client);
-
     bool unloaded = false;
-    // The record of the field clicked last: the name of its box, or "Label4" (no field) until a
-    // box was clicked, as the hidden label of the original held it.
-    QString currentField = QStringLiteral("Label4");
+    // The field clicked last: its box, or none until a box was clicked.
+    TextBox* currentField = nullptr;
     // The names of users.txt, read at the load (which provisions the tree when it can't be read).
     StringListControl profileNames;
-
-public:
-    QString CurrentFieldName() const { return currentField; }
 };

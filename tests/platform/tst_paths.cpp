@@ -1,62 +1,42 @@
-#include "TestSupport.h"
+#include "TestWorld.h"
 #include "platform/CodePage.h"
 #include "platform/Paths.h"
+
+using namespace Qt::StringLiterals;
+using namespace platform;
 
 class tst_paths : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void driveMappingAndSeparators()
+    void windowsPathsNativePathsAndTheCodePage()
     {
         TestWorld world;
-        const QString home = world.path(QStringLiteral("home"));
-        QCOMPARE(platform::ToNative(QStringLiteral("C:\\notes\\a.txt")), home + QStringLiteral("/notes/a.txt"));
-        // A doubled separator, as plain concatenation makes it, is harmless.
-        QCOMPARE(platform::ToNative(QStringLiteral("C:\\\\notes\\\\a.txt")), home + QStringLiteral("/notes/a.txt"));
-        QCOMPARE(platform::ToNative(QStringLiteral("Z:\\etc\\hostname")), QStringLiteral("/etc/hostname"));
-        QCOMPARE(platform::ToNative(QStringLiteral("/usr/share")), QStringLiteral("/usr/share"));
-        QVERIFY(platform::ToNative(QStringLiteral("Q:\\nothing")).isEmpty());
-        QCOMPARE(platform::ToWindows(home + QStringLiteral("/x/y")), QStringLiteral("C:\\x\\y"));
-        QCOMPARE(platform::ToWindows(home), QStringLiteral("C:\\"));
-        QCOMPARE(platform::ToWindows(QStringLiteral("/usr/lib")), QStringLiteral("Z:\\usr\\lib"));
-    }
-
-    void caseInsensitiveLookupAndProgramNames()
-    {
-        TestWorld world;
-        const QString program = platform::AppPath();
-        // The program asks for "languages\english\readme.txt" and "languages\Polish\..." alike.
-        const QString native = platform::ToNative(program + QStringLiteral("\\LANGUAGES\\english\\README.TXT"));
-        QCOMPARE(native, world.path(QStringLiteral("program/languages/English/readme.txt")));
-        world.write(QStringLiteral("program/tolvane"), "binary");
-        QCOMPARE(platform::ToNative(program + QStringLiteral("\\tolvane.exe")),
-            world.path(QStringLiteral("program/tolvane")));
-        // An exact name wins over a case-insensitive one.
-        world.write(QStringLiteral("home/Doc"), "1");
-        world.write(QStringLiteral("home/doc"), "2");
-        QCOMPARE(platform::ToNative(QStringLiteral("C:\\doc")), world.path(QStringLiteral("home/doc")));
-    }
-
-    void removableMediaGetLettersFromD()
-    {
-        TestWorld world;
-        QDir().mkpath(world.path(QStringLiteral("stick")));
-        qputenv("TOLVANE_MEDIA", world.path(QStringLiteral("stick")).toLocal8Bit());
-        QCOMPARE(platform::DriveRoot(QLatin1Char('D')), world.path(QStringLiteral("stick")));
-        QCOMPARE(platform::ToWindows(world.path(QStringLiteral("stick"))), QStringLiteral("D:\\"));
-        QVERIFY(platform::DriveLetters().contains(QStringLiteral("D")));
+        const QString home = world.path(u"home"_s), program = AppPath();
+        for (const QString& file : { u"program/tolvane"_s, u"home/Doc"_s, u"home/doc"_s })
+            world.write(file, file.toLatin1());
+        // A doubled separator (of concatenation) is harmless; "languages\english" finds "languages/English".
+        const std::pair<QString, QString> toNative[] = { { u"C:\\notes\\a.txt"_s, home + u"/notes/a.txt"_s },
+            { u"C:\\\\notes\\\\a.txt"_s, home + u"/notes/a.txt"_s }, { u"Z:\\etc\\hostname"_s, u"/etc/hostname"_s },
+            { u"/usr/share"_s, u"/usr/share"_s }, { u"Q:\\nothing"_s, QString() },
+            { program + u"\\LANGUAGES\\english\\README.TXT"_s, world.path(u"program/languages/English/readme.txt"_s) },
+            { program + u"\\tolvane.exe"_s, world.path(u"program/tolvane"_s) },
+            { u"C:\\doc"_s, world.path(u"home/doc"_s) } }; // an exact name wins over a case-insensitive one
+        for (const auto& [windows, native] : toNative)
+            QCOMPARE(ToNative(windows), native);
+        qputenv("TOLVANE_MEDIA", world.path(u"program"_s).toLocal8Bit()); // removable media from D: on
+        QCOMPARE((QStringList { ToWindows(home + u"/x/y"_s), ToWindows(home), ToWindows(u"/usr/lib"_s),
+                     ToWindows(world.path(u"program"_s)), DriveRoot(QLatin1Char('D')) }),
+            (QStringList { u"C:\\x\\y"_s, u"C:\\"_s, u"Z:\\usr\\lib"_s, u"D:\\"_s, world.path(u"program"_s) }));
+        QVERIFY(DriveLetters().contains(u"D"_s));
         qputenv("TOLVANE_MEDIA", "");
-        QVERIFY(platform::DriveRoot(QLatin1Char('D')).isEmpty());
-    }
+        QVERIFY(DriveRoot(QLatin1Char('D')).isEmpty());
 
-    void codePageRoundTripsEveryByte()
-    {
-        QByteArray all;
+        QByteArray all; // every byte through the code page and back; what is outside it is reduced
         for (int b = 0; b < 256; ++b)
             all.append(static_cast<char>(b));
-        QCOMPARE(platform::ToCodePage(platform::FromCodePage(all)), all);
-        // Characters outside the code page are reduced.
-        QCOMPARE(platform::ToCodePage(QStringLiteral("a\u4e2db")), QByteArray("a?b"));
+        QCOMPARE(ToCodePage(FromCodePage(all)), all);
+        QCOMPARE(ToCodePage(u"a\u4e2db"_s), QByteArray("a?b"));
     }
 };
 

@@ -1,46 +1,29 @@
-// The skinned button on its own: the look of each mouse and focus event, the toggle, the stored
-// properties and the one tick that applies them, the height it keeps.
+// The skinned button as the user sees it: its look after each mouse and focus event, read from its
+// pixels, the toggle as an assistive tool reads it, and the height it keeps.
+#include "ProgramRun.h"
 #include "platform/Twips.h"
+#include "services/ProgramPictures.h"
 #include "services/SkinnedButton.h"
 
-#include <QAccessible>
-#include <QApplication>
-#include <QLabel>
-#include <QLineEdit>
 #include <QSignalSpy>
-#include <QTest>
-#include <QTimer>
 
 namespace {
 
-// A window with a box and a button, active, the focus in the box.
-struct Host
+// The background on show, told by a pixel beside the picture, and the frame, by the left edge.
+QString look(QWidget* button)
 {
-    explicit Host(const PropertyBag& stored = PropertyBag())
-    {
-        box = new QLineEdit(&window);
-        box->setGeometry(0, 0, 100, 20);
-        button = Placed(new SkinnedButton(&window, stored), "Command1", 120, 600, 900, 375);
-        window.resize(200, 100);
-        window.show();
-        window.activateWindow();
-        QApplication::setActiveWindow(&window);
-        if (!QTest::qWaitForWindowActive(&window))
-            qWarning("the host window did not become active");
-        box->setFocus();
+    const QImage shot = button->grab().toImage();
+    const QPoint inside(shot.width() - 5, shot.height() / 2), edge(0, shot.height() / 2);
+    for (int i = 0; i < 3; ++i) {
+        const QImage background = ButtonBackground(ButtonLook(i), button->devicePixelRatioF()).toImage();
+        if (shot.pixelColor(inside) == background.pixelColor(inside))
+            return QStringList({ "normal", "over", "down" })[i]
+                + (shot.pixelColor(edge) == background.pixelColor(edge) ? ""_L1 : " framed"_L1);
     }
-    QWidget window;
-    QLineEdit* box;
-    SkinnedButton* button;
-};
-
-PropertyBag stored(std::initializer_list<std::pair<const char*, QVariant>> values)
-{
-    PropertyBag bag;
-    for (const auto& [name, value] : values)
-        bag.WriteProperty(QLatin1String(name), value, QVariant());
-    return bag;
+    return u"unknown"_s;
 }
+
+const auto checked = [](QWidget* button) { return QAccessible::queryAccessibleInterface(button)->state().checked; };
 
 } // namespace
 
@@ -49,180 +32,56 @@ class tst_skinned_button : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void looksFollowFocusAndLeftButton()
+    void looksFollowTheFocusTheLeftButtonAndTheToggle()
     {
-        Host host;
-        SkinnedButton* b = host.button;
+        ProgramRun run;
+        VaultWindow* vault = run.startActive({});
+        auto* b = ui::get<SkinnedButton>(vault, Lang(216)); // Cut: nothing to cut before a box is clicked
         QSignalSpy clicks(b, &SkinnedButton::Click);
-        QCOMPARE(b->Picture(), b->normalBackground);
-        QVERIFY(!b->FrameShown());
-
-        // Passing over the button is taking the focus: the over look, which stays after the
-        // mouse has gone, until the focus goes elsewhere.
-        QTest::mouseMove(b, QPoint(5, 5));
-        QTRY_VERIFY(b->hasFocus());
-        QCOMPARE(b->Picture(), b->overBackground);
-        QVERIFY(b->FrameShown());
-
-        // The right button changes nothing going down, shows the over look coming up, no click.
-        QTest::mousePress(b, Qt::RightButton);
-        QCOMPARE(b->Picture(), b->overBackground);
+        QCOMPARE(look(b), u"normal"_s);
+        ui::hover(vault, Lang(216)); // passing over takes the focus, and the look stays after the mouse left
+        QTest::mouseMove(vault->windowHandle(), QPoint(5, vault->height() - 5));
+        QCOMPARE(look(b), u"over framed"_s);
+        QTest::mousePress(b, Qt::RightButton); // no press look, and no click
+        QCOMPARE(look(b), u"over framed"_s);
         QTest::mouseRelease(b, Qt::RightButton);
-        QCOMPARE(b->Picture(), b->overBackground);
-        QCOMPARE(clicks.size(), 0);
-
         QTest::mousePress(b, Qt::LeftButton);
-        QCOMPARE(b->Picture(), b->downBackground);
-        QVERIFY(b->FrameShown());
+        QCOMPARE(look(b), u"down framed"_s);
         QTest::mouseRelease(b, Qt::LeftButton);
-        QCOMPARE(b->Picture(), b->overBackground);
-        QCOMPARE(clicks.size(), 1);
-
-        // The icon and the caption click as the background does.
-        b->SetCaption(QStringLiteral("Go"));
-        QTest::mouseClick(b->captionLabel, Qt::LeftButton);
-        QTest::mouseClick(b->iconLabel, Qt::LeftButton);
-        QCOMPARE(clicks.size(), 3);
-        // Pressed on the button, released beside it: no click.
+        QCOMPARE(look(b), u"over framed"_s);
+        // The picture clicks as the background does; a release beside it or a double click's second press does not.
+        QTest::mouseClick(vault->windowHandle(), Qt::LeftButton, {}, b->mapTo(vault, QPoint(10, 10)));
         QTest::mousePress(b, Qt::LeftButton);
         QTest::mouseRelease(b, Qt::LeftButton, {}, QPoint(b->width() + 5, 5));
+        QTest::mouseDClick(vault->windowHandle(), Qt::LeftButton, {}, b->mapTo(vault, QPoint(20, 10)));
         QCOMPARE(clicks.size(), 3);
-        // A double click is one click: its second press is no MouseDown and raises no Click.
-        // (Through the window, as the window system delivers a double click.)
-        QTest::mouseDClick(host.window.windowHandle(), Qt::LeftButton, {}, b->geometry().center());
-        QCOMPARE(clicks.size(), 4);
-        QCOMPARE(b->Picture(), b->overBackground);
+        PlaceTwips(b, 2060, 360, 1815, 2000); // the height stays; the frame's right edge follows the width
+        QCOMPARE(b->size(), QSize(Twips(1815), Twips(375)));
+        const QImage shot = b->grab().toImage();
+        QCOMPARE(shot.pixelColor(shot.width() - 1, 5), shot.pixelColor(0, 5));
+        ui::type(vault, Lang(242), {});
+        QCOMPARE(look(b), u"normal"_s); // a plain button keeps no frame
 
-        host.box->setFocus();
-        QCOMPARE(b->Picture(), b->normalBackground);
-        QVERIFY(!b->FrameShown());
-    }
-
-    void toggleShowsItsStateWhenTheFocusLeaves()
-    {
-        Host host(stored({ { "CHEK", true } }));
-        SkinnedButton* b = host.button;
-        QVERIFY(b->CanBeChecked());
-        QVERIFY(!b->IsChecked());
-        QSignalSpy clicks(b, &SkinnedButton::Click);
-
-        QTest::mouseClick(b, Qt::LeftButton);
-        QVERIFY(b->IsChecked());
-        QCOMPARE(clicks.size(), 1);
-        // Still the look of a button with the focus: the state shows only when it leaves.
-        QCOMPARE(b->Picture(), b->overBackground);
-        host.box->setFocus();
-        QCOMPARE(b->Picture(), b->normalBackground);
-        QVERIFY(b->FrameShown());
-
-        QTest::mouseClick(b, Qt::LeftButton);
-        QVERIFY(!b->IsChecked());
-        QVERIFY(b->FrameShown());
-        host.box->setFocus();
-        QVERIFY(!b->FrameShown());
-
-        // A plain button never keeps its frame.
-        b->SetCanBeChecked(false);
-        QTest::mouseClick(b, Qt::LeftButton);
-        QVERIFY(!b->IsChecked());
-        host.box->setFocus();
-        QVERIFY(!b->FrameShown());
-    }
-
-    void storedPropertiesTakeEffectAtTheOneTick()
-    {
-        Host host(
-            stored({ { "ENAB", false }, { "CHEK", true }, { "CCHEK", true }, { "CAP", QStringLiteral("Find") } }));
-        SkinnedButton* b = host.button;
-        QCOMPARE(b->Caption(), QStringLiteral("Find"));
-        QVERIFY(b->captionLabel->width() > 0); // the caption sizes itself
-        // Until the tick the control is as Initialize left it: enabled, plain look.
-        QVERIFY(b->isEnabled());
-        QVERIFY(!b->FrameShown());
-        QTRY_VERIFY(!b->startTimer->isActive());
-        QVERIFY(!b->isEnabled());
-        QVERIFY(b->FrameShown()); // a checked toggle
-        QCOMPARE(b->Picture(), b->normalBackground);
-
-        // Enabled set by code later is the member only; nothing on the screen follows it.
-        QSignalSpy changed(b, &SkinnedButton::PropertyChanged);
-        b->SetEnabled(true);
-        QVERIFY(b->Enabled());
-        QVERIFY(!b->isEnabled());
-        b->SetIsChecked(false);
-        QVERIFY(b->FrameShown());
-        b->SetCaption(QStringLiteral("Search"));
-        b->SetPictureNormal(QIcon());
-        b->SetCanBeChecked(false);
-        QCOMPARE(changed.size(), 5);
-        const QStringList names { QStringLiteral("ENAB"), QStringLiteral("CCHEK"), QStringLiteral("CAP"),
-            QStringLiteral("PictureNormal"), QStringLiteral("CHEK") };
-        for (int i = 0; i < names.size(); ++i)
-            QCOMPARE(changed.at(i).at(0).toString(), names.at(i));
-    }
-
-    void writesInItsOrderAndOnlyWhatDiffers()
-    {
-        Host host;
-        SkinnedButton* b = host.button;
-        PropertyBag defaults;
-        b->WriteProperties(defaults);
-        QVERIFY(defaults.Names().isEmpty());
-
-        b->SetIsChecked(true);
-        b->SetCaption(QStringLiteral("OK"));
-        b->SetEnabled(false);
-        b->SetCanBeChecked(true);
-        QPixmap dot(4, 4);
-        dot.fill(Qt::red);
-        b->SetPictureNormal(QIcon(dot));
-        PropertyBag bag;
-        b->WriteProperties(bag);
-        QCOMPARE(bag.Names(),
-            QStringList({ QStringLiteral("ENAB"), QStringLiteral("PictureNormal"), QStringLiteral("CHEK"),
-                QStringLiteral("CCHEK"), QStringLiteral("CAP") }));
-
-        // What one button wrote, another reads back.
-        SkinnedButton copy(&host.window, bag);
-        QCOMPARE(copy.Caption(), QStringLiteral("OK"));
-        QVERIFY(!copy.Enabled());
-        QVERIFY(copy.CanBeChecked());
-        QVERIFY(copy.IsChecked());
-        QVERIFY(!copy.PictureNormal().isNull());
-        QVERIFY(!copy.iconLabel->pixmap().isNull());
-    }
-
-    void assistiveToolsSeeAPushButton()
-    {
-        Host host(stored({ { "CHEK", true }, { "CAP", QStringLiteral("Bold") } }));
-        SkinnedButton* b = host.button;
-        QSignalSpy clicks(b, &SkinnedButton::Click);
-        QAccessibleInterface* seen = QAccessible::queryAccessibleInterface(b);
-        QVERIFY(seen);
-        QCOMPARE(seen->role(), QAccessible::Button);
-        QCOMPARE(seen->text(QAccessible::Name), QStringLiteral("Bold"));
-        b->setAccessibleName(QStringLiteral("Make bold"));
-        QCOMPARE(seen->text(QAccessible::Name), QStringLiteral("Make bold"));
-        // Its press is a click: the toggle flips and Click is raised.
-        QVERIFY(seen->actionInterface());
-        seen->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
-        QCOMPARE(clicks.size(), 0); // after the tool has its answer
-        QTRY_COMPARE(clicks.size(), 1);
-        QVERIFY(b->IsChecked());
-        QVERIFY(seen->state().checked);
-    }
-
-    void heightIsAlways375Twips()
-    {
-        Host host;
-        SkinnedButton* b = host.button;
-        QCOMPARE(b->height(), Twips(375));
-        for (int twips : { 100, 375, 2000 }) {
-            PlaceTwips(b, 0, 0, 1215, twips);
-            QCOMPARE(b->height(), Twips(375));
-            QCOMPARE(b->width(), Twips(1215)); // the width is free
-            QCOMPARE(b->frameRight->x(), Twips(1215 - 30));
-        }
+        // A checked toggle shows its frame from the one tick after its properties are read.
+        PropertyBag stored;
+        for (const char* name : { "CHEK", "CCHEK" })
+            stored.WriteProperty(QLatin1String(name), true, false);
+        stored.WriteProperty(u"CAP"_s, u"Bold"_s, QString());
+        b = new SkinnedButton(vault, stored);
+        PlaceTwips(b, 4000, 360, 1200, 375);
+        b->show();
+        QCOMPARE(look(b), u"normal"_s);
+        b->applyStoredProperties();
+        QVERIFY(checked(b) && look(b) == u"normal framed"_s);
+        ui::click(vault, u"Bold"_s); // it flips at once, and shows it when the focus leaves
+        QVERIFY(!checked(b) && look(b) == u"over framed"_s);
+        ui::type(vault, Lang(242), {});
+        QCOMPARE(look(b), u"normal"_s);
+        // An assistive tool's press is a click, once the tool has its answer.
+        QAccessible::queryAccessibleInterface(b)->actionInterface()->doAction(
+            QAccessibleActionInterface::pressAction());
+        QVERIFY(!checked(b));
+        QTRY_VERIFY(checked(b) && look(b) == u"normal"_s);
     }
 };
 

@@ -1,16 +1,12 @@
-// The update check against a small HTTP server on 127.0.0.1: newer, equal, equal with a line
-// end, an error status, a redirect, a large body and no answer at all; and the about box.
-#include "VaultRun.h"
-#include "services/AboutDialog.h"
+// The update check against a small HTTP server on 127.0.0.1, and the about box.
+#include "ProgramRun.h"
 #include "services/ClickablePicture.h"
-#include "services/ProductLinks.h"
 #include "services/SilentUpdateCheck.h"
 #include "services/UpdateCheck.h"
 #include "services/UpdateWindow.h"
+#include "startup/PasswordDigest.h"
 
-#include <QLabel>
 #include <QProgressBar>
-#include <QPushButton>
 #include <QTcpServer>
 #include <QTcpSocket>
 
@@ -23,7 +19,7 @@ public:
     ManifestServer()
     {
         listen(QHostAddress::LocalHost);
-        qputenv("TOLVANE_SERVER_ADDRESS", QStringLiteral("http://127.0.0.1:%1").arg(serverPort()).toLatin1());
+        qputenv("TOLVANE_SERVER_ADDRESS", u"http://127.0.0.1:%1"_s.arg(serverPort()).toLatin1());
         connect(this, &QTcpServer::newConnection, this, [this] {
             QTcpSocket* socket = nextPendingConnection();
             connect(socket, &QTcpSocket::readyRead, socket, [this, socket] {
@@ -46,144 +42,118 @@ public:
     QByteArray response;
 };
 
+// Help > Check for updates, its check ticked at once; the boxes it showed.
+QStringList checkFromTheMenu(ProgramRun& run, VaultWindow* vault)
+{
+    run.boxes.shown.clear();
+    ui::onNextModal([](QWidget* update) { static_cast<UpdateWindow*>(update)->checkTick(); });
+    ui::menu(vault, { Lang(229), Lang(234) });
+    return run.boxes.all();
+}
+
 } // namespace
 
 class tst_update : public QObject
 {
     Q_OBJECT
 
-    // One check of the shown window; the boxes it showed.
-    static QStringList checkShown(VaultRun& run)
-    {
-        run.boxes.shown.clear();
-        UpdateWindow* update = UpdateWindow::Instance(nullptr);
-        update->show();
-        update->checkTick();
-        QStringList texts;
-        for (const auto& box : run.boxes.shown)
-            texts << QStringLiteral("%1 %2").arg(box.flags).arg(box.text);
-        if (UpdateWindow::Loaded())
-            texts << QStringLiteral("the window stayed");
-        return texts;
-    }
-
 private Q_SLOTS:
     void versionTextHasOneDot()
     {
-        QCOMPARE(LocalVersionText(), QStringLiteral("2.10"));
-        QVERIFY(UpdateAvailable(true, QStringLiteral("2.9")));
-        QVERIFY(!UpdateAvailable(true, QStringLiteral("2.10")));
-        QVERIFY(UpdateAvailable(true, QStringLiteral("2.10\n")));
-        QVERIFY(!UpdateAvailable(true, QStringLiteral("10.0")));
-        QVERIFY(!UpdateAvailable(false, QStringLiteral("9")));
+        QCOMPARE(LocalVersionText(), u"2.10"_s); // texts compared as texts: "10.0" is no news, "2.9" is
+        QVERIFY(
+            UpdateAvailable(true, u"2.9"_s) && !UpdateAvailable(true, u"10.0"_s) && !UpdateAvailable(false, u"9"_s));
     }
 
-    void shownCheckAnswersEveryServer()
+    void theAskedCheckAnswersEveryServer()
     {
-        VaultRun run;
+        ProgramRun run;
         ManifestServer server;
         ShellScript shell;
-        const QString news = QStringLiteral("36 ") + Lang(144);
-        const QString nothing = QStringLiteral("64 ") + Lang(146);
+        VaultWindow* vault = run.start();
+        const QStringList news { u"36|Tolvane|"_s + Lang(144) };
+        const QStringList nothing { u"64|Tolvane|"_s + Lang(146) };
 
         server.serve("200 OK", "2.9");
         run.boxes.answer(platform::IDYES);
-        QCOMPARE(checkShown(run), QStringList { news });
+        QCOMPARE(checkFromTheMenu(run, vault), news);
         QVERIFY(server.request.startsWith("GET /updates/tolvane-updates.txt HTTP/1.1\r\n"));
-        QCOMPARE(shell.calls.size(), 1); // Yes opens the update page
-        QVERIFY(shell.calls[0].file.contains(QStringLiteral("127.0.0.1")));
-
-        server.serve("200 OK", "2.10");
-        QCOMPARE(checkShown(run), QStringList { nothing });
-        server.serve("200 OK", "2.10\r\n");
-        run.boxes.answer(platform::IDNO);
-        QCOMPARE(checkShown(run), QStringList { news }); // No: nothing opens
+        QVERIFY(shell.calls.size() == 1 && shell.calls[0].file.contains(u"127.0.0.1"_s)); // Yes opens the page
+        // Equal, equal with a line end, an error status, a redirect, a large body; No opens nothing.
+        const std::tuple<QByteArray, QByteArray, QByteArray, bool> answers[] = { { "200 OK", "2.10", {}, false },
+            { "200 OK", "2.10\r\n", {}, true }, { "404 Not Found", "9.9", {}, false },
+            { "301 Moved Permanently", "9.9", "Location: http://127.0.0.1:9/x\r\n", false },
+            { "200 OK", QByteArray(10 * 1000 * 1000, '9'), {}, true } };
+        for (const auto& [status, body, extra, isNews] : answers) {
+            server.serve(status, body, extra);
+            run.boxes.answer(platform::IDNO);
+            QCOMPARE(checkFromTheMenu(run, vault), isNews ? news : nothing);
+        }
         QCOMPARE(shell.calls.size(), 1);
-        server.serve("404 Not Found", "9.9");
-        QCOMPARE(checkShown(run), QStringList { nothing });
-        server.serve("301 Moved Permanently", "9.9", "Location: http://127.0.0.1:9/x\r\n");
-        QCOMPARE(checkShown(run), QStringList { nothing });
-        server.serve("200 OK", QByteArray(10 * 1000 * 1000, '9'));
-        QCOMPARE(checkShown(run), QStringList { news });
         server.close(); // nobody listens: refused at once
-        QCOMPARE(checkShown(run), QStringList { nothing });
+        QCOMPARE(checkFromTheMenu(run, vault), nothing);
+
+        // A silent server: Cancel closes without a word, while the check waits.
+        ManifestServer silent;
+        silent.response.clear();
+        ui::onNextModal([&silent](QWidget* update) {
+            QVERIFY(ui::find<QLabel>(update, Lang(145)));
+            // The bar is a sign of life only: ten ticks to 100, where it stays.
+            auto* window = static_cast<UpdateWindow*>(update);
+            for (int i = 0; i < 12; ++i)
+                window->advanceBar();
+            QCOMPARE(update->findChild<QProgressBar*>()->value(), 100);
+            QTimer::singleShot(300, update, [update] { ui::click(update, Lang(147)); });
+            window->checkTick(); // waits, with events running, until the cancel
+            QVERIFY(silent.request.startsWith("GET "));
+        });
+        run.boxes.shown.clear();
+        ui::menu(vault, { Lang(229), Lang(234) });
+        QVERIFY(run.boxes.shown.isEmpty() && ui::windowsOnScreen() == QList<QWidget*> { vault });
     }
 
-    void cancelCloseWithoutAWordWhileTheServerIsSilent()
+    void theSilentCheckFollowsATypedLoginAndSpeaksOnlyOfNews()
     {
-        VaultRun run;
+        ProgramRun run;
         ManifestServer server;
-        server.response.clear(); // takes the request, never answers
-        UpdateWindow* update = UpdateWindow::Instance(nullptr);
-        update->show();
-        QCOMPARE(update->info->text(), Lang(145));
-        QTimer::singleShot(300, update->cancelButton, &QPushButton::click);
-        update->checkTick(); // waits, with events running, until the cancel
-        QVERIFY(!UpdateWindow::Loaded());
-        QVERIFY(run.boxes.shown.isEmpty());
-        QVERIFY(server.request.startsWith("GET "));
+        run.provision();
+        VaultWindow* vault = run.start(); // no password: no check
+        QVERIFY(!vault->findChild<QTimer*>(u"updateCheckTimer"_s)->isActive());
+        run.close();
+        run.setIni(u"Administrator/settings.txt"_s, Keys::settings, Keys::password, MD5Hex(u"pw"_s));
+        QVERIFY(!run.start());
+        ui::type(run.login(), Lang(190), u"pw"_s);
+        QTest::keyClick(ui::get(run.login(), Lang(190)), Qt::Key_Return);
+        vault = VaultWindow::Loaded();
+        QVERIFY(vault->findChild<QTimer*>(u"updateCheckTimer"_s)->isActive());
 
-        // The bar is a sign of life only: ten ticks to 100, then its timer stops.
-        update = UpdateWindow::Instance(nullptr);
-        for (int i = 0; i < 10; ++i)
-            update->advanceBar();
-        QCOMPARE(update->progressBar->value(), 100);
-        QVERIFY(update->barTimer->isActive());
-        update->advanceBar();
-        QVERIFY(!update->barTimer->isActive());
-        UpdateWindow::Unload();
-    }
-
-    void silentCheckSpeaksOnlyOfNews()
-    {
-        VaultRun run;
-        ManifestServer server;
-        for (const QByteArray& body : { QByteArray("2.10"), QByteArray("2.0") }) {
+        for (const QByteArray& body : { QByteArray("2.10"), QByteArray("2.0"), QByteArray("3.0") }) {
             server.serve("200 OK", body);
-            StartSilentUpdateCheck();
+            vault->startSilentUpdateCheck();
             SilentUpdateCheck* check = SilentUpdateCheck::Loaded();
             QVERIFY(check && !check->isVisible());
-            QCOMPARE(check->checkTimer->interval(), 600);
             check->checkTick();
             QVERIFY(!SilentUpdateCheck::Loaded());
         }
-        QVERIFY(run.boxes.shown.isEmpty());
-        server.serve("200 OK", "3.0");
-        StartSilentUpdateCheck();
-        SilentUpdateCheck::Loaded()->checkTick();
-        QCOMPARE(run.boxes.shown.size(), 1);
-        QCOMPARE(run.boxes.shown[0].text, Lang(144));
-
-        // Only a typed login starts it: the vault window's Timer3 loads it at its first tick.
-        VaultWindow* main = run.start();
-        QVERIFY(!main->updateCheckTimer->isActive());
-        main->startSilentUpdateCheck();
-        QVERIFY(SilentUpdateCheck::Loaded());
-        QVERIFY(!main->updateCheckTimer->isActive());
-        SilentUpdateCheck::Unload();
+        QCOMPARE(run.boxes.all(), QStringList(u"36|Tolvane|"_s + Lang(144)));
+        QVERIFY(!vault->findChild<QTimer*>(u"updateCheckTimer"_s)->isActive());
     }
 
-    void aboutBoxShowsVersionAndUnderlinesTheLastLink()
+    void aboutBoxShowsTheVersionAndOpensItsLinks()
     {
-        VaultRun run;
-        AboutDialog* about = AboutDialog::Instance(nullptr);
-        about->show();
-        QCOMPARE(about->windowTitle(), Lang(118));
-        QCOMPARE(about->version->text(), QStringLiteral("2.10"));
-        QCOMPARE(about->productName->text(), QStringLiteral("Tolvane"));
-        QCOMPARE(about->computerName->text(), QSysInfo::machineHostName());
-        QCOMPARE(about->supportLink->text(), Lang(135));
-        about->underlineLink(about->supportLink);
-        about->underlineLink(about->contactLink);
-        QVERIFY(about->contactLink->font().underline());
-        for (ClickablePicture* other : { about->homePageLink, about->supportLink, about->forumLink })
-            QVERIFY(!other->font().underline());
-        QCOMPARE(about->contactLink->cursor().shape(), Qt::PointingHandCursor);
+        ProgramRun run;
+        VaultWindow* vault = run.start();
         ShellScript shell;
-        QTest::mouseClick(about->forumLink, Qt::LeftButton);
-        QCOMPARE(shell.calls.size(), 1);
-        QTest::mouseClick(about->version, Qt::LeftButton); // the version closes the window
-        QVERIFY(!AboutDialog::Loaded());
+        ui::onNextModal([&shell](QWidget* about) {
+            QCOMPARE(ui::beside(about, Lang(119)), u"2.10"_s);
+            ui::hover(about, Lang(127)); // the link under the mouse is underlined, the others not
+            QVERIFY(ui::get(about, Lang(127))->font().underline() && !ui::get(about, Lang(120))->font().underline());
+            ui::click(about, Lang(127));
+            QCOMPARE(shell.calls.size(), 1);
+            ui::click<ClickablePicture>(about, u"2.10"_s); // the version closes the window
+        });
+        ui::menu(vault, { Lang(229), Lang(236) });
+        QCOMPARE(ui::windowsOnScreen(), QList<QWidget*> { vault });
     }
 };
 

@@ -1,143 +1,147 @@
-// What the settings window leaves to another process: the switch restarts the program into the
-// chosen profile, and the portable copy put on a drive runs from there with its own data.
-#include "VaultRun.h"
-#include "settings/DriveList.h"
-#include "settings/SettingsWindow.h"
+// The switch restarts the program into the chosen profile; the portable copy runs from its drive.
+#include "ProgramRun.h"
+#include "storage/DataRoot.h"
 
-#include <QAction>
 #include <QLabel>
 #include <QProcess>
 #include <QPushButton>
 
 #include <csignal>
 
+namespace {
+
+// A run whose program folder holds the built executables, for a restart; the settings on `page`.
+QWidget* openSettings(ProgramRun& run, const QString& page, const QStringList& more = {})
+{
+    TestWorld::copyTree(QStringLiteral(TOLVANE_BUILT_PROGRAM_DIR), run.world.path(u"program"_s));
+    run.provision(more);
+    ui::menu(run.start(), { Lang(226), Lang(228) });
+    QWidget* settings = ui::window(u"Ustawienia..."_s);
+    if (settings)
+        ui::tab(settings, page);
+    return settings;
+}
+
+// The status as shown ("Installed" in green), and which of Install and Remove can be pressed.
+const auto status = [](QWidget* settings) {
+    const QString said = ui::beside(settings, Lang(327));
+    return u"%1 %2 %3%4"_s.arg(said, ui::get<QLabel>(settings, said)->palette().color(QPalette::WindowText).name())
+        .arg(ui::get<QPushButton>(settings, Lang(330))->isEnabled())
+        .arg(ui::get<QPushButton>(settings, Lang(328))->isEnabled());
+};
+
+} // namespace
+
 class tst_settings_process : public QObject
 {
     Q_OBJECT
-
-    // A run whose program folder holds the built executables, so that a restart starts them.
-    static SettingsWindow* openSettings(VaultRun& run, const QStringList& more = {})
-    {
-        TestWorld::copyTree(QStringLiteral(TOLVANE_BUILT_PROGRAM_DIR), run.world.path(QStringLiteral("program")));
-        run.provision(more);
-        run.start();
-        VaultWindow::Loaded()->settingsAction->trigger();
-        return SettingsWindow::Loaded();
-    }
 
 private Q_SLOTS:
     void cleanup()
     {
         qunsetenv("TOLVANE_MSGBOX_LOG");
         qunsetenv("TOLVANE_MSGBOX_ANSWERS");
+        qputenv("TOLVANE_MEDIA", "");
     }
 
     void switchRestartsIntoTheChosenProfile()
     {
-        VaultRun run;
-        SettingsWindow* settings = openSettings(run, { QStringLiteral("Bob") });
-        settings->profileList->SetListIndex(1);
-        settings->showSelectedProfile();
+        ProgramRun run;
+        QWidget* settings = openSettings(run, Lang(309), { u"Bob"_s });
+        ui::clickRow(settings, Lang(309), 1);
         // From here boxes go to a log that both processes write, answered by the list.
-        qputenv("TOLVANE_MSGBOX_LOG", run.world.path(QStringLiteral("boxes.log")).toLocal8Bit());
+        qputenv("TOLVANE_MSGBOX_LOG", run.world.path(u"boxes.log"_s).toLocal8Bit());
         qputenv("TOLVANE_MSGBOX_ANSWERS", "6");
-        QVERIFY_THROWS_EXCEPTION(ProcessEnded, settings->switchButton->click());
-        QCOMPARE(run.ini(QStringLiteral("config.txt"), Keys::user, Keys::switchTo), QStringLiteral("Bob"));
+        QVERIFY_THROWS_EXCEPTION(ProcessEnded, ui::click(settings, Lang(315)));
+        QCOMPARE(run.config(Keys::switchTo), u"Bob"_s);
 
-        // The new process got past the instance test, took the lock and, with Bob preselected
-        // and without a password, opened Bob's vault, whose load empties `switch`.
+        // The new process got past the instance test and opened Bob's vault, whose load empties `switch`.
         QTRY_VERIFY_WITH_TIMEOUT(run.world.runningCopy() > 0, 15000);
         const qint64 child = run.world.runningCopy();
-        QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(run.data(QStringLiteral("Bob/list.dat"))), 20000);
-        QTRY_COMPARE_WITH_TIMEOUT(run.ini(QStringLiteral("config.txt"), Keys::user, Keys::switchTo), QString(), 5000);
+        QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(run.data(u"Bob/list.dat"_s)), 20000);
+        QTRY_COMPARE_WITH_TIMEOUT(run.config(Keys::switchTo), QString(), 5000);
         // The question of the switch, and nothing from the new process.
-        QCOMPARE(run.world.read(QStringLiteral("boxes.log")).count('\n'), 1);
+        QCOMPARE(run.world.read(u"boxes.log"_s).count('\n'), 1);
         ::kill(static_cast<pid_t>(child), SIGKILL);
     }
 
     void portableCopyInstallsRunsFromTheDriveAndGoes()
     {
-        VaultRun run;
-        const QString stick = run.world.path(QStringLiteral("stick"));
+        ProgramRun run;
+        const QString stick = run.world.path(u"stick"_s);
         QDir().mkpath(stick);
         qputenv("TOLVANE_MEDIA", stick.toLocal8Bit());
-        SettingsWindow* settings = openSettings(run);
-        QVERIFY(!settings->driveList->isHidden() && settings->portableNotice->isHidden());
-        QCOMPARE(settings->driveList->SetDrive(QStringLiteral("D:\\")), 0);
-        QCOMPARE(settings->driveList->Drive(), QStringLiteral("d: [stick]"));
-        QCOMPARE(settings->status->text(), Lang(302));
-        QCOMPARE(settings->status->palette().color(QPalette::WindowText), QColor(255, 0, 0));
-        QVERIFY(settings->installButton->isEnabled() && !settings->removeButton->isEnabled());
+        QWidget* settings = openSettings(run, Lang(308));
+        QVERIFY(!ui::find(settings, Lang(329)));
+        ui::choose(settings, Lang(326), u"d:"_s);
+        QCOMPARE(ui::get<QComboBox>(settings, Lang(326))->currentText(), u"d: [stick]"_s);
+        QCOMPARE(status(settings), Lang(302) + u" #ff0000 10"_s);
 
-        settings->installButton->click();
-        QCOMPARE(run.boxes.shown.last().text, Lang(298));
-        QCOMPARE(run.boxes.shown.last().flags, 64);
-        QCOMPARE(settings->status->text(), Lang(301));
-        QCOMPARE(settings->status->palette().color(QPalette::WindowText), QColor(0, 128, 0));
-        QVERIFY(!settings->installButton->isEnabled() && settings->removeButton->isEnabled());
-        for (const char* file : { "autorun.inf", "TolvaneKey/tolvane.ico", "TolvaneKey/usb.inf",
-                 "TolvaneKey/tolvane.exe.manifest", "TolvaneKey/languages/Polish/readme.txt",
-                 "TolvaneKey/languages/Polish/license.txt", "TolvaneKey/dummy.dat", "TolvaneKey/users.txt" })
+        ui::click(settings, Lang(330));
+        QCOMPARE(run.boxes.last(), u"64|Tolvane|"_s + Lang(298));
+        QCOMPARE(status(settings), Lang(301) + u" #008000 01"_s);
+        for (const char* file : { "autorun.inf", "TolvaneKey/usb.inf", "TolvaneKey/languages/Polish/readme.txt",
+                 "TolvaneKey/dummy.dat", "TolvaneKey/users.txt" })
             QVERIFY2(QFile::exists(stick + QLatin1Char('/') + QLatin1String(file)), file);
-        const QString copy = stick + QStringLiteral("/TolvaneKey/tolvane");
+        const QString copy = stick + u"/TolvaneKey/tolvane"_s;
         QVERIFY(QFileInfo(copy).isExecutable());
-        QVERIFY(!QFileInfo::exists(stick + QStringLiteral("/TolvaneKey/languages/English")));
+        QVERIFY(!QFileInfo::exists(stick + u"/TolvaneKey/languages/English"_s));
 
         // The copy on the drive starts with its data beside itself; the machine's tree stays.
-        const QByteArray machineConfig = run.world.read(QStringLiteral("appdata/Brenmark/Tolvane/data/config.txt"));
+        const QByteArray machineConfig = run.world.read(u"appdata/Brenmark/Tolvane/data/config.txt"_s);
         QProcess portable;
         QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-        env.remove(QStringLiteral("TOLVANE_PROGRAM_DIR"));
-        env.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
-        env.insert(QStringLiteral("TOLVANE_RUNTIME_DIR"), run.world.path(QStringLiteral("run-portable")));
-        env.insert(QStringLiteral("TOLVANE_MSGBOX_LOG"), run.world.path(QStringLiteral("boxes.log")));
+        env.remove(u"TOLVANE_PROGRAM_DIR"_s);
+        env.insert(u"QT_QPA_PLATFORM"_s, u"offscreen"_s);
+        env.insert(u"TOLVANE_RUNTIME_DIR"_s, run.world.path(u"run-portable"_s));
+        env.insert(u"TOLVANE_MSGBOX_LOG"_s, run.world.path(u"boxes.log"_s));
         portable.setProcessEnvironment(env);
         portable.start(copy, {});
         QVERIFY(portable.waitForStarted());
-        const QString portableData = stick + QStringLiteral("/TolvaneKey/Brenmark/Tolvane/data/");
-        QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(portableData + QStringLiteral("Administrator/list.dat")), 20000);
-        QVERIFY(QFile::exists(portableData + QStringLiteral("users.txt")));
-        QCOMPARE(run.world.read(QStringLiteral("appdata/Brenmark/Tolvane/data/config.txt")), machineConfig);
-        QVERIFY(!QFile::exists(run.world.path(QStringLiteral("boxes.log")))); // it asked nothing
+        const QString portableData = stick + u"/TolvaneKey/Brenmark/Tolvane/data/"_s;
+        QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(portableData + u"Administrator/list.dat"_s), 20000);
+        QVERIFY(QFile::exists(portableData + u"users.txt"_s));
+        QCOMPARE(run.world.read(u"appdata/Brenmark/Tolvane/data/config.txt"_s), machineConfig);
+        QVERIFY(!QFile::exists(run.world.path(u"boxes.log"_s))); // it asked nothing
         portable.kill();
         portable.waitForFinished();
 
         // Removal takes the folder with the profiles in it, then autorun.inf.
-        settings->removeButton->click();
-        QCOMPARE(run.boxes.shown.last().text, Lang(303));
-        QVERIFY(!QFileInfo::exists(stick + QStringLiteral("/TolvaneKey")));
-        QVERIFY(!QFileInfo::exists(stick + QStringLiteral("/autorun.inf")));
-        QCOMPARE(settings->status->text(), Lang(302));
-        settings->removeFromDrive(); // nothing left: autorun.inf is missing
-        QCOMPARE(run.boxes.shown.last().text, Lang(304));
-        QCOMPARE(run.boxes.shown.last().flags, 16);
+        ui::click(settings, Lang(328));
+        QCOMPARE(run.boxes.last(), u"64|Tolvane|"_s + Lang(303));
+        QVERIFY(QDir(stick).isEmpty(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden));
 
         // A template missing beside the program stops the install where it stands.
-        QFile::remove(run.world.path(QStringLiteral("program/usb/usb.inf")));
-        settings->installButton->click();
-        QCOMPARE(run.boxes.shown.last().text, Lang(300));
-        QCOMPARE(run.boxes.shown.last().flags, 16);
-        QVERIFY(QFile::exists(stick + QStringLiteral("/TolvaneKey/tolvane.ico")));
-        QVERIFY(!QFile::exists(stick + QStringLiteral("/TolvaneKey/usb.inf")));
+        QFile::remove(run.world.path(u"program/usb/usb.inf"_s));
+        ui::click(settings, Lang(330));
+        QCOMPARE(run.boxes.last(), u"16|Tolvane|"_s + Lang(300));
+        QVERIFY(QFile::exists(stick + u"/TolvaneKey/tolvane.ico"_s));
+        QVERIFY(!QFile::exists(stick + u"/TolvaneKey/usb.inf"_s));
+        // An install whose autorun.inf went meanwhile: the folder goes, then the failure is told.
+        run.world.write(u"stick/TolvaneKey/usb.inf"_s, "x");
+        QFile::remove(stick + u"/autorun.inf"_s);
+        ui::choose(settings, Lang(326), u"c:"_s); // the status is read on a change of drive
+        ui::choose(settings, Lang(326), u"d:"_s);
+        ui::click(settings, Lang(328));
+        QCOMPARE(run.boxes.last(), u"16|Tolvane|"_s + Lang(304));
+        QVERIFY(!QFileInfo::exists(stick + u"/TolvaneKey"_s));
 
-        // The drive taken out: not ready, and the page offers nothing for it.
-        QVERIFY(QDir().rename(stick, stick + QStringLiteral("-out")));
-        settings->installOnDrive();
-        QCOMPARE(run.boxes.shown.last().text, Lang(299));
-        QCOMPARE(run.boxes.shown.last().flags, 16);
-        settings->showDriveStatus();
-        QVERIFY(!settings->installButton->isEnabled() && !settings->removeButton->isEnabled());
-        qputenv("TOLVANE_MEDIA", "");
-        SettingsWindow::Unload();
+        // The drive taken out while its page is on show: not ready.
+        ui::choose(settings, Lang(326), u"c:"_s);
+        ui::choose(settings, Lang(326), u"d:"_s);
+        QVERIFY(QDir().rename(stick, stick + u"-out"_s));
+        ui::click(settings, Lang(330));
+        QCOMPARE(run.boxes.last(), u"16|Tolvane|"_s + Lang(299));
+        ui::click(settings, Lang(147));
 
         // Run from a drive itself, the page has nothing to offer but the notice.
         UsbMode = 1;
-        VaultWindow::Loaded()->settingsAction->trigger();
-        settings = SettingsWindow::Loaded();
-        QVERIFY(!settings->portableNotice->isHidden());
-        QVERIFY(settings->driveList->isHidden() && settings->installButton->isHidden());
+        ui::menu(VaultWindow::Loaded(), { Lang(226), Lang(228) });
+        settings = ui::window(u"Ustawienia..."_s);
+        ui::tab(settings, Lang(308));
+        QVERIFY(ui::find(settings, Lang(329)) && !ui::find(settings, Lang(330)));
         UsbMode = 0;
-        SettingsWindow::Unload();
+        ui::click(settings, Lang(147));
     }
 };
 

@@ -1,240 +1,160 @@
 // Adding a profile, changing its password and asking for a forgotten one, from the settings
-// window's profile page, and what the login then makes of it.
-#include "VaultRun.h"
+// window's Users page, and what the login then makes of it.
+#include "ProgramRun.h"
 #include "platform/CodePage.h"
 #include "settings/SettingsWindow.h"
-#include "startup/NewProfileDialog.h"
 #include "startup/PasswordChangeDialog.h"
 #include "startup/PasswordDigest.h"
 #include "startup/PasswordReminderDialog.h"
 
-#include <QAction>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
+#include <QComboBox>
+#include <QTabBar>
 
 class tst_profile_dialogs : public QObject
 {
     Q_OBJECT
 
-    static SettingsWindow* openSettings(VaultRun& run)
+    // The Users page of the settings window over a vault window of Administrator.
+    static QWidget* usersPage(ProgramRun& run)
     {
         if (!VaultWindow::Loaded()) {
-            if (QFile::exists(run.data(QStringLiteral("config.txt"))))
-                run.setIni(
-                    QStringLiteral("config.txt"), Keys::user, Keys::defaultProfile, QStringLiteral("Administrator"));
+            run.setConfig(Keys::defaultProfile, u"Administrator"_s);
             run.start();
         }
-        VaultWindow::Loaded()->settingsAction->trigger();
-        return SettingsWindow::Loaded();
+        ui::menu(VaultWindow::Loaded(), { Lang(226), Lang(228) });
+        QWidget* settings = SettingsWindow::Loaded();
+        settings->findChild<QTabBar*>()->setCurrentIndex(2);
+        return settings;
     }
-
-    static void selectRow(SettingsWindow* settings, const QString& name)
+    static void selectRow(QWidget* settings, const QString& name)
     {
-        const int row = VaultRun::rows(settings->profileList).indexOf(name);
-        QVERIFY2(row >= 0, qPrintable(name));
-        settings->profileList->SetListIndex(row);
-        settings->showSelectedProfile();
+        ui::clickRow(settings, Lang(309), static_cast<int>(ui::rows(settings, Lang(309)).indexOf(name)));
     }
-
-    // Fills and sends the add dialog while it runs modally.
-    static void addProfile(SettingsWindow* settings, const QStringList& fields)
+    // Name, password, question, e-mail, answer typed into the add dialog, then Add (and Cancel
+    // when the dialog refused the name and stayed).
+    static void addProfile(QWidget* settings, const QStringList& fields)
     {
-        VaultRun::onNextModal([fields](QWidget*) {
-            NewProfileDialog* dialog = NewProfileDialog::Loaded();
-            QLineEdit* boxes[]
-                = { dialog->nameBox, dialog->passwordBox, dialog->questionBox, dialog->emailBox, dialog->answerBox };
-            for (int i = 0; i < 5; ++i)
-                boxes[i]->setText(fields.value(i));
-            dialog->addButton->click();
-            if (NewProfileDialog::Loaded())
-                NewProfileDialog::Loaded()->cancelButton->click(); // refused: the dialog stayed, cancel it
+        ui::onNextModal([fields](QWidget* d) {
+            const int captions[] = { 241, 252, 253, 255, 254 };
+            for (int i = 0; i < fields.size(); ++i)
+                ui::type(d, Lang(captions[i]), fields[i]);
+            ui::click(d, Lang(256));
+            if (d->isVisible())
+                ui::click(d, Lang(147));
         });
-        settings->addButton->click();
+        ui::click(settings, Lang(313));
     }
-
-    static QStringList logIn(VaultRun& run, const QString& profile, const QString& password)
+    // A new start with the profile as the default and the password typed at the prompt: the
+    // messages, then "opened" and the profile in use, or "no prompt".
+    static QStringList logIn(ProgramRun& run, const QString& profile, const QString& password)
     {
         run.close();
-        run.setIni(QStringLiteral("config.txt"), Keys::user, Keys::defaultProfile, profile);
+        run.setConfig(Keys::defaultProfile, profile);
         run.boxes.shown.clear();
         run.start();
-        LoginDialog* login = run.login();
-        if (!login)
-            return { QStringLiteral("no prompt") };
-        login->passwordBox->setText(password);
-        login->logInButton->click();
-        QStringList seen;
-        for (const auto& box : run.boxes.shown)
-            seen << box.text;
+        if (!run.login())
+            return { u"no prompt"_s };
+        ui::retype(run.login(), Lang(190), password);
+        ui::click(run.login(), Lang(191));
+        QStringList seen = run.boxes.all();
         if (VaultWindow::Loaded())
-            seen << QStringLiteral("opened ") + run.ini(QStringLiteral("config.txt"), Keys::user, Keys::current);
+            seen << u"opened "_s + run.config(Keys::current);
         return seen;
+    }
+    QString stored(ProgramRun& run, const QString& profile, const QString& key)
+    {
+        return run.ini(profile + u"/settings.txt"_s, Keys::settings, key);
     }
 
 private Q_SLOTS:
-    void newProfileIsStoredAsTypedAndCanNeverLogInWithAPassword()
+    void aNewProfileIsStoredAsTypedAndCanNeverLogInWithAPassword()
     {
-        VaultRun run;
-        SettingsWindow* settings = openSettings(run);
-        addProfile(settings,
-            { QStringLiteral("Bob"), QStringLiteral("pw=1"), QStringLiteral("Pet?"), QStringLiteral("bob@example.org"),
-                QStringLiteral("Rex") });
-        QVERIFY(!NewProfileDialog::Loaded());
-        QCOMPARE(run.world.read(QStringLiteral("appdata/Brenmark/Tolvane/data/users.txt")),
-            QByteArray("Administrator\r\nBob\r\n"));
-        QVERIFY(QFile::exists(run.data(QStringLiteral("Bob/dummy.dat"))));
-        QCOMPARE(run.ini(QStringLiteral("Bob/settings.txt"), Keys::settings, Keys::password), QStringLiteral("pw=1"));
-        QCOMPARE(run.ini(QStringLiteral("Bob/settings.txt"), Keys::settings, Keys::answer), QStringLiteral("Rex"));
-        QCOMPARE(run.ini(QStringLiteral("Bob/settings.txt"), Keys::settings, Keys::email),
-            QStringLiteral("bob@example.org"));
-        QCOMPARE(run.ini(QStringLiteral("config.txt"), Keys::user, Keys::current), QStringLiteral("Administrator"));
-        QCOMPARE(
-            run.ini(QStringLiteral("config.txt"), Keys::user, Keys::defaultProfile), QStringLiteral("Administrator"));
-        QVERIFY(run.boxes.shown.isEmpty());
+        ProgramRun run;
+        QWidget* settings = usersPage(run);
+        addProfile(settings, { u"Bob"_s, u"pw=1"_s, u"Pet?"_s, u"b@example.org"_s, u"Rex"_s });
+        QCOMPARE(run.users(), QByteArray("Administrator\r\nBob\r\n"));
+        QVERIFY(QFile::exists(run.data(u"Bob/dummy.dat"_s)));
+        QCOMPARE(stored(run, u"Bob"_s, Keys::password) + stored(run, u"Bob"_s, Keys::answer), u"pw=1Rex"_s); // clear
+        QCOMPARE(run.config(Keys::current), u"Administrator"_s);
+        QCOMPARE(logIn(run, u"Bob"_s, u"pw=1"_s), QStringList { u"64|Tolvane|"_s + Lang(185) });
 
-        // The clear-text password never matches a digest: the real login refuses it.
-        QCOMPARE(logIn(run, QStringLiteral("Bob"), QStringLiteral("pw=1")), QStringList { Lang(185) });
-        run.close();
-
-        // The same name again is refused and the dialog stays. Another case is another name
-        // in the list, but the same folder (names are looked up without regard to case): the
-        // new, empty values overwrite Bob's, whose profile then opens without a prompt.
-        settings = openSettings(run);
+        // The same name again is refused; another case is another name but the same folder
+        // (names are looked up without regard to case): Bob's values are overwritten.
+        settings = usersPage(run);
         run.boxes.shown.clear();
-        addProfile(settings, { QStringLiteral("Bob") });
-        QCOMPARE(run.boxes.shown.size(), 1);
-        QCOMPARE(run.boxes.shown.first().text, Lang(249));
-        QCOMPARE(run.boxes.shown.first().flags, 16);
-        addProfile(settings, { QStringLiteral("bob"), QString(), QString(), QString(), QString() });
-        QCOMPARE(VaultRun::rows(settings->profileList).size(), 3);
-        QVERIFY(!QFileInfo::exists(run.data(QStringLiteral("bob"))));
-        QCOMPARE(run.ini(QStringLiteral("Bob/settings.txt"), Keys::settings, Keys::password), QString());
-        QCOMPARE(logIn(run, QStringLiteral("Bob"), QString()), QStringList { QStringLiteral("no prompt") });
-        QCOMPARE(run.ini(QStringLiteral("config.txt"), Keys::user, Keys::current), QStringLiteral("Bob"));
-    }
+        addProfile(settings, { u"Bob"_s });
+        QCOMPARE(run.boxes.all(), QStringList { u"16|Tolvane|"_s + Lang(249) });
+        addProfile(settings, { u"bob"_s, QString() });
+        QCOMPARE(ui::rows(settings, Lang(309)).size(), 3);
+        QVERIFY(!QFileInfo::exists(run.data(u"bob"_s)));
+        QCOMPARE(logIn(run, u"Bob"_s, QString()), QStringList { u"no prompt"_s });
 
-    void aNameOutsideTheCodePageIsTheSameInFilesAndFolders()
-    {
+        // A name outside the code page is the same in the files and as the folder.
         QCOMPARE(platform::CodePageNumber(), 1252); // the tests' locale
-        VaultRun run;
-        SettingsWindow* settings = openSettings(run);
+        settings = usersPage(run);
         addProfile(settings, { QString::fromUtf8("Łukasz") });
-        QCOMPARE(VaultRun::rows(settings->profileList).last(), QStringLiteral("?ukasz"));
-        QCOMPARE(run.world.read(QStringLiteral("appdata/Brenmark/Tolvane/data/users.txt")),
-            QByteArray("Administrator\r\n?ukasz\r\n"));
-        QVERIFY(QFile::exists(run.data(QStringLiteral("?ukasz/dummy.dat"))));
-        selectRow(settings, QStringLiteral("?ukasz"));
-        settings->makeDefaultButton->click(); // the default: the next start offers it and opens it
-        QCOMPARE(logIn(run, QStringLiteral("?ukasz"), QString()), QStringList { QStringLiteral("no prompt") });
-        QCOMPARE(run.ini(QStringLiteral("config.txt"), Keys::user, Keys::current), QStringLiteral("?ukasz"));
+        QCOMPARE(ui::rows(settings, Lang(309)).last(), u"?ukasz"_s);
+        QVERIFY(run.users().endsWith("?ukasz\r\n"));
+        selectRow(settings, u"?ukasz"_s);
+        ui::click(settings, Lang(318)); // the default: the next start offers it and opens it
+        QCOMPARE(logIn(run, u"?ukasz"_s, QString()), QStringList { u"no prompt"_s });
+        QCOMPARE(run.config(Keys::current), u"?ukasz"_s);
     }
 
-    void missingMarkerTemplateStopsTheRunHalfWay()
+    void aChangedPasswordLetsTheLoginInAndTheReminderShowsItsDigest()
     {
-        VaultRun run;
-        SettingsWindow* settings = openSettings(run);
-        QFile::remove(run.world.path(QStringLiteral("program/dummy.dat")));
-        bool ended = false;
-        VaultRun::onNextModal([&ended](QWidget*) {
-            NewProfileDialog::Loaded()->nameBox->setText(QStringLiteral("Carl"));
-            try {
-                NewProfileDialog::Loaded()->addButton->click();
-            } catch (const ProcessEnded& e) {
-                ended = e.code == 53;
-                NewProfileDialog::Unload();
-            }
-        });
-        settings->addButton->click();
-        QVERIFY(ended);
-        QCOMPARE(run.boxes.shown.last().text, QStringLiteral("Run-time error '53':\n\nFile not found"));
-        QCOMPARE(run.boxes.shown.last().flags, 16);
-        QVERIFY(QFile::exists(run.data(QStringLiteral("Carl/settings.txt"))));
-        QVERIFY(!QFile::exists(run.data(QStringLiteral("Carl/dummy.dat"))));
-        QCOMPARE(
-            run.world.read(QStringLiteral("appdata/Brenmark/Tolvane/data/users.txt")), QByteArray("Administrator\r\n"));
-    }
+        ProgramRun run;
+        run.provision({ u"Dora"_s });
+        for (const auto& [key, value] : { std::pair { Keys::password, MD5Hex(u"old"_s) },
+                 std::pair { Keys::question, u"Cat?"_s }, std::pair { Keys::email, u"d@x"_s } })
+            run.setIni(u"Dora/settings.txt"_s, Keys::settings, key, value);
+        QCOMPARE(logIn(run, u"Dora"_s, u"old"_s), QStringList { u"opened Dora"_s });
 
-    void changedPasswordLetsTheLoginInAndTheReminderShowsItsDigest()
-    {
-        VaultRun run;
-        run.provision({ QStringLiteral("Dora") });
-        run.setIni(QStringLiteral("Dora/settings.txt"), Keys::settings, Keys::password, MD5Hex(QStringLiteral("old")));
-        run.setIni(QStringLiteral("Dora/settings.txt"), Keys::settings, Keys::question, QStringLiteral("Cat?"));
-        run.setIni(QStringLiteral("Dora/settings.txt"), Keys::settings, Keys::email, QStringLiteral("d@example.org"));
-        QCOMPARE(
-            logIn(run, QStringLiteral("Dora"), QStringLiteral("old")), QStringList { QStringLiteral("opened Dora") });
-
-        SettingsWindow* settings = openSettings(run);
-        selectRow(settings, QStringLiteral("Dora"));
-        settings->changePasswordButton->click();
+        QWidget* settings = usersPage(run);
+        ui::click(settings, Lang(317));
         PasswordChangeDialog* change = PasswordChangeDialog::Loaded();
-        QVERIFY(change && change->isVisible() && !change->isModal());
-        QCOMPARE(change->parentWidget(), settings);
-        QCOMPARE(change->profileName->text(), QStringLiteral("Dora"));
-        QVERIFY(change->fillTimer->isActive());
-        QCOMPARE(change->fillTimer->interval(), 50);
+        QVERIFY(change->isVisible() && !change->isModal());
+        QVERIFY(ui::find<QLabel>(change, u"Dora"_s));
+        QCOMPARE(ui::text(change, Lang(253)), QString()); // filled by the timer's first tick
         change->fillFields();
-        QVERIFY(!change->fillTimer->isActive());
-        QCOMPARE(change->questionBox->text(), QStringLiteral("Cat?"));
-        QCOMPARE(change->emailBox->text(), QStringLiteral("d@example.org"));
-        QCOMPARE(change->answerBox->text(), QString()); // the answer is never shown
+        QCOMPARE(ui::text(change, Lang(253)) + ui::text(change, Lang(255)) + ui::text(change, Lang(254)), u"Cat?d@x"_s);
+        ui::type(change, Lang(262), u"wrong"_s);
+        ui::click(change, Lang(261));
+        QCOMPARE(run.boxes.last(), u"64|Tolvane|"_s + Lang(257));
+        ui::retype(change, Lang(262), u"old"_s);
+        ui::type(change, Lang(263), u"new"_s);
+        ui::click(change, Lang(261));
+        QCOMPARE(run.boxes.last(), u"64|Tolvane|"_s + Lang(258));
+        QCOMPARE(stored(run, u"Dora"_s, Keys::password), MD5Hex(u"new"_s));
+        QCOMPARE(stored(run, u"Dora"_s, Keys::answer), MD5Hex(QString()));
 
-        change->oldPasswordBox->setText(QStringLiteral("wrong"));
-        change->changeButton->click();
-        QCOMPARE(run.boxes.shown.last().text, Lang(257));
-        QCOMPARE(run.boxes.shown.last().flags, 64);
-        QCOMPARE(PasswordChangeDialog::Loaded(), change);
-        change->oldPasswordBox->setText(QStringLiteral("old"));
-        change->newPasswordBox->setText(QStringLiteral("new"));
-        change->changeButton->click();
-        QCOMPARE(run.boxes.shown.last().text, Lang(258));
-        QVERIFY(!PasswordChangeDialog::Loaded());
-        QCOMPARE(run.ini(QStringLiteral("Dora/settings.txt"), Keys::settings, Keys::password),
-            MD5Hex(QStringLiteral("new")));
-        QCOMPARE(run.ini(QStringLiteral("Dora/settings.txt"), Keys::settings, Keys::answer), MD5Hex(QString()));
-
-        // The reminder: any wrong answer, as often as wanted; the right one (empty, after the
+        // The reminder: wrong answers as often as wanted; the right one (empty, after the
         // change) shows the stored value, which is the digest, not the password.
-        settings->remindButton->click();
-        PasswordReminderDialog* remind = PasswordReminderDialog::Loaded();
-        QVERIFY(remind && remind->isVisible());
-        QCOMPARE(remind->profileName->text(), QStringLiteral("Dora"));
-        QCOMPARE(remind->question->text(), QStringLiteral("Cat?"));
-        remind->answerBox->setText(QStringLiteral("Tom"));
-        remind->goOnButton->click();
-        remind->goOnButton->click();
-        QCOMPARE(run.boxes.shown.last().text, Lang(265));
-        QCOMPARE(run.boxes.shown.last().flags, 0);
-        remind->answerBox->clear();
-        remind->goOnButton->click();
-        QCOMPARE(run.boxes.shown.last().text, Lang(264) + QLatin1Char(' ') + MD5Hex(QStringLiteral("new")));
-        QCOMPARE(run.boxes.shown.last().text.right(33).at(0), QLatin1Char(' '));
-        QCOMPARE(run.boxes.shown.last().flags, 0);
+        ui::click(settings, Lang(316));
+        QWidget* remind = PasswordReminderDialog::Loaded();
+        QVERIFY(ui::find<QLabel>(remind, u"Cat?"_s));
+        ui::type(remind, Lang(269), u"Tom"_s);
+        ui::click(remind, Lang(270));
+        QCOMPARE(run.boxes.last(), u"0|Tolvane|"_s + Lang(265));
+        ui::retype(remind, Lang(269), QString());
+        ui::click(remind, Lang(270));
+        QCOMPARE(run.boxes.last(), u"0|Tolvane|%1 %2"_s.arg(Lang(264), MD5Hex(u"new"_s)));
         QVERIFY(!PasswordReminderDialog::Loaded());
-        SettingsWindow::Unload();
-
-        QCOMPARE(logIn(run, QStringLiteral("Dora"), QStringLiteral("old")), QStringList { Lang(185) });
-        QCOMPARE(
-            logIn(run, QStringLiteral("Dora"), QStringLiteral("new")), QStringList { QStringLiteral("opened Dora") });
+        QCOMPARE(logIn(run, u"Dora"_s, u"new"_s), QStringList { u"opened Dora"_s });
     }
 
-    void emptyStoredPasswordCanNeverBeChanged()
+    void anEmptyStoredPasswordCanNeverBeChanged()
     {
-        VaultRun run;
-        SettingsWindow* settings = openSettings(run); // Administrator, no password since the reset
-        settings->changePasswordButton->click();
-        PasswordChangeDialog* change = PasswordChangeDialog::Loaded();
-        change->fillFields();
-        for (const QString& old : { QString(), QStringLiteral(" ") }) {
-            change->oldPasswordBox->setText(old);
-            change->changeButton->click();
-            QCOMPARE(run.boxes.shown.last().text, Lang(257));
+        ProgramRun run;
+        QWidget* settings = usersPage(run); // Administrator, no password since the reset
+        ui::click(settings, Lang(317));
+        QWidget* change = PasswordChangeDialog::Loaded();
+        for (const QString& old : { QString(), u" "_s }) {
+            ui::retype(change, Lang(262), old);
+            ui::click(change, Lang(261));
+            QCOMPARE(run.boxes.last(), u"64|Tolvane|"_s + Lang(257));
         }
-        QVERIFY(!QFile::exists(run.data(QStringLiteral("Administrator/settings.txt"))));
-        SettingsWindow::Unload();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        QVERIFY(!PasswordChangeDialog::Loaded()); // it goes with its owner
+        QVERIFY(!QFile::exists(run.data(u"Administrator/settings.txt"_s)));
     }
 };
 

@@ -4,32 +4,19 @@
 #include "storage/Entry.h"
 #include "storage/VaultFile.h"
 
-#include <QList>
+#include <QRandomGenerator>
 
-inline QList<Entry> FullVault(quint32 seed, qsizetype innerBytes = 32000)
+inline QList<Entry> FullVault(quint32 seed)
 {
+    QRandomGenerator random(seed); // the same sequence for a seed in every process
+    const auto word = [&random] { return QByteArray::number(random.generate64(), 36); };
     QList<Entry> entries;
-    quint32 state = seed * 2654435761u + 1;
-    auto word = [&state](int length) {
-        QByteArray w;
-        for (int i = 0; i < length; ++i) {
-            state = state * 1103515245u + 12345u;
-            w += char('a' + (state >> 16) % 26);
-        }
-        return w;
-    };
-    qsizetype size = 0;
-    for (int i = 0;; ++i) {
-        Entry e;
-        e.title = "Entry " + QByteArray::number(seed) + '-' + QByteArray::number(i);
-        e.userName = word(8) + "@example.org";
-        e.password = word(12);
-        e.url = "https://" + word(10) + ".example.org/login";
-        e.note = word(30);
-        QList<Entry> one { e };
+    for (qsizetype i = 0, size = 0;; ++i) {
+        QList<Entry> one { { "Entry " + QByteArray::number(seed) + '-' + QByteArray::number(i), word(), {},
+            word() + "@example.org", "https://" + word() + ".example.org/login", {}, word().repeated(2), {} } };
         size += ComposeInnerText(one).size(); // the text is the entries' texts one after the other
-        if (size > innerBytes)
+        if (size > 32000)
             return entries;
-        entries.append(e);
+        entries += one;
     }
 }

@@ -1,228 +1,126 @@
 // A vault killed at any moment of a load or a save: the file holds exactly the old bytes or
 // exactly the new ones, never anything between, and no leftover outlives the next save.
 #include "FullVault.h"
-#include "TestSupport.h"
-#include "platform/Paths.h"
+#include "TestWorld.h"
 #include "services/RegistryLayer.h"
-#include "storage/ProfileFiles.h"
 
-#include <QDateTime>
 #include <QElapsedTimer>
 #include <QProcess>
 #include <QRandomGenerator>
-
-#include <algorithm>
-#include <chrono>
-#include <csignal>
-#include <thread>
+#include <QThread>
 
 #include <sys/resource.h>
 
-namespace {
-
-int runsFrom(const char* variable, int otherwise)
-{
-    const int n = qEnvironmentVariableIntValue(variable);
-    return n > 0 ? n : otherwise;
-}
-
-QByteArray readFile(const QString& path)
-{
-    QFile f(path);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-}
-
-int leftovers(const QString& folder)
-{
-    return static_cast<int>(QDir(folder).entryList({ QStringLiteral("*.tolvane-*.tmp") }, QDir::Files).size());
-}
-
-// What a load leaves: the layer off over the length less 3, then on again over the whole.
-QByteArray afterLoad(const QByteArray& before)
-{
-    return before.size() > MaxWalkLength ? before : LayerOn(LayerOff(before));
-}
-
-QByteArray savedFrom(QList<Entry> entries)
-{
-    return LayerOn(ComposeInnerText(entries));
-}
-
-struct Tally
-{
-    int finished = 0;
-    int killedOld = 0; // killed, and the file as it was
-    int killedNew = 0; // killed after its rename: the new file whole
-    int killedWriting = 0; // killed with its temporary file written in part or whole
-    QString text() const
-    {
-        return QStringLiteral("%1 finished, %2 killed before the new file was in place (%3 of them while "
-                              "writing it), %4 killed after")
-            .arg(finished)
-            .arg(killedOld)
-            .arg(killedWriting)
-            .arg(killedNew);
-    }
-};
-
-} // namespace
+using namespace Qt::StringLiterals;
 
 class tst_kill : public QObject
 {
     Q_OBJECT
+    // Temporary files of saves that did not finish.
+    static qsizetype leftovers(const TestWorld& w) { return QDir(w.path(u"vault"_s)).entryList({ u"*.tmp"_s }).size(); }
+    // A save's bytes; a load's: the layer off over the length less 3, then on again over the whole.
+    static QByteArray saved(QList<Entry> entries) { return LayerOn(ComposeInnerText(entries)); }
+    static QByteArray loaded(const QByteArray& b) { return b.size() > MaxWalkLength ? b : LayerOn(LayerOff(b)); }
+    static bool start(QProcess& p, const QString& file, bool save, int seed)
+    {
+        p.start(QStringLiteral(TOLVANE_VAULT_WORKER), { save ? u"save"_s : u"load"_s, file, QString::number(seed) });
+        return p.waitForStarted();
+    }
+    // SIGKILL after a random part of `span` microseconds.
+    static void killWithin(QRandomGenerator& random, qint64 span, QProcess& process)
+    {
+        QThread::usleep(static_cast<unsigned long>(random.bounded(std::max<qint64>(span, 1000))));
+        ::kill(static_cast<pid_t>(process.processId()), SIGKILL);
+    }
+
 private Q_SLOTS:
     void loadsAndSavesKilledAtRandomMoments()
     {
         TestWorld world;
-        const QString file = world.path(QStringLiteral("vault/list.dat"));
-        QDir().mkpath(world.path(QStringLiteral("vault")));
-        world.write(QStringLiteral("vault/list.dat"), savedFrom(FullVault(0)));
-        QVERIFY(readFile(file).size() > 31900);
-
-        auto start = [&file](QProcess& worker, bool save, int seed) {
-            worker.start(QStringLiteral(TOLVANE_VAULT_WORKER),
-                { save ? QStringLiteral("save") : QStringLiteral("load"), file, QString::number(seed) });
-            return worker.waitForStarted();
-        };
-        // How long a whole run of the worker takes here, to spread the kills over it.
-        QElapsedTimer clock;
+        const QString vault = u"vault/list.dat"_s, file = world.path(vault);
+        world.write(vault, saved(FullVault(0)));
+        QVERIFY(world.read(vault).size() > 31900);
+        QElapsedTimer clock; // a whole run of the worker, timed here to spread the kills over it
         clock.start();
         for (int i = 0; i < 4; ++i) {
             QProcess worker;
-            QVERIFY(start(worker, i % 2 == 0, 0));
-            QVERIFY(worker.waitForFinished());
+            QVERIFY(start(worker, file, i % 2 == 0, 0) && worker.waitForFinished());
         }
-        const qint64 span = std::max<qint64>(clock.nsecsElapsed() / 4000 * 13 / 10, 1000); // microseconds
-
-        const quint32 seed = static_cast<quint32>(QDateTime::currentMSecsSinceEpoch());
+        const qint64 span = clock.nsecsElapsed() / 4000 * 13 / 10; // microseconds
+        const quint32 seed = QRandomGenerator::global()->generate();
         QRandomGenerator random(seed);
-        const int runs = runsFrom("TOLVANE_KILL_RUNS", 1000);
-        Tally tally;
+        const int runs = qEnvironmentVariable("TOLVANE_KILL_RUNS", u"1000"_s).toInt();
+        int finished = 0, killedOld = 0, killedNew = 0, killedWriting = 0;
         for (int i = 0; i < runs; ++i) {
-            const QByteArray before = readFile(file);
-            const bool save = i % 2 == 0;
-            const QByteArray after = save ? savedFrom(FullVault(i + 1)) : afterLoad(before);
+            const QByteArray before = world.read(vault), after = i % 2 == 0 ? saved(FullVault(i + 1)) : loaded(before);
             QProcess worker;
-            QVERIFY(start(worker, save, i + 1));
-            std::this_thread::sleep_for(std::chrono::microseconds(random.bounded(span)));
-            ::kill(static_cast<pid_t>(worker.processId()), SIGKILL);
+            QVERIFY(start(worker, file, i % 2 == 0, i + 1));
+            killWithin(random, span, worker);
             QVERIFY(worker.waitForFinished());
-            const QByteArray now = readFile(file);
-            QVERIFY2(now == before || now == after,
-                qPrintable(QStringLiteral("run %1 (seed %2): %3 bytes, neither the old %4 nor the new %5")
-                               .arg(i)
-                               .arg(seed)
-                               .arg(now.size())
-                               .arg(before.size())
-                               .arg(after.size())));
-            if (worker.exitStatus() == QProcess::NormalExit)
-                ++tally.finished;
-            else if (now == after && now != before)
-                ++tally.killedNew;
-            else
-                ++tally.killedOld;
-            if (leftovers(world.path(QStringLiteral("vault"))) > 0)
-                ++tally.killedWriting;
+            const QByteArray now = world.read(vault);
+            QVERIFY2(
+                now == before || now == after, qPrintable(u"run %1 (seed %2) garbled the vault"_s.arg(i).arg(seed)));
+            ++(worker.exitStatus() == QProcess::NormalExit ? finished : now != before ? killedNew : killedOld);
+            killedWriting += leftovers(world) > 0 ? 1 : 0; // killed with its temporary file written in part or whole
         }
-        // The next save clears what killed ones left behind.
-        QProcess last;
-        QVERIFY(start(last, true, 0));
-        QVERIFY(last.waitForFinished());
-        QCOMPARE(readFile(file), savedFrom(FullVault(0)));
-        QCOMPARE(leftovers(world.path(QStringLiteral("vault"))), 0);
-        qInfo().noquote() << QStringLiteral("%1 loads and saves of %2 bytes (seed %3): %4")
-                                 .arg(runs)
-                                 .arg(readFile(file).size())
-                                 .arg(seed)
-                                 .arg(tally.text());
-        QVERIFY(tally.killedOld > 0 && tally.killedWriting > 0);
+        QProcess last; // the next save clears what killed ones left behind
+        QVERIFY(start(last, file, true, 0) && last.waitForFinished());
+        QCOMPARE(world.read(vault), saved(FullVault(0)));
+        QCOMPARE(leftovers(world), 0);
+        qInfo("%d runs (seed %u): %d finished, %d killed before the new file was in place (%d while writing it), "
+              "%d after",
+            runs, seed, finished, killedOld, killedWriting, killedNew);
+        QVERIFY(killedOld > 0 && killedWriting > 0);
+
+        // A write the system refuses (a file size limit) fails as a save fails: old vault whole, no leftover.
+        static const rlimit limit { 4096, 4096 };
+        QProcess limited;
+        limited.setChildProcessModifier([] { ::setrlimit(RLIMIT_FSIZE, &limit); });
+        QVERIFY(start(limited, file, true, 7) && limited.waitForFinished());
+        QVERIFY(limited.exitStatus() == QProcess::NormalExit && limited.exitCode() == 1);
+        QCOMPARE(world.read(vault), saved(FullVault(0)));
+        QCOMPARE(leftovers(world), 0);
     }
 
-    // A write the system refuses (the file size limit of the process): the save fails as a save
-    // fails, with the old vault whole, and the process ends normally.
-    void aWriteTheSystemRefusesLeavesTheOldVault()
-    {
-        TestWorld world;
-        QDir().mkpath(world.path(QStringLiteral("vault")));
-        const QString file = world.path(QStringLiteral("vault/list.dat"));
-        world.write(QStringLiteral("vault/list.dat"), savedFrom(FullVault(0)));
-        const QByteArray before = readFile(file);
-        QProcess worker;
-        worker.setChildProcessModifier([] {
-            const struct rlimit limit
-            {
-                4096, 4096
-            };
-            ::setrlimit(RLIMIT_FSIZE, &limit);
-        });
-        worker.start(QStringLiteral(TOLVANE_VAULT_WORKER), { QStringLiteral("save"), file, QStringLiteral("7") });
-        QVERIFY(worker.waitForFinished());
-        QCOMPARE(worker.exitStatus(), QProcess::NormalExit);
-        QCOMPARE(worker.exitCode(), 1);
-        QCOMPARE(readFile(file), before);
-        QCOMPARE(leftovers(world.path(QStringLiteral("vault"))), 0);
-    }
-
-    // The real program: SIGTERM ends the run as File > Close does, which saves the vault; the
-    // kill comes at a random moment of that save.
+    // The real program: SIGTERM closes it as File > Close does, saving the vault; the kill comes during that save.
     void theWindowsSaveAtCloseKilledAtRandomMoments()
     {
         TestWorld world;
-        const QString installed = world.path(QStringLiteral("installed"));
-        TestWorld::copyTree(QStringLiteral(TOLVANE_BUILT_PROGRAM_DIR), installed);
-        SaveProgramSetting(QStringLiteral("curLang"), QStringLiteral("English"));
-        SaveProgramSetting(QStringLiteral("SP1"), QStringLiteral("1"));
-        const QString data = world.path(QStringLiteral("appdata/Brenmark/Tolvane/data/"));
-        world.write(QStringLiteral("appdata/Brenmark/Tolvane/data/users.txt"), "Administrator\r\n");
-        world.write(QStringLiteral("appdata/Brenmark/Tolvane/data/Administrator/dummy.dat"), "x");
-        for (const QString& key : { Keys::current, Keys::defaultProfile })
-            WriteIni(Keys::user, key, QStringLiteral("Administrator"),
-                platform::ToWindows(data + QStringLiteral("config.txt")));
-        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-        env.remove(QStringLiteral("TOLVANE_PROGRAM_DIR"));
-        env.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
-        env.insert(QStringLiteral("TOLVANE_MSGBOX_LOG"), world.path(QStringLiteral("boxes.log")));
-
-        const QString file = data + QStringLiteral("Administrator/list.dat");
-        QRandomGenerator random(static_cast<quint32>(QDateTime::currentMSecsSinceEpoch()));
-        const int runs = runsFrom("TOLVANE_KILL_WINDOW_RUNS", 5);
-        Tally tally;
-        // The first close runs to its end, to time it: the kills are spread over that time.
-        qint64 span = 0;
+        TestWorld::copyTree(QStringLiteral(TOLVANE_BUILT_PROGRAM_DIR), world.path(u"program"_s)); // installed
+        SaveProgramSetting(u"curLang"_s, u"English"_s);
+        SaveProgramSetting(u"SP1"_s, u"1"_s);
+        const QString data = u"appdata/Brenmark/Tolvane/data/"_s, file = data + u"Administrator/list.dat"_s;
+        world.write(data + u"users.txt"_s, "Administrator\r\n");
+        world.write(data + u"Administrator/dummy.dat"_s, "x");
+        world.write(data + u"config.txt"_s, "[user]\r\ncurrent=Administrator\r\ndefault=Administrator\r\n");
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+        qputenv("TOLVANE_MSGBOX_LOG", world.path(u"boxes.log"_s).toLocal8Bit());
+        QRandomGenerator random(QRandomGenerator::global()->generate());
+        const int runs = qEnvironmentVariable("TOLVANE_KILL_WINDOW_RUNS", u"5"_s).toInt();
+        int killedOld = 0, killedNew = 0;
+        qint64 span = 0; // the first close runs to its end, saving, timed: the kills are spread over that time
         for (int i = -1; i < runs; ++i) {
-            world.write(QStringLiteral("appdata/Brenmark/Tolvane/data/Administrator/list.dat"),
-                savedFrom(FullVault(static_cast<quint32>(i))));
-            const QByteArray loaded = afterLoad(readFile(file));
-            QList<Entry> entries = ParseInnerText(LayerOff(loaded));
-            const QByteArray saved = savedFrom(entries);
+            world.write(file, saved(FullVault(static_cast<quint32>(i))));
+            const QByteArray before = loaded(world.read(file)), after = saved(ParseInnerText(LayerOff(before)));
             QProcess program;
-            program.setProcessEnvironment(env);
-            program.start(installed + QStringLiteral("/tolvane"), {});
-            QVERIFY(program.waitForStarted());
-            QTRY_COMPARE_WITH_TIMEOUT(readFile(file), loaded, 15000); // the vault is open
+            program.start(world.path(u"program/tolvane"_s), {});
+            QTRY_COMPARE_WITH_TIMEOUT(world.read(file), before, 15000); // the vault is open
             ::kill(static_cast<pid_t>(program.processId()), SIGTERM);
-            if (i < 0) {
-                QElapsedTimer closing;
-                closing.start();
-                QVERIFY(program.waitForFinished());
-                QCOMPARE(program.exitStatus(), QProcess::NormalExit);
-                QCOMPARE(readFile(file), saved);
-                span = closing.nsecsElapsed() / 1000 * 13 / 10; // microseconds
-                continue;
-            }
-            std::this_thread::sleep_for(std::chrono::microseconds(random.bounded(std::max<qint64>(span, 1000))));
-            ::kill(static_cast<pid_t>(program.processId()), SIGKILL);
+            QElapsedTimer closing;
+            closing.start();
+            if (i >= 0)
+                killWithin(random, span, program);
             QVERIFY(program.waitForFinished());
-            const QByteArray now = readFile(file);
-            QVERIFY2(now == loaded || now == saved, qPrintable(QString::number(now.size())));
-            (now == saved ? tally.killedNew : tally.killedOld) += 1;
+            const QByteArray now = world.read(file);
+            QVERIFY2(now == before || now == after, qPrintable(u"close %1 garbled the vault"_s.arg(i)));
+            QVERIFY(i >= 0 || (program.exitStatus() == QProcess::NormalExit && now == after));
+            if (i < 0)
+                span = closing.nsecsElapsed() / 1000 * 13 / 10; // microseconds
+            else
+                ++(now == after ? killedNew : killedOld);
         }
-        qInfo().noquote() << QStringLiteral("%1 closes of the vault window (%2 µs each) killed: %3 before the save "
-                                            "was in place, %4 after")
-                                 .arg(runs)
-                                 .arg(span * 10 / 13)
-                                 .arg(tally.killedOld)
-                                 .arg(tally.killedNew);
+        qInfo("%d closes of the vault window (%lld µs each) killed: %d before the save was in place, %d after", runs,
+            span * 10 / 13, killedOld, killedNew);
     }
 };
 

@@ -1,21 +1,22 @@
 // The command-line tool, run as a process over files the storage code wrote.
-#include "TestSupport.h"
+#include "TestWorld.h"
 #include "storage/VaultFile.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <QJsonObject>
 #include <QProcess>
 
 #include <sys/stat.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 struct Run
 {
-    int code = -1;
-    QByteArray out;
-    QByteArray err;
+    int code = -1; // -1: it crashed, or hung and was killed
+    QByteArray out, err;
+    QString first(const QString& key) const { return QJsonDocument::fromJson(out).array().first()[key].toString(); }
 };
 
 Run tool(const QStringList& args, const QByteArray& input = QByteArray())
@@ -25,12 +26,8 @@ Run tool(const QStringList& args, const QByteArray& input = QByteArray())
     p.waitForStarted();
     p.write(input);
     p.closeWriteChannel();
-    if (!p.waitForFinished(10000)) { // a tool that hangs is a failure of its own
-        p.kill();
-        p.waitForFinished();
-        return { -1, {}, "hung" };
-    }
-    return { p.exitCode(), p.readAllStandardOutput(), p.readAllStandardError() };
+    const bool ended = p.waitForFinished(10000) && p.exitStatus() == QProcess::NormalExit;
+    return { ended ? p.exitCode() : -1, p.readAllStandardOutput(), p.readAllStandardError() };
 }
 } // namespace
 
@@ -38,105 +35,52 @@ class tst_vault_tool : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void saveThenDumpIsWhatTheProgramWrites()
+    void commandsErrorsAndUsage()
     {
         TestWorld world;
-        const QString file = world.path(QStringLiteral("tool.dat"));
-        QJsonObject e;
-        e.insert(QStringLiteral("title"), QStringLiteral("Mail"));
-        e.insert(QStringLiteral("name"), QStringLiteral("anna"));
-        e.insert(QStringLiteral("picture"), QStringLiteral("\u00ff\u0000x"));
-        const QByteArray json = QJsonDocument(QJsonArray { e }).toJson();
-        QCOMPARE(tool({ QStringLiteral("save"), file }, json).code, 0);
-        // The same bytes as the program's own save.
+        const QString file = world.path(u"tool.dat"_s);
+        QCOMPARE(tool({ u"save"_s, file }, R"([{"title":"Mail","name":"anna","picture":"\u00ff\u0000x"}])").code, 0);
+        const Run dump = tool({ u"dump"_s, file });
+        QCOMPARE((QStringList { QString::number(dump.code), dump.first(u"name"_s), dump.first(u"picture"_s) }),
+            (QStringList { u"0"_s, u"anna\u0000\u0000"_s, u"\u00ff\u0000x"_s }));
         QList<Entry> same { Entry { "Mail", {}, {}, "anna", {}, {}, {}, QByteArray("\xff\0x", 3) } };
-        QCOMPARE(world.read(QStringLiteral("tool.dat")), LayerOn(ComposeInnerText(same)));
-        const Run dump = tool({ QStringLiteral("dump"), file });
-        QCOMPARE(dump.code, 0);
-        const QJsonObject back = QJsonDocument::fromJson(dump.out).array().first().toObject();
-        QCOMPARE(back.value(QStringLiteral("name")).toString(), QStringLiteral("anna\u0000\u0000"));
-        QCOMPARE(back.value(QStringLiteral("picture")).toString(), QStringLiteral("\u00ff\u0000x"));
-        // dump reads without touching the file.
-        QCOMPARE(world.read(QStringLiteral("tool.dat")), LayerOn(ComposeInnerText(same)));
-        QCOMPARE(tool({ QStringLiteral("unwrap"), file }).out, ComposeInnerText(same) + QByteArray(3, '\0'));
-    }
-
-    void rescueGivesBackWhatTheProgramLoses()
-    {
-        TestWorld world;
-        QList<Entry> entries { Entry {
-            "Note", {}, {}, {}, {}, {}, "first line\r\nand a long second line=" + QByteArray(80, 'z'), {} } };
-        const QByteArray original = entries[0].note;
-        SaveVault(QStringLiteral("C:\\..\\rescue.dat"), entries);
-        const Run rescue = tool({ QStringLiteral("rescue"), world.path(QStringLiteral("rescue.dat")) });
-        QCOMPARE(rescue.code, 0);
-        const QJsonObject back = QJsonDocument::fromJson(rescue.out).array().first().toObject();
-        QCOMPARE(back.value(QStringLiteral("extra")).toString().toLatin1(), original);
-        const Run dump = tool({ QStringLiteral("dump"), world.path(QStringLiteral("rescue.dat")) });
-        QCOMPARE(QJsonDocument::fromJson(dump.out)
-                     .array()
-                     .first()
-                     .toObject()
-                     .value(QStringLiteral("extra"))
-                     .toString()
-                     .size(),
-            48);
-    }
-
-    void errorsAndUsage()
-    {
-        TestWorld world;
-        QCOMPARE(tool({}).code, 2);
-        QCOMPARE(tool({ QStringLiteral("frobnicate"), QStringLiteral("x") }).code, 2);
-        QCOMPARE(tool({ QStringLiteral("--help") }).code, 0);
-        const Run missing = tool({ QStringLiteral("dump"), world.path(QStringLiteral("none.dat")) });
-        QCOMPARE(missing.code, 1);
-        QVERIFY(missing.err.contains("no such file"));
-        QCOMPARE(tool({ QStringLiteral("save"), world.path(QStringLiteral("x.dat")) }, "not json").code, 1);
-        QVERIFY(!QFileInfo::exists(world.path(QStringLiteral("x.dat"))));
-        QJsonObject big;
-        big.insert(QStringLiteral("title"), QStringLiteral("Big"));
-        big.insert(QStringLiteral("extra"), QString(30000, QLatin1Char('x')));
-        const Run tooLarge = tool({ QStringLiteral("save"), world.path(QStringLiteral("x.dat")) },
-            QJsonDocument(QJsonArray { big }).toJson());
-        QCOMPARE(tooLarge.code, 1);
-        QVERIFY(tooLarge.err.contains("nothing was written"));
-        // Only regular files, and none larger than a vault: each refused at once, with the reason.
-        QDir().mkpath(world.path(QStringLiteral("folder")));
-        QCOMPARE(::mkfifo(QFile::encodeName(world.path(QStringLiteral("pipe"))).constData(), 0600), 0);
-        QFile sparse(world.path(QStringLiteral("huge.dat")));
-        QVERIFY(sparse.open(QIODevice::WriteOnly) && sparse.resize(2 * 1024 * 1024));
-        sparse.close();
-        const QList<std::pair<QStringList, QByteArray>> refusals = {
-            { { QStringLiteral("dump"), QStringLiteral("/dev/zero") }, "is not a regular file" },
-            { { QStringLiteral("dump"), world.path(QStringLiteral("pipe")) }, "is not a regular file" },
-            { { QStringLiteral("save"), world.path(QStringLiteral("pipe")) }, "is not a regular file" },
-            { { QStringLiteral("unwrap"), world.path(QStringLiteral("folder")) }, "is a folder" },
-            { { QStringLiteral("save"), world.path(QStringLiteral("folder")) }, "is a folder" },
-            { { QStringLiteral("rescue"), world.path(QStringLiteral("huge.dat")) }, "more than any vault file" },
-            { { QStringLiteral("save"), world.path(QStringLiteral("none/x.dat")) }, "no such folder" },
-        };
-        for (const auto& [args, reason] : refusals) {
-            const Run refused = tool(args, "[]");
-            QCOMPARE(refused.code, 1);
-            QVERIFY2(refused.err.contains(reason), refused.err.constData());
-        }
-        const Run endless
-            = tool({ QStringLiteral("save"), world.path(QStringLiteral("x.dat")) }, QByteArray(5 << 20, ' '));
-        QCOMPARE(endless.code, 1);
-        QVERIFY(endless.err.contains("longer than"));
-        if (::geteuid() != 0) { // root reads whatever the modes say
-            world.write(QStringLiteral("locked.dat"), "x");
-            QFile::setPermissions(world.path(QStringLiteral("locked.dat")), QFile::WriteOwner);
-            QVERIFY(tool({ QStringLiteral("dump"), world.path(QStringLiteral("locked.dat")) })
-                        .err.contains("no permission"));
-        }
-        // A bad Base64 group is reported and read on as OK.
-        world.write(QStringLiteral("bad.dat"), LayerOn("[A]\r\nname=YW5u*W5u\r\n"));
-        const Run bad = tool({ QStringLiteral("dump"), world.path(QStringLiteral("bad.dat")) });
-        QCOMPARE(bad.code, 0);
+        const QByteArray inner = ComposeInnerText(same);
+        QCOMPARE(world.read(u"tool.dat"_s), LayerOn(inner)); // the program's own save, untouched by the dump
+        QCOMPARE(tool({ u"unwrap"_s, file }).out, inner + QByteArray(3, '\0'));
+        QList<Entry> lossy { Entry { "Note", {}, {}, {}, {}, {}, "a\r\nb=" + QByteArray(80, 'z'), {} } };
+        SaveVault(u"C:\\..\\tool.dat"_s, lossy);
+        const Run rescue = tool({ u"rescue"_s, file }); // what the program's reading loses
+        QCOMPARE(QByteArray::number(rescue.code) + rescue.first(u"extra"_s).toLatin1(), "0" + lossy[0].note);
+        QCOMPARE(tool({ u"dump"_s, file }).first(u"extra"_s).size(), 48);
+        world.write(u"bad.dat"_s, LayerOn("[A]\r\nname=YW5u*W5u\r\n"));
+        const Run bad = tool({ u"dump"_s, world.path(u"bad.dat"_s) }); // a bad group: told, read on as OK
         QVERIFY(bad.err.contains("Illegal Characters <*W5u>"));
-        QVERIFY(bad.out.contains("ann???"));
+        QCOMPARE(QString::number(bad.code) + bad.first(u"name"_s), u"0ann???"_s);
+
+        QCOMPARE((QList<int> { tool({}).code, tool({ u"frobnicate"_s, u"x"_s }).code, tool({ u"--help"_s }).code }),
+            (QList<int> { 2, 2, 0 }));
+        // Only regular files, and none larger than a vault: each refused at once, with the reason.
+        QCOMPARE(::mkfifo(QFile::encodeName(world.path(u"pipe"_s)).constData(), 0600), 0);
+        world.write(u"huge.dat"_s, QByteArray(2 << 20, '\0'));
+        world.write(u"locked.dat"_s, "x");
+        QFile::setPermissions(world.path(u"locked.dat"_s), QFile::WriteOwner);
+        const QByteArray tooLarge = "[{\"title\":\"Big\",\"extra\":\"" + QByteArray(30000, 'x') + "\"}]";
+        const std::tuple<const char*, const char*, QByteArray, const char*> refusals[]
+            = { { "dump", "none.dat", "", "no such file" }, { "save", "x.dat", tooLarge, "nothing was written" },
+                  { "save", "x.dat", QByteArray(5 << 20, ' '), "longer than" },
+                  { "save", "x.dat", "not json", "JSON array" }, { "dump", "/dev/zero", "[]", "regular file" },
+                  { "dump", "pipe", "[]", "regular file" }, { "save", "pipe", "[]", "regular file" },
+                  { "unwrap", "home", "[]", "a folder" }, { "save", "home", "[]", "a folder" },
+                  { "rescue", "huge.dat", "[]", "any vault file" }, { "save", "none/x.dat", "[]", "no such folder" },
+                  { "dump", "locked.dat", "", "no permission" } };
+        const QDir at(world.dir.path());
+        for (const auto& [command, name, input, reason] : refusals) {
+            if (::geteuid() == 0 && qstrcmp(name, "locked.dat") == 0)
+                continue; // root reads whatever the modes say
+            const Run refused = tool({ QLatin1String(command), at.filePath(QLatin1String(name)) }, input);
+            QVERIFY2(refused.code == 1 && refused.err.contains(reason), refused.err.constData());
+        }
+        QVERIFY(!QFileInfo::exists(world.path(u"x.dat"_s)));
     }
 };
 

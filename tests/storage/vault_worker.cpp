@@ -9,12 +9,11 @@
 int main(int argc, char* argv[])
 {
     QCoreApplication app(argc, argv);
-    const QStringList args = QCoreApplication::arguments();
-    if (args.size() < 3)
+    if (argc < 3)
         return 2;
-    const QString file = platform::ToWindows(QDir::current().absoluteFilePath(args.at(2)));
-    if (args.at(1) == QLatin1String("load"))
+    const QString file = platform::ToWindows(QDir::current().absoluteFilePath(QString::fromLocal8Bit(argv[2])));
+    if (qstrcmp(argv[1], "load") == 0)
         return LoadVault(file).read ? 0 : 1;
-    QList<Entry> entries = FullVault(args.value(3).toUInt());
+    QList<Entry> entries = FullVault(argc > 3 ? QByteArray(argv[3]).toUInt() : 0);
     return SaveVault(file, entries) == VaultSave::Saved ? 0 : 1;
 }

@@ -1,137 +1,125 @@
-// Export and import: the file on disk goes out as it is, a chosen file comes in over the vault,
-// and the program comes back through a real restart with that profile.
-#include "VaultRun.h"
+// Export and import from the File menu: the file on disk goes out as it is; a chosen file comes
+// in over the vault, and the program comes back through a real restart.
+#include "ProgramRun.h"
 #include "platform/Dialogs.h"
-#include "tools/ExportDialog.h"
-#include "tools/ImportDialog.h"
 
-#include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 
 #include <csignal>
+
+namespace {
+
+const auto entry = [](const char* title) { return Entry { title, "pw1", {}, {}, {}, {}, {}, {} }; };
+
+} // namespace
 
 class tst_transfer : public QObject
 {
     Q_OBJECT
 
-    static Entry entry(const char* title)
-    {
-        Entry e;
-        e.title = title;
-        e.password = "pw1";
-        return e;
-    }
-
 private Q_SLOTS:
     void cleanup()
     {
         platform::SetBrowseFolderBackend({});
-        platform::SetFileDialogBackend({});
         qunsetenv("TOLVANE_MSGBOX_LOG");
         qunsetenv("TOLVANE_MSGBOX_ANSWERS");
     }
 
     void exportTakesTheFileOnDisk()
     {
-        VaultRun run;
-        run.writeVault({ entry("Saved") });
-        VaultWindow* main = run.start();
-        // A change only in memory is not in the export.
-        entryTable[1].password = "changed";
-        const QByteArray onDisk
-            = run.world.read(QStringLiteral("appdata/Brenmark/Tolvane/data/Administrator/list.dat"));
+        ProgramRun run;
+        VaultWindow* vault = run.startActive({ entry("Saved") });
+        const QByteArray onDisk = run.world.read(u"appdata/Brenmark/Tolvane/data/Administrator/list.dat"_s);
+        // A change not yet saved is not in the export.
+        ui::clickRow(vault, Lang(201), 0);
+        ui::retype(vault, Lang(244), u"changed"_s);
 
-        ExportDialog* dialog = ExportDialog::Instance(main);
-        QCOMPARE(dialog->profileName->text(), QStringLiteral("Administrator"));
-        QCOMPARE(dialog->targetBox->Text(), QStringLiteral("C:\\tolvane_data.tvd"));
-        QStringList answers { QStringLiteral("C:\\out"), QString(), QStringLiteral("C:\\") };
+        QStringList folders { u"C:\\out"_s, QString(), u"C:\\"_s };
         QList<platform::BrowseFolderCall> calls;
         platform::SetBrowseFolderBackend([&](const platform::BrowseFolderCall& call) {
             calls.append(call);
-            return answers.takeFirst();
+            return folders.takeFirst();
         });
-        dialog->browseButton->click();
-        QCOMPARE(dialog->targetBox->Text(), QStringLiteral("C:\\out\\tolvane_data.tvd"));
-        dialog->browseButton->click(); // cancelled: back to the default, not the first choice
-        QCOMPARE(dialog->targetBox->Text(), QStringLiteral("C:\\tolvane_data.tvd"));
-        dialog->browseButton->click(); // a root: the backslash doubles, harmlessly
-        QCOMPARE(dialog->targetBox->Text(), QStringLiteral("C:\\\\tolvane_data.tvd"));
-        QCOMPARE(calls[1].startPath, QStringLiteral("C:\\tolvane_data.tvd"));
+        const QString target = u"Export the data of user Administrator"_s;
+        ui::onNextModal([&](QWidget* dialog) {
+            QCOMPARE(dialog->windowTitle(), Lang(179));
+            QCOMPARE(ui::text(dialog, target), u"C:\\tolvane_data.tvd"_s);
+            ui::click(dialog, Lang(177));
+            QCOMPARE(ui::text(dialog, target), u"C:\\out\\tolvane_data.tvd"_s);
+            ui::click(dialog, Lang(177)); // cancelled: the default again, not the first choice
+            QCOMPARE(ui::text(dialog, target), u"C:\\tolvane_data.tvd"_s);
+            QCOMPARE(calls[1].startPath, u"C:\\tolvane_data.tvd"_s);
+            ui::click(dialog, Lang(177)); // a root: the backslash doubles, harmlessly
+            QCOMPARE(ui::text(dialog, target), u"C:\\\\tolvane_data.tvd"_s);
+            ui::type(dialog, target, u"x"_s); // the path is not for typing
+            QCOMPARE(ui::text(dialog, target), u"C:\\\\tolvane_data.tvd"_s);
+            ui::click<QPushButton>(dialog, Lang(179));
+        });
+        ui::menu(vault, { Lang(206), Lang(210) });
         QCOMPARE(calls[0].title, Lang(177));
-
-        for (int twice = 0; twice < 2; ++twice) {
-            dialog = ExportDialog::Instance(main);
-            dialog->exportButton->click();
-            QCOMPARE(run.boxes.shown.last().text, Lang(178));
-            QCOMPARE(run.boxes.shown.last().flags, 64);
-            QVERIFY(!ExportDialog::Loaded());
-            QCOMPARE(run.world.read(QStringLiteral("home/tolvane_data.tvd")), onDisk);
-        }
+        QCOMPARE(run.boxes.last(), u"64|Tolvane|"_s + Lang(178));
+        QCOMPARE(run.world.read(u"home/tolvane_data.tvd"_s), onDisk);
 
         // A target that can't be written ends the run through the unhandled error.
-        dialog = ExportDialog::Instance(main);
-        dialog->targetBox->SetText(QStringLiteral("C:\\no\\such\\folder\\x.tvd"));
-        QVERIFY_THROWS_EXCEPTION(ProcessEnded, dialog->exportButton->click());
-        QVERIFY(run.boxes.shown.last().text.startsWith(QStringLiteral("Run-time error '76'")));
-        ExportDialog::Unload();
+        folders = { u"C:\\no\\such"_s };
+        ui::onNextModal([](QWidget* dialog) {
+            ui::click(dialog, Lang(177));
+            QVERIFY_THROWS_EXCEPTION(ProcessEnded, ui::click<QPushButton>(dialog, Lang(179)));
+            dialog->close();
+        });
+        ui::menu(vault, { Lang(206), Lang(210) });
+        QVERIFY(run.boxes.last().startsWith(u"16|Tolvane|Run-time error '76'"_s));
     }
 
     void importReplacesTheVaultThroughARealRestart()
     {
-        VaultRun run;
-        TestWorld::copyTree(QStringLiteral(TOLVANE_BUILT_PROGRAM_DIR), run.world.path(QStringLiteral("program")));
-        run.provision({ QStringLiteral("Bob") });
-        // The file to import: a vault of two entries, made where a user keeps such a file.
-        QDir().mkpath(run.data(QStringLiteral("Bob")));
-        QList<Entry> imported { entry("One"), entry("Two") };
-        QCOMPARE(SaveVault(QStringLiteral("C:\\import.tvd"), imported), VaultSave::Saved);
-        run.writeVault({ entry("Old") });
-        VaultWindow* main = run.start();
+        ProgramRun run;
+        TestWorld::copyTree(QStringLiteral(TOLVANE_BUILT_PROGRAM_DIR), run.world.path(u"program"_s));
+        run.provision({ u"Bob"_s });
+        QList<Entry> file { entry("One"), entry("Two") };
+        QCOMPARE(SaveVault(u"C:\\import.tvd"_s, file), VaultSave::Saved);
+        VaultWindow* vault = run.startActive({ entry("Old") });
 
-        ImportDialog* dialog = ImportDialog::Instance(main);
-        QVERIFY(!dialog->importButton->isEnabled());
         // The dialog starts with "*.tvd" in its box, and a name typed without an extension
-        // gets ".tvd".
-        QString chosen = QStringLiteral("C:\\import");
+        // gets ".tvd"; a cancelled choice is withdrawn.
+        QStringList chosen { u"C:\\import"_s, QString(), u"C:\\import.tvd"_s };
         QList<platform::FileDialogCall> calls;
         platform::SetFileDialogBackend([&](const platform::FileDialogCall& call) {
             calls.append(call);
-            return chosen;
+            return chosen.takeFirst();
         });
-        dialog->chooseButton->click();
-        QCOMPARE(calls.size(), 1);
-        QCOMPARE(calls[0].title, QString::fromUtf8("Otwórz..."));
-        QCOMPARE(calls[0].fileName, QStringLiteral("*.tvd"));
-        QCOMPARE(calls[0].defaultExtension, QStringLiteral("*.tvd"));
-        QCOMPARE(calls[0].filter, Lang(182));
-        QCOMPARE(dialog->sourceBox->Text(), QStringLiteral("C:\\import.tvd"));
-        QVERIFY(dialog->importButton->isEnabled());
-        chosen.clear();
-        dialog->chooseButton->click(); // cancelled: the choice is withdrawn
-        QCOMPARE(dialog->sourceBox->Text(), QStringLiteral("C:\\"));
-        QVERIFY(!dialog->importButton->isEnabled());
-        chosen = QStringLiteral("C:\\import.tvd");
-        dialog->chooseButton->click();
+        const QString source = u"Import data for user Administrator"_s;
+        ui::onNextModal([&](QWidget* dialog) {
+            auto* import = ui::get<QPushButton>(dialog, Lang(183));
+            QVERIFY(!import->isEnabled());
+            ui::click(dialog, QString::fromUtf8("Otwórz..."));
+            QCOMPARE(ui::text(dialog, source), u"C:\\import.tvd"_s);
+            QVERIFY(import->isEnabled());
+            ui::click(dialog, QString::fromUtf8("Otwórz..."));
+            QCOMPARE(ui::text(dialog, source), u"C:\\"_s);
+            QVERIFY(!import->isEnabled());
+            ui::click(dialog, QString::fromUtf8("Otwórz..."));
+            ui::click<QPushButton>(dialog, Lang(183)); // No is the default: nothing happens
+            QCOMPARE(run.boxes.last(), u"324|Tolvane|"_s + Lang(181));
+            QCOMPARE(run.vaultOnDisk().size(), 1);
 
-        dialog->importButton->click(); // No is the default: nothing happens
-        QCOMPARE(run.boxes.shown.last().text, Lang(181));
-        QCOMPARE(run.boxes.shown.last().flags, 324);
-        QCOMPARE(run.vaultOnDisk().size(), 1);
-
-        qputenv("TOLVANE_MSGBOX_LOG", run.world.path(QStringLiteral("boxes.log")).toLocal8Bit());
-        qputenv("TOLVANE_MSGBOX_ANSWERS", "6");
-        QVERIFY_THROWS_EXCEPTION(ProcessEnded, dialog->importButton->click());
-        QCOMPARE(run.ini(QStringLiteral("config.txt"), Keys::user, Keys::switchTo), QStringLiteral("Administrator"));
+            // Yes: the file replaces the vault and a new process starts, with its own answers.
+            qputenv("TOLVANE_MSGBOX_LOG", run.world.path(u"boxes.log"_s).toLocal8Bit());
+            qputenv("TOLVANE_MSGBOX_ANSWERS", "6");
+            run.boxes.answer(platform::IDYES);
+            QVERIFY_THROWS_EXCEPTION(ProcessEnded, ui::click<QPushButton>(dialog, Lang(183)));
+            dialog->close();
+        });
+        ui::menu(vault, { Lang(206), Lang(209) });
+        QCOMPARE(calls[0].fileName + calls[0].defaultExtension + calls[0].filter, u"*.tvd*.tvd"_s + Lang(182));
+        QCOMPARE(run.config(Keys::switchTo), u"Administrator"_s);
         QCOMPARE(run.vaultOnDisk().size(), 2); // replaced, and the open vault was not written back
 
-        // The new process opens the imported vault: its load empties `switch`, and it lists two.
+        // The new process opens the imported vault: its load empties `switch`.
         QTRY_VERIFY_WITH_TIMEOUT(run.world.runningCopy() > 0, 15000);
         const qint64 child = run.world.runningCopy();
-        QTRY_COMPARE_WITH_TIMEOUT(run.ini(QStringLiteral("config.txt"), Keys::user, Keys::switchTo), QString(), 20000);
-        const QList<Entry> loaded = run.vaultOnDisk();
-        QCOMPARE(loaded.size(), 2);
-        QCOMPARE(loaded[0].title, QByteArray("One"));
+        QTRY_COMPARE_WITH_TIMEOUT(run.config(Keys::switchTo), QString(), 20000);
+        QCOMPARE(run.vaultOnDisk().value(0).title, QByteArray("One"));
         ::kill(static_cast<pid_t>(child), SIGKILL);
     }
 };

@@ -1,0 +1,65 @@
+#include "TestWorld.h"
+#include "services/LanguageTable.h"
+#include "services/RegistryLayer.h"
+
+using namespace Qt::StringLiterals;
+
+class tst_language_table : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void filesCurLangAndTheShippedLanguages()
+    {
+        TestWorld world;
+        MessageBoxScript boxes; // no curLang: asked once, and English from then on
+        LoadLanguage();
+        LoadLanguage();
+        QCOMPARE(boxes.all(),
+            QStringList { u"%1|Tolvane|Error: Failed loading selected language."_s.arg(platform::MB_ICONERROR) });
+        QCOMPARE(GetProgramSetting(u"curLang"_s), u"English"_s);
+        QVERIFY(Lang(101).startsWith(u"Tolvane is already running."_s));
+
+        world.write(u"program/t.txt"_s,
+            "; a comment\r\n   \r\n101 Second_instance\r\n999 last slot\r\n1e3 out of range\r\n1000 four digits\r\n"
+            "-12 negative\r\n ;12 indented comment is an entry\r\n5 one digit\r\nabc letters go to slot 0\r\n102\r\n"
+            "101 later entry wins\r\n103 one_two\r\n");
+        QCOMPARE(ReadLanguageFile(u"C:\\..\\program\\t.txt"_s), qint16(0));
+        // A slot is 3 characters ("1000": 100, " four..."), a text starts at the 5th, "_" is a CR.
+        const std::pair<int, QString> expected[] = { { 101, u"later entry wins"_s }, { 999, u"last slot"_s },
+            { 1000, QString() }, { 100, u" four digits"_s }, { 0, u"letters go to slot 0"_s }, { 5, u"e digit"_s },
+            { 102, QString() }, { 103, u"one\rtwo"_s } };
+        for (const auto& [slot, text] : expected)
+            QCOMPARE(Lang(slot), text);
+        QCOMPARE(ReadLanguageFile(u"C:\\..\\program\\none.txt"_s) + ReadLanguageFile(QString()), 2);
+        QCOMPARE((QList<double> {
+                     Val(u"12a"_s), Val(u" 1 2"_s), Val(u"abc"_s), Val(u"&HF"_s), Val(u"1e2"_s), Val(u"-5"_s) }),
+            (QList<double> { 12, 12, 0, 15, 100, -5 })); // the runtime's Val
+
+        // Each shipped language fills English's slots; no menu (the bar's, each one, the tray's) repeats a key.
+        const QList<QList<int>> menus = { { 206, 213, 220, 224, 226, 229 }, { 207, 208, 209, 210, 211, 212 },
+            { 214, 215, 216, 217, 218, 219 }, { 221, 222, 223 }, { 225 }, { 227, 228 }, { 232, 233, 234, 235, 236 },
+            { 237, 234, 235, 238, 236, 212 } };
+        QList<int> english;
+        for (const QString& language : { u"English"_s, u"Polish"_s, u"Deutsch"_s }) {
+            ClearLanguageTable();
+            QCOMPARE(ReadLanguageFile(u"C:\\..\\program\\languages\\%1\\%1.txt"_s.arg(language)), qint16(0));
+            QList<int> filled;
+            for (int slot = 0; slot < 1000; ++slot)
+                if (!Lang(slot).isEmpty())
+                    filled << slot;
+            QCOMPARE(filled, english.isEmpty() ? (english = filled) : english);
+            QVERIFY(!filled.contains(0) && filled.contains(330));
+            for (const QList<int>& menu : menus) {
+                QString keys; // the letter behind each caption's "&"
+                for (int slot : menu)
+                    keys += Lang(slot).section(u'&', 1).left(1).toLower();
+                QCOMPARE(keys.size(), menu.size());
+                for (const QChar key : keys)
+                    QVERIFY2(keys.count(key) == 1, qPrintable(language + u" shares Alt+"_s + key));
+            }
+        }
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_language_table)
+#include "tst_language_table.moc"

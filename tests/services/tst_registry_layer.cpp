@@ -1,0 +1,51 @@
+#include "TestWorld.h"
+#include "services/RegistryLayer.h"
+
+using namespace Qt::StringLiterals;
+using namespace platform;
+
+class tst_registry_layer : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void pathsValuesKeysAndHives()
+    {
+        const std::array<QString, 4> paths[]
+            = { { u"S\\B"_s, u"T"_s, u"X"_s, u"S\\B\\T\\X"_s }, { QString(), u"T"_s, u"X"_s, u"T\\X"_s },
+                  { u"S"_s, {}, u"X"_s, u"S\\X"_s }, { u"S\\\\B\\"_s, u"T/v"_s, {}, u"S\\B\\T\\v"_s }, {} };
+        for (const auto& [root, application, section, path] : paths) // doubled separators and slashes become one
+            QCOMPARE(RegBuildPath(root, application, section), path);
+
+        TestWorld world;
+        const auto get = [](const QString& name, const QString& key = u"Tolvane\\Settings"_s) {
+            return RegGetValue(key, {}, name, u"d"_s, HKEY_CURRENT_USER, u"SOFTWARE\\Brenmark"_s).toString();
+        };
+        SaveProgramSetting(u"curLang"_s, u"Polish"_s);
+        SaveProgramSetting(u"blank"_s, u"   "_s);
+        RegSetValue(u"Tolvane"_s, u"Settings"_s, u"n"_s, -5, HKEY_CURRENT_USER, u"SOFTWARE\\Brenmark"_s, REG_DWORD);
+        HKEY key = 0;
+        QCOMPARE(RegCreateKeyExA(HKEY_CURRENT_USER, u"SOFTWARE\\Brenmark\\Bin"_s, 63, key), ERROR_SUCCESS);
+        RegSetValueExA(key, u"b"_s, REG_BINARY, QByteArray("\x01\xab", 2));
+        RegCloseKey(key);
+        // Names compare without regard to case, as in the registry; a blank text reads as absent.
+        QCOMPARE((QStringList { GetProgramSetting(u"curLang"_s), get(u"CURLANG"_s, u"TOLVANE\\settings"_s),
+                     get(u"none"_s), get(u"blank"_s), get(u"n"_s), get(u"b"_s, u"Bin"_s),
+                     RegNameFromHive(RegHiveFromName(u"hkey_local_machine"_s)),
+                     RegNameFromHive(RegHiveFromName(u"HKLM"_s)) }),
+            (QStringList {
+                u"Polish"_s, u"Polish"_s, u"d"_s, u"d"_s, u"-5"_s, u"01 AB"_s, u"HKEY_LOCAL_MACHINE"_s, QString() }));
+
+        RegSetValue(u"B\\C"_s, {}, u"v"_s, u"x"_s, HKEY_CURRENT_USER, u"A"_s);
+        QCOMPARE(RegDeleteKeyA(HKEY_CURRENT_USER, u"A"_s), ERROR_ACCESS_DENIED); // with children: only the layer
+        QVERIFY(RegDeleteEntry({}, {}, {}, HKEY_CURRENT_USER, u"A"_s));
+        QCOMPARE(RegOpenKeyExA(HKEY_CURRENT_USER, u"A"_s, 0, 0, key), ERROR_FILE_NOT_FOUND);
+
+        // A machine hive that refuses an ordinary user: the write says it was done, nothing is there.
+        qputenv("TOLVANE_REGISTRY_MACHINE", "/dev/null/registry");
+        QVERIFY(RegSetValue({}, {}, u"v"_s, u"Deutsch"_s, HKEY_LOCAL_MACHINE, u"SOFTWARE"_s));
+        QCOMPARE(RegGetValue({}, {}, u"v"_s, u"none"_s, HKEY_LOCAL_MACHINE, u"SOFTWARE"_s).toString(), u"none"_s);
+    }
+};
+
+QTEST_GUILESS_MAIN(tst_registry_layer)
+#include "tst_registry_layer.moc"

@@ -1,0 +1,100 @@
+// The host window and its notification-area icon, on a desktop without a notification area.
+#include "ProgramRun.h"
+#include "platform/Twips.h"
+
+#include <QMenu>
+
+namespace {
+
+// The icon's message as the notification area hands it over: a mouse move whose X is the
+// message, in pixels, that the host reads in its own scale.
+const auto iconMessage = [](int message) { TrayHost::Loaded()->iconMessage(PixelsToTwips(message)); };
+
+// The pop-up menu on screen, as the texts of its entries ("-" a separator); empty if none is up.
+QStringList menuOnScreen()
+{
+    QStringList entries;
+    for (QWidget* w : ui::windowsOnScreen()) {
+        if (auto* menu = qobject_cast<QMenu*>(w)) {
+            for (QAction* a : menu->actions())
+                entries << (a->isSeparator() ? u"-"_s : a->text());
+        }
+    }
+    return entries;
+}
+
+} // namespace
+
+class tst_tray_host : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void tipIsAFieldOfSixtyFourCharacters()
+    {
+        const QString tip = TrayHost::TipText(u"Administrator"_s);
+        QCOMPARE(tip.size(), 64);
+        QCOMPARE(tip, (u"Tolvane \r\nAdministrator"_s + QChar(0)).leftJustified(64));
+        const QString longName(60, QLatin1Char('x'));
+        QCOMPARE(TrayHost::TipText(longName), (u"Tolvane \r\n"_s + longName).left(64));
+    }
+
+    void iconMessagesOpenTheMenuOrShowTheHostOutOfSight()
+    {
+        ProgramRun run;
+        VaultWindow* vault = run.start();
+        QVERIFY(vault);
+        TrayHost* host = TrayHost::Loaded();
+        QVERIFY(host && !host->IconShown());
+        const QStringList entries = { Lang(237), "-", Lang(234), "-", Lang(235), Lang(238), "-", Lang(236), Lang(212) };
+        // No notification area here: the icon's menu stands in the window's bar, as "Tolvane".
+        ShellScript shell;
+        QVERIFY(ui::menu(vault, { u"Tolvane"_s, Lang(238) }));
+        QCOMPARE(shell.calls.size(), 1); // the forum's page
+        for (int message : { 514, 517 }) { // left up, right up
+            iconMessage(message);
+            QTRY_COMPARE(menuOnScreen(), entries);
+            QApplication::activePopupWidget()->close();
+        }
+        iconMessage(512);
+        iconMessage(516);
+        QVERIFY(menuOnScreen().isEmpty() && !host->isVisible());
+        iconMessage(515); // shown, yet where nobody sees it
+        QVERIFY(host->isVisible());
+        QVERIFY(host->frameGeometry().right() < 0 && host->frameGeometry().bottom() < 0);
+    }
+
+    void closingTheVaultWindowLeavesTheMenuAsTheWayBack()
+    {
+        ProgramRun run;
+        VaultWindow* vault = run.startActive({ Entry { "Mail", {}, {}, {}, {}, {}, {}, {} } });
+        QVERIFY(vault);
+        vault->close(); // saved and gone; the host stays
+        QVERIFY(ui::windowsOnScreen().isEmpty() && TrayHost::Loaded());
+        QCOMPARE(run.vaultOnDisk().size(), 1);
+
+        // Reaching the menu loads the window again, out of sight; its first entry shows it.
+        iconMessage(517);
+        VaultWindow* again = VaultWindow::Loaded();
+        QVERIFY(again && !again->isVisible());
+        QTRY_VERIFY(qobject_cast<QMenu*>(QApplication::activePopupWidget()));
+        auto* popup = static_cast<QMenu*>(QApplication::activePopupWidget());
+        QCOMPARE(popup->actions().first()->text(), Lang(237));
+        QTest::mouseClick(popup, Qt::LeftButton, {}, popup->actionGeometry(popup->actions().first()).center());
+        QVERIFY(again->isVisible());
+        QCOMPARE(ui::rows(again, Lang(201)), QStringList { u"Mail"_s });
+    }
+
+    void defaultOptionsOnlyForAProfileWithoutThem()
+    {
+        ProgramRun run;
+        run.provision(); // all options on
+        run.world.write(u"appdata/Brenmark/Tolvane/data/Administrator/cfg.txt"_s, "[setts]\r\ns2=0\r\n");
+        QVERIFY(run.start());
+        QCOMPARE(run.option(2), u"0"_s);
+        QCOMPARE(run.option(3), QString());
+    }
+};
+
+QTEST_MAIN(tst_tray_host)
+#include "tst_tray_host.moc"

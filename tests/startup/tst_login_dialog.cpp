@@ -1,0 +1,135 @@
+// The login: its four outcomes, the one-time reset, the preselection and the password.
+#include "ProgramRun.h"
+#include "services/RegistryLayer.h"
+#include "startup/PasswordDigest.h"
+
+#include <QComboBox>
+
+class tst_login_dialog : public QObject
+{
+    Q_OBJECT
+
+    static void setPassword(ProgramRun& run, const QString& profile, const QString& password)
+    {
+        run.setIni(profile + u"/settings.txt"_s, Keys::settings, Keys::password, MD5Hex(password));
+    }
+    static QString chosen(ProgramRun& run) { return run.login()->findChild<QComboBox*>()->currentText(); }
+    // Types the password and presses Enter, as the user does at the prompt.
+    static void logIn(ProgramRun& run, const QString& password)
+    {
+        ui::retype(run.login(), Lang(190), password);
+        QTest::keyClick(ui::get(run.login(), Lang(190)), Qt::Key_Return);
+    }
+
+private Q_SLOTS:
+    void theFirstStartOpensAdministratorWithoutAPrompt()
+    {
+        ProgramRun run;
+        QVERIFY(run.start());
+        QVERIFY(!run.login());
+        QCOMPARE(run.config(Keys::defaultProfile), u"Administrator"_s);
+        QCOMPARE(run.users(), QByteArray("Administrator\r\n"));
+        QCOMPARE(run.world.read(u"appdata/Brenmark/Tolvane/data/Administrator/cfg.txt"_s),
+            QByteArray("[setts]\r\ns1=1\r\ns2=1\r\ns3=1\r\ns4=1\r\ns5=1\r\n"));
+        QVERIFY(run.boxes.shown.isEmpty());
+        run.close();
+        // While the marker is missing every start ends in that branch, password or not.
+        QFile::remove(run.data(u"Administrator/dummy.dat"_s));
+        setPassword(run, u"Administrator"_s, u"pw"_s);
+        QVERIFY(run.start() && !run.login());
+    }
+
+    void thePasswordGateRefusesAsOftenAsTheUserLikes()
+    {
+        ProgramRun run;
+        run.provision();
+        setPassword(run, u"Administrator"_s, u"Zażółć 1"_s);
+        QVERIFY(!run.start());
+        ui::activate(run.login());
+        QCOMPARE(chosen(run), u"Administrator"_s);
+        QVERIFY(ui::find<QLabel>(run.login(), Lang(188)));
+        QCOMPARE(ui::get<QLineEdit>(run.login(), Lang(190))->echoMode(), QLineEdit::Normal); // readable, by design
+        for (int attempt = 0; attempt < 3; ++attempt) {
+            QTest::keyClicks(ui::get(run.login(), Lang(190)), u"x"_s);
+            QTest::keyClick(ui::get(run.login(), Lang(190)), Qt::Key_Return);
+        }
+        QCOMPARE(run.boxes.all(), QStringList(3, u"64|Tolvane|"_s + Lang(185)));
+        QCOMPARE(ui::text(run.login(), Lang(190)), u"xxx"_s); // what was typed stays
+        ui::get<QLineEdit>(run.login(), Lang(190))->setText(QString(40000, QLatin1Char('k')));
+        QCOMPARE(ui::text(run.login(), Lang(190)).size(), 40000); // no limit on the length
+        QPointer<QDialog> typedInto(run.login());
+        logIn(run, u"Zażółć 1"_s);
+        // The login is gone from the screen and from memory: only the vault window is left.
+        QCOMPARE(ui::windowsOnScreen(), QList<QWidget*> { VaultWindow::Loaded() });
+        QVERIFY(typedInto.isNull());
+        run.close();
+
+        // A folder deleted behind the program's back: a message, and the window stays.
+        QVERIFY(!run.start());
+        QVERIFY(QDir(run.data(u"Administrator"_s)).removeRecursively());
+        logIn(run, QString());
+        QCOMPARE(run.boxes.last(), u"16|Tolvane|"_s + Lang(186));
+        QTest::keyClick(ui::get(run.login(), Lang(190)), Qt::Key_Escape); // cancel: nothing opens
+        QVERIFY(ui::windowsOnScreen().isEmpty());
+        QVERIFY(!VaultWindow::Loaded());
+    }
+
+    void theOneTimeResetDeletesTheAdministratorPasswordOnce()
+    {
+        ProgramRun run;
+        run.provision();
+        SaveProgramSetting(u"SP1"_s, QString());
+        setPassword(run, u"Administrator"_s, u"old"_s);
+        QVERIFY(run.start()); // the reset ran: no password, no prompt
+        QCOMPARE(GetProgramSetting(u"SP1"_s), u"1"_s);
+        run.close();
+        setPassword(run, u"Administrator"_s, u"new"_s);
+        QVERIFY(!run.start() && run.login());
+    }
+
+    void preselectionRoutes()
+    {
+        ProgramRun run;
+        run.provision({ u"Bob"_s, u"Eve"_s });
+        for (const QString& p : { u"Administrator"_s, u"Bob"_s, u"Eve"_s })
+            setPassword(run, p, p);
+        // Each row: default, switch, temp_changeable, temp_changeable2, then the profile chosen.
+        const QStringList routes[] = { { "Bob", "", "", "", "Bob" }, { "Bob", "Eve", "", "", "Eve" },
+            { "Bob", "Carol", "", "", "Bob" }, // not listed: passed over
+            { "Bob", "", "True", "Eve", "Eve" } };
+        run.world.write(u"appdata/Brenmark/Tolvane/data/Carol/dummy.dat"_s, "x");
+        for (const QStringList& r : routes) {
+            run.setConfig(Keys::defaultProfile, r[0]);
+            run.setConfig(Keys::switchTo, r[1]);
+            run.setConfig(Keys::tempChangeable, r[2]);
+            run.setConfig(Keys::tempChangeable2, r[3]);
+            QVERIFY(!run.start());
+            QCOMPARE(chosen(run), r[4]);
+            QTest::keyClick(ui::get(run.login(), Lang(190)), Qt::Key_Escape);
+        }
+        // The last used profile without its marker: nothing chosen, a run with an empty current.
+        QFile::remove(run.data(u"Eve/dummy.dat"_s));
+        QVERIFY(run.start());
+        QCOMPARE(run.config(Keys::current), QString());
+        run.close();
+
+        // The default lost: a message, Administrator chosen, and the prompt even without a password.
+        run.setConfig(Keys::tempChangeable, u"False"_s);
+        run.setConfig(Keys::defaultProfile, u"Eve"_s);
+        QFile::remove(run.data(u"Administrator/settings.txt"_s));
+        run.setConfig(Keys::switchTo, u"Bob"_s);
+        QVERIFY(!run.start());
+        QCOMPARE(run.boxes.all(), QStringList { u"16|Tolvane|"_s + Lang(187) });
+        QCOMPARE(chosen(run), u"Administrator"_s);
+        // An empty password matches only the digest of an empty text, never the empty value.
+        logIn(run, QString());
+        QCOMPARE(run.boxes.last(), u"64|Tolvane|"_s + Lang(185));
+        setPassword(run, u"Administrator"_s, QString());
+        logIn(run, QString());
+        QVERIFY(VaultWindow::Loaded());
+        QCOMPARE(run.config(Keys::switchTo), QString()); // the vault window empties it
+    }
+};
+
+QTEST_MAIN(tst_login_dialog)
+#include "tst_login_dialog.moc"
