@@ -36,17 +36,13 @@ struct MessageBoxScript
     }
     ~MessageBoxScript() { platform::SetMessageBoxBackend({}); }
     void answer(int result) { answers.append(result); }
-    QString last() const { return shown.isEmpty() ? QString() : describe(shown.last()); }
+    QString last() const { return all().value(all().size() - 1); }
     QStringList all() const
     {
         QStringList out;
-        for (const auto& call : shown)
-            out << describe(call);
+        for (const auto& c : shown)
+            out << QStringLiteral("%1|%2|%3").arg(c.flags).arg(c.title, c.text);
         return out;
-    }
-    static QString describe(const platform::MessageBoxCall& c)
-    {
-        return QStringLiteral("%1|%2|%3").arg(c.flags).arg(c.title, c.text);
     }
     QList<platform::MessageBoxCall> shown;
     QList<int> answers;

@@ -11,6 +11,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <optional>
 
 namespace platform {
@@ -64,37 +65,26 @@ QString stem()
         + QString::fromLatin1(QCryptographicHash::hash(exe.toUtf8(), QCryptographicHash::Sha1).toHex().left(16));
 }
 
-// When the process started, in clock ticks since boot (field 22 of /proc/<pid>/stat).
-qulonglong startTicks()
-{
-    QFile stat(QStringLiteral("/proc/self/stat"));
-    if (!stat.open(QIODevice::ReadOnly))
-        return 0;
-    const QByteArray text = stat.readAll();
-    const QList<QByteArray> fields = text.mid(text.lastIndexOf(')') + 2).split(' ');
-    return fields.size() > 19 ? fields.at(19).toULongLong() : 0;
-}
-
+// Copies are ordered by when they made themselves known, not by when they started: a copy
+// that started first but announces last must still see the one that announced before it,
+// or both would run.
 struct Presence
 {
-    qulonglong started = 0;
+    qulonglong turn = 0;
     qint64 pid = 0;
-    bool operator<(const Presence& other) const
-    {
-        return started != other.started ? started < other.started : pid < other.pid;
-    }
+    bool operator<(const Presence& other) const { return turn != other.turn ? turn < other.turn : pid < other.pid; }
 };
 
-// "<stem>.<started>.<pid>.run"
+// "<stem>.<turn>.<pid>.run"
 std::optional<Presence> presenceOf(const QString& fileName, const QString& ownStem)
 {
     const QStringList parts = fileName.split(QLatin1Char('.'));
     if (parts.size() != 4 || parts.at(0) != ownStem || parts.at(3) != QLatin1String("run"))
         return std::nullopt;
-    bool startedOk = false;
+    bool turnOk = false;
     bool pidOk = false;
-    Presence p { parts.at(1).toULongLong(&startedOk), parts.at(2).toLongLong(&pidOk) };
-    if (!startedOk || !pidOk)
+    Presence p { parts.at(1).toULongLong(&turnOk), parts.at(2).toLongLong(&pidOk) };
+    if (!turnOk || !pidOk)
         return std::nullopt;
     return p;
 }
@@ -112,6 +102,42 @@ Announcement& announcement()
     return a;
 }
 
+// One turn after every copy known so far, dead or alive.
+qulonglong nextTurn(const QString& folder, const QString& ownStem)
+{
+    qulonglong last = 0;
+    for (const QString& fileName : QDir(folder).entryList(QDir::Files)) {
+        if (const std::optional<Presence> other = presenceOf(fileName, ownStem))
+            last = std::max(last, other->turn);
+    }
+    return last + 1;
+}
+
+// Held while a copy takes its turn and makes its file, so that turns are never shared and a
+// copy that took an earlier turn is always seen by a later one. Without the lock file the
+// turns may tie; the process id then orders them, and a copy that announced in the same
+// instant could go unseen.
+class TurnLock
+{
+public:
+    explicit TurnLock(const QString& path)
+        : fd(::open(QFile::encodeName(path).constData(), O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC, 0600))
+    {
+        if (fd >= 0)
+            ::flock(fd, LOCK_EX);
+    }
+    ~TurnLock()
+    {
+        if (fd >= 0)
+            ::close(fd);
+    }
+    TurnLock(const TurnLock&) = delete;
+    TurnLock& operator=(const TurnLock&) = delete;
+
+private:
+    int fd;
+};
+
 } // namespace
 
 void AnnounceInstance()
@@ -120,10 +146,12 @@ void AnnounceInstance()
     if (a.fd >= 0)
         return;
     a.folder = presenceFolder();
-    a.self = { startTicks(), ::getpid() };
     if (a.folder.isEmpty())
         return;
-    const QString name = QStringLiteral("%1.%2.%3.run").arg(stem()).arg(a.self.started).arg(a.self.pid);
+    const QString ownStem = stem();
+    const TurnLock turn(a.folder + QLatin1Char('/') + ownStem + QStringLiteral(".lock"));
+    a.self = { nextTurn(a.folder, ownStem), ::getpid() };
+    const QString name = QStringLiteral("%1.%2.%3.run").arg(ownStem).arg(a.self.turn).arg(a.self.pid);
     // Made and locked under a name no test reads, then given its name, so that nobody ever
     // sees the file of a running copy unlocked.
     const QByteArray making = QFile::encodeName(a.folder + QStringLiteral("/.") + name);
