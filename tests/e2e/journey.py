@@ -39,7 +39,9 @@ for name in ("APPDATA", "REGISTRY", "REGISTRY_MACHINE", "RUNTIME_DIR", "DRIVE_C"
     os.makedirs(env["TOLVANE_" + name])
 env.update(TOLVANE_MEDIA="", TOLVANE_SERVER_ADDRESS="http://127.0.0.1:9", QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1")
 started = []
-TEXT = ("text", "password text")  # a text box, whether it hides what is typed or not
+TEXT = ("text", "password text")
+ENTRIES = (("Bank", "ann", "b4nk-pass"), ("Mail", "ann@example", "m41l-pass"), ("Shop", "bob", "sh0p-pass"))
+PASSWORDS = {title: password for title, _, password in ENTRIES}  # a text box, whether it hides what is typed or not
 
 import pyatspi  # noqa: E402  (it connects to the bus named in the environment)
 
@@ -118,14 +120,37 @@ def close(vault):
         sys.exit("FAIL: the program ended with %d" % started[-1].returncode)
 
 
+def clipboard():
+    return subprocess.run(["xclip", "-o", "-selection", "clipboard"], capture_output=True, text=True).stdout
+
+
+def copy_password(vault, keys, title):
+    """A row chosen by the keyboard from the search box (the button back to the whole list stands between them in
+    results mode); its password copied by the picture beside its box, and read by another program."""
+    # xdotool plays the window manager and types: the bus's key injector has no display here.
+    control(vault, TEXT, "Search").queryComponent().grabFocus()
+    subprocess.run(["xdotool", "search", "--onlyvisible", "--name", "^Tolvane - Administrator$", "windowfocus",
+                    "--sync", "sleep", "0.3", "key", "--delay", "300"] + keys)
+    wait_for(title + " on show", lambda: control(vault, TEXT, "Title").queryText().getText(0, -1) == title)
+    press(control(vault, "push button", "Copy - Password"))
+    wait_for("the password on the X clipboard", lambda: clipboard() == PASSWORDS[title])
+
+
+def data(name):
+    with open(os.path.join(world, "appdata/Brenmark/Tolvane/data", name), "rb") as f:
+        return f.read()
+
+
 try:
     print("-- a fresh start: one message before any language is chosen, then the vault")
     start()
     answer_message("Failed loading selected language")
     vault = window("Tolvane - Administrator")
+    if data("users.txt") != b"Administrator\r\n" or b"s5=1" not in data("Administrator/cfg.txt"):
+        sys.exit("FAIL: the first start's tree: %r" % data("users.txt"))
 
     print("-- three entries through the toolbar's first button and the new-entry dialog")
-    for entry in (("Bank", "ann", "b4nk-pass"), ("Mail", "ann@example", "m41l-pass"), ("Shop", "bob", "sh0p-pass")):
+    for entry in ENTRIES:
         press(control(vault, "push button", "New entry"))
         dialog = window("Add a new password...")
         for caption, text in zip(("Title", "User name", "Password"), entry):
@@ -140,17 +165,8 @@ try:
     press(control(vault, "push button", "Search"))
     rows(vault, ["Bank (ann)", "Mail (ann@example)"], "Search results")
 
-    print("-- the match chosen by the keyboard: from the search box Tab, Tab to the list, Down, Down")
-    # xdotool plays the window manager and types: the bus's key injector has no display here.
-    control(vault, TEXT, "Search").queryComponent().grabFocus()
-    subprocess.run(["xdotool", "search", "--onlyvisible", "--name", "^Tolvane - Administrator$", "windowfocus",
-                    "--sync", "sleep", "0.3", "key", "--delay", "300", "Tab", "Tab", "Down", "Down"])
-    wait_for("the entry on show", lambda: control(vault, TEXT, "Title").queryText().getText(0, -1) == "Mail")
-
-    print("-- the password copied by the picture beside its box, read by another program")
-    press(control(vault, "push button", "Copy - Password"))
-    wait_for("the password on the X clipboard", lambda: subprocess.run(
-        ["xclip", "-o", "-selection", "clipboard"], capture_output=True, text=True).stdout == "m41l-pass")
+    print("-- the match chosen by the keyboard (Tab, Tab to the list, Down, Down), its password copied")
+    copy_password(vault, ["Tab", "Tab", "Down", "Down"], "Mail")
 
     print("-- options applied by the settings window's OK, which loads the vault window again")
     press(control(vault, "menu item", "Settings..."))
@@ -161,6 +177,12 @@ try:
     vault = window("Tolvane - Administrator")
     rows(vault, ["Bank", "Mail", "Shop"])
     close(vault)
+    # A first start's options empty the clipboard at the end of the run; the end stamps the profile's time.
+    if clipboard() != "" or b"time=" not in data("Administrator/time.txt"):
+        sys.exit("FAIL: after the run the clipboard holds '%s'" % clipboard())
+    for line in (b"current=Administrator", b"temp_changeable2=Administrator", b"switch=\r\n"):
+        if line not in data("config.txt"):
+            sys.exit("FAIL: config.txt lacks %r" % line)
 
     print("-- a password, as a profile carried over from the original has it; a second start asks for it")
     # The program cannot give a first password (a profile without one can never change it), so
@@ -168,14 +190,24 @@ try:
     digest = "".join("0" + format(b, "X") if b < 16 else format(b, "02x") for b in hashlib.md5(b"s3cret").digest())
     with open(os.path.join(world, "appdata/Brenmark/Tolvane/data/Administrator/settings.txt"), "wb") as f:
         f.write(b"[settings]\r\npassword=" + digest.encode() + b"\r\n")
+    # With the option off, what was copied stays for other programs after the run.
+    with open(os.path.join(world, "appdata/Brenmark/Tolvane/data/Administrator/cfg.txt"), "r+b") as f:
+        options = f.read().replace(b"s3=1", b"s3=0")
+        f.seek(0)
+        f.write(options)
+    began = time.monotonic()
     start()
     # The splash bears the same title: the login is the window with the password box.
     login = window("Tolvane", (TEXT, "Password"))
+    if time.monotonic() - began < 2.9:
+        sys.exit("FAIL: the splash stood for less than its three ticks of a second")
     type_into(login, "Password", "s3cret")
     press(control(login, "push button", "Log in"))
     vault = window("Tolvane - Administrator")
     rows(vault, ["Bank", "Mail", "Shop"])
+    copy_password(vault, ["Tab", "Down"], "Mail")
     close(vault)
+    wait_for("the password handed over at the end of the run", lambda: clipboard() == "m41l-pass", 5)
     print("PASS: the journey by role and name")
 finally:
     for process in started:
