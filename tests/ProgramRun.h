@@ -58,16 +58,13 @@ public:
     {
         WriteIni(section, key, value, platform::ToWindows(data(file)));
     }
-    // The [user] keys of config.txt, and the options s1..s5 of a profile's cfg.txt.
+    // The [user] keys of config.txt, and the options s1..s5 of Administrator's cfg.txt.
     QString config(const QString& key) const { return ini(u"config.txt"_s, Keys::user, key); }
     void setConfig(const QString& key, const QString& value) const { setIni(u"config.txt"_s, Keys::user, key, value); }
-    QString option(int n, const QString& profile = u"Administrator"_s) const
+    QString option(int n) const { return ini(u"Administrator/cfg.txt"_s, Keys::setts, Keys::option(n)); }
+    void setOption(int n, const QString& v) const
     {
-        return ini(profile + u"/cfg.txt"_s, Keys::setts, Keys::option(n));
-    }
-    void setOption(int n, const QString& value, const QString& profile = u"Administrator"_s) const
-    {
-        setIni(profile + u"/cfg.txt"_s, Keys::setts, Keys::option(n), value);
+        setIni(u"Administrator/cfg.txt"_s, Keys::setts, Keys::option(n), v);
     }
     QByteArray users() const { return world.read(u"appdata/Brenmark/Tolvane/data/users.txt"_s); }
 

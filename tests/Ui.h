@@ -80,13 +80,6 @@ template <typename T = QWidget> void click(QWidget* window, const QString& name)
         QTest::mouseClick(w, Qt::LeftButton, {}, QPoint(qMin(8, w->width() / 2), w->height() / 2));
 }
 
-// The mouse moved onto the control, as the window system reports it (a move of the cursor alone
-// reaches no widget offscreen).
-inline void hover(QWidget* window, const QString& name)
-{
-    if (QWidget* w = get(window, name))
-        QTest::mouseMove(w->window()->windowHandle(), w->mapTo(w->window(), QPoint(3, 3)));
-}
 // The text a box shows.
 inline QString text(QWidget* window, const QString& box)
 {
@@ -125,11 +118,6 @@ inline void type(QWidget* window, const QString& box, const QString& typed, bool
         plain->insertPlainText(typed);
     else
         static_cast<QLineEdit*>(w)->insert(typed);
-}
-
-inline void retype(QWidget* window, const QString& box, const QString& typed)
-{
-    type(window, box, typed, true);
 }
 
 inline QStringList rows(QWidget* window, const QString& list)

@@ -39,9 +39,9 @@ for name in ("APPDATA", "REGISTRY", "REGISTRY_MACHINE", "RUNTIME_DIR", "DRIVE_C"
     os.makedirs(env["TOLVANE_" + name])
 env.update(TOLVANE_MEDIA="", TOLVANE_SERVER_ADDRESS="http://127.0.0.1:9", QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1")
 started = []
-TEXT = ("text", "password text")
+TEXT = ("text", "password text")  # a text box, whether it hides what is typed or not
 ENTRIES = (("Bank", "ann", "b4nk-pass"), ("Mail", "ann@example", "m41l-pass"), ("Shop", "bob", "sh0p-pass"))
-PASSWORDS = {title: password for title, _, password in ENTRIES}  # a text box, whether it hides what is typed or not
+PASSWORDS = {title: password for title, _, password in ENTRIES}
 
 import pyatspi  # noqa: E402  (it connects to the bus named in the environment)
 
@@ -125,8 +125,7 @@ def clipboard():
 
 
 def copy_password(vault, keys, title):
-    """A row chosen by the keyboard from the search box (the button back to the whole list stands between them in
-    results mode); its password copied by the picture beside its box, and read by another program."""
+    """A row chosen by the keyboard from the search box; its password copied by its picture, read by another program."""
     # xdotool plays the window manager and types: the bus's key injector has no display here.
     control(vault, TEXT, "Search").queryComponent().grabFocus()
     subprocess.run(["xdotool", "search", "--onlyvisible", "--name", "^Tolvane - Administrator$", "windowfocus",

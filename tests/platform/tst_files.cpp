@@ -3,8 +3,6 @@
 #include "platform/Paths.h"
 #include "platform/Runtime.h"
 
-#include <optional>
-
 #include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
@@ -63,16 +61,6 @@ private Q_SLOTS:
         QCOMPARE(world.read(u"home/v/list.dat"_s), QByteArray("new bytes"));
         QCOMPARE(QFileInfo(world.path(u"home/v/list.dat"_s)).permissions() & 0x7077, mode);
         QCOMPARE(files(), (QStringList { u"list.dat"_s, running, u"notes.tmp"_s }));
-
-        // A property's whole number: blanks, exponent, &H, half to even; else refused, the value left alone.
-        const std::pair<QString, std::optional<int>> rows[] = { { u" 1 "_s, 1 }, { u"1.5"_s, 2 }, { u"2.5"_s, 2 },
-            { u"1e0"_s, 1 }, { u"&H1"_s, 1 }, { u"&HFFFF"_s, -1 }, { u"-0"_s, 0 }, { QString(), {} }, { u"True"_s, {} },
-            { u"1x"_s, {} }, { u"40000"_s, {} } };
-        for (const auto& [text, number] : rows) {
-            int value = 99;
-            QVERIFY2(CIntText(text, value) == number.has_value(), qPrintable(text));
-            QCOMPARE(value, number.value_or(99));
-        }
 
         for (const char* file : { "outside/f.txt", "outside/sub/g.txt", "work/a/b/real.txt", "work/data/p/list.dat" })
             world.write(u"home/"_s + QLatin1String(file), "keep");

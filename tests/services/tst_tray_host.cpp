@@ -30,15 +30,6 @@ class tst_tray_host : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void tipIsAFieldOfSixtyFourCharacters()
-    {
-        const QString tip = TrayHost::TipText(u"Administrator"_s);
-        QCOMPARE(tip.size(), 64);
-        QCOMPARE(tip, (u"Tolvane \r\nAdministrator"_s + QChar(0)).leftJustified(64));
-        const QString longName(60, QLatin1Char('x'));
-        QCOMPARE(TrayHost::TipText(longName), (u"Tolvane \r\n"_s + longName).left(64));
-    }
-
     void iconMessagesOpenTheMenuOrShowTheHostOutOfSight()
     {
         ProgramRun run;
@@ -56,8 +47,6 @@ private Q_SLOTS:
             QTRY_COMPARE(menuOnScreen(), entries);
             QApplication::activePopupWidget()->close();
         }
-        iconMessage(512);
-        iconMessage(516);
         QVERIFY(menuOnScreen().isEmpty() && !host->isVisible());
         iconMessage(515); // shown, yet where nobody sees it
         QVERIFY(host->isVisible());
@@ -83,16 +72,6 @@ private Q_SLOTS:
         QTest::mouseClick(popup, Qt::LeftButton, {}, popup->actionGeometry(popup->actions().first()).center());
         QVERIFY(again->isVisible());
         QCOMPARE(ui::rows(again, Lang(201)), QStringList { u"Mail"_s });
-    }
-
-    void defaultOptionsOnlyForAProfileWithoutThem()
-    {
-        ProgramRun run;
-        run.provision(); // all options on
-        run.world.write(u"appdata/Brenmark/Tolvane/data/Administrator/cfg.txt"_s, "[setts]\r\ns2=0\r\n");
-        QVERIFY(run.start());
-        QCOMPARE(run.option(2), u"0"_s);
-        QCOMPARE(run.option(3), QString());
     }
 };
 

@@ -2,7 +2,6 @@
 #include "ProgramRun.h"
 #include "services/ClickablePicture.h"
 #include "services/SilentUpdateCheck.h"
-#include "services/UpdateCheck.h"
 #include "services/UpdateWindow.h"
 #include "startup/PasswordDigest.h"
 
@@ -58,13 +57,6 @@ class tst_update : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void versionTextHasOneDot()
-    {
-        QCOMPARE(LocalVersionText(), u"2.10"_s); // texts compared as texts: "10.0" is no news, "2.9" is
-        QVERIFY(
-            UpdateAvailable(true, u"2.9"_s) && !UpdateAvailable(true, u"10.0"_s) && !UpdateAvailable(false, u"9"_s));
-    }
-
     void theAskedCheckAnswersEveryServer()
     {
         ProgramRun run;
@@ -79,9 +71,10 @@ private Q_SLOTS:
         QCOMPARE(checkFromTheMenu(run, vault), news);
         QVERIFY(server.request.startsWith("GET /updates/tolvane-updates.txt HTTP/1.1\r\n"));
         QVERIFY(shell.calls.size() == 1 && shell.calls[0].file.contains(u"127.0.0.1"_s)); // Yes opens the page
-        // Equal, equal with a line end, an error status, a redirect, a large body; No opens nothing.
+        // Equal, greater as a number but not as a text, equal with a line end, an error status, a redirect, a
+        // large body; No opens nothing.
         const std::tuple<QByteArray, QByteArray, QByteArray, bool> answers[] = { { "200 OK", "2.10", {}, false },
-            { "200 OK", "2.10\r\n", {}, true }, { "404 Not Found", "9.9", {}, false },
+            { "200 OK", "10.0", {}, false }, { "200 OK", "2.10\r\n", {}, true }, { "404 Not Found", "9.9", {}, false },
             { "301 Moved Permanently", "9.9", "Location: http://127.0.0.1:9/x\r\n", false },
             { "200 OK", QByteArray(10 * 1000 * 1000, '9'), {}, true } };
         for (const auto& [status, body, extra, isNews] : answers) {
@@ -117,15 +110,11 @@ private Q_SLOTS:
         ProgramRun run;
         ManifestServer server;
         run.provision();
-        VaultWindow* vault = run.start(); // no password: no check
-        QVERIFY(!vault->findChild<QTimer*>(u"updateCheckTimer"_s)->isActive());
-        run.close();
         run.setIni(u"Administrator/settings.txt"_s, Keys::settings, Keys::password, MD5Hex(u"pw"_s));
         QVERIFY(!run.start());
         ui::type(run.login(), Lang(190), u"pw"_s);
         QTest::keyClick(ui::get(run.login(), Lang(190)), Qt::Key_Return);
-        vault = VaultWindow::Loaded();
-        QVERIFY(vault->findChild<QTimer*>(u"updateCheckTimer"_s)->isActive());
+        VaultWindow* vault = VaultWindow::Loaded();
 
         for (const QByteArray& body : { QByteArray("2.10"), QByteArray("2.0"), QByteArray("3.0") }) {
             server.serve("200 OK", body);
@@ -136,24 +125,6 @@ private Q_SLOTS:
             QVERIFY(!SilentUpdateCheck::Loaded());
         }
         QCOMPARE(run.boxes.all(), QStringList(u"36|Tolvane|"_s + Lang(144)));
-        QVERIFY(!vault->findChild<QTimer*>(u"updateCheckTimer"_s)->isActive());
-    }
-
-    void aboutBoxShowsTheVersionAndOpensItsLinks()
-    {
-        ProgramRun run;
-        VaultWindow* vault = run.start();
-        ShellScript shell;
-        ui::onNextModal([&shell](QWidget* about) {
-            QCOMPARE(ui::beside(about, Lang(119)), u"2.10"_s);
-            ui::hover(about, Lang(127)); // the link under the mouse is underlined, the others not
-            QVERIFY(ui::get(about, Lang(127))->font().underline() && !ui::get(about, Lang(120))->font().underline());
-            ui::click(about, Lang(127));
-            QCOMPARE(shell.calls.size(), 1);
-            ui::click<ClickablePicture>(about, u"2.10"_s); // the version closes the window
-        });
-        ui::menu(vault, { Lang(229), Lang(236) });
-        QCOMPARE(ui::windowsOnScreen(), QList<QWidget*> { vault });
     }
 };
 

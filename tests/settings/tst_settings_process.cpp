@@ -1,6 +1,5 @@
 // The switch restarts the program into the chosen profile; the portable copy runs from its drive.
 #include "ProgramRun.h"
-#include "storage/DataRoot.h"
 
 #include <QLabel>
 #include <QProcess>
@@ -111,12 +110,6 @@ private Q_SLOTS:
         QCOMPARE(run.boxes.last(), u"64|Tolvane|"_s + Lang(303));
         QVERIFY(QDir(stick).isEmpty(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden));
 
-        // A template missing beside the program stops the install where it stands.
-        QFile::remove(run.world.path(u"program/usb/usb.inf"_s));
-        ui::click(settings, Lang(330));
-        QCOMPARE(run.boxes.last(), u"16|Tolvane|"_s + Lang(300));
-        QVERIFY(QFile::exists(stick + u"/TolvaneKey/tolvane.ico"_s));
-        QVERIFY(!QFile::exists(stick + u"/TolvaneKey/usb.inf"_s));
         // An install whose autorun.inf went meanwhile: the folder goes, then the failure is told.
         run.world.write(u"stick/TolvaneKey/usb.inf"_s, "x");
         QFile::remove(stick + u"/autorun.inf"_s);
@@ -126,21 +119,6 @@ private Q_SLOTS:
         QCOMPARE(run.boxes.last(), u"16|Tolvane|"_s + Lang(304));
         QVERIFY(!QFileInfo::exists(stick + u"/TolvaneKey"_s));
 
-        // The drive taken out while its page is on show: not ready.
-        ui::choose(settings, Lang(326), u"c:"_s);
-        ui::choose(settings, Lang(326), u"d:"_s);
-        QVERIFY(QDir().rename(stick, stick + u"-out"_s));
-        ui::click(settings, Lang(330));
-        QCOMPARE(run.boxes.last(), u"16|Tolvane|"_s + Lang(299));
-        ui::click(settings, Lang(147));
-
-        // Run from a drive itself, the page has nothing to offer but the notice.
-        UsbMode = 1;
-        ui::menu(VaultWindow::Loaded(), { Lang(226), Lang(228) });
-        settings = ui::window(u"Ustawienia..."_s);
-        ui::tab(settings, Lang(308));
-        QVERIFY(ui::find(settings, Lang(329)) && !ui::find(settings, Lang(330)));
-        UsbMode = 0;
         ui::click(settings, Lang(147));
     }
 };

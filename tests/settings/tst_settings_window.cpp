@@ -1,12 +1,9 @@
 // The settings window beside a running vault window, as a user works it: the options through
 // the reload, the language written where nobody reads it, the profiles and the drive.
 #include "ProgramRun.h"
-#include "platform/Registry.h"
-#include "services/RegistryLayer.h"
 #include "services/SkinnedButton.h"
 
 #include <QCheckBox>
-#include <QComboBox>
 
 namespace {
 
@@ -99,20 +96,6 @@ private Q_SLOTS:
         QCOMPARE(run.option(3), u"0"_s);
         QCOMPARE(run.config(Keys::tempChangeable), u"True"_s);
         QVERIFY(run.boxes.shown.isEmpty());
-    }
-
-    void languageIsWrittenWhereNobodyReadsIt()
-    {
-        ProgramRun run;
-        VaultWindow* vault = startWith(run, {});
-        QWidget* settings = openSettings(vault);
-        QCOMPARE(ui::get<QComboBox>(settings, Lang(325))->currentText(), u"English"_s);
-        ui::choose(settings, Lang(325), u"Deutsch"_s);
-        ui::click(settings, Lang(248));
-        QCOMPARE(run.boxes.all(), QStringList(u"0|Tolvane|"_s + Lang(306)));
-        const auto machine = platform::HKEY_LOCAL_MACHINE; // the key nobody reads
-        QCOMPARE(RegGetValue(u"Tolvane"_s, u"Settings"_s, u"curLang"_s, {}, machine, u"SOFTWARE"_s), u"Deutsch"_s);
-        QCOMPARE(GetProgramSetting(u"curLang"_s), u"English"_s);
     }
 
     void profilesPageSelectsSetsDefaultAndDeletesByTheRights()

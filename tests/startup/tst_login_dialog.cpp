@@ -17,7 +17,7 @@ class tst_login_dialog : public QObject
     // Types the password and presses Enter, as the user does at the prompt.
     static void logIn(ProgramRun& run, const QString& password)
     {
-        ui::retype(run.login(), Lang(190), password);
+        ui::type(run.login(), Lang(190), password, true);
         QTest::keyClick(ui::get(run.login(), Lang(190)), Qt::Key_Return);
     }
 
@@ -29,8 +29,6 @@ private Q_SLOTS:
         QVERIFY(!run.login());
         QCOMPARE(run.config(Keys::defaultProfile), u"Administrator"_s);
         QCOMPARE(run.users(), QByteArray("Administrator\r\n"));
-        QCOMPARE(run.world.read(u"appdata/Brenmark/Tolvane/data/Administrator/cfg.txt"_s),
-            QByteArray("[setts]\r\ns1=1\r\ns2=1\r\ns3=1\r\ns4=1\r\ns5=1\r\n"));
         QVERIFY(run.boxes.shown.isEmpty());
         run.close();
         // While the marker is missing every start ends in that branch, password or not.

@@ -54,7 +54,7 @@ class tst_profile_dialogs : public QObject
         run.start();
         if (!run.login())
             return { u"no prompt"_s };
-        ui::retype(run.login(), Lang(190), password);
+        ui::type(run.login(), Lang(190), password, true);
         ui::click(run.login(), Lang(191));
         QStringList seen = run.boxes.all();
         if (VaultWindow::Loaded())
@@ -121,7 +121,7 @@ private Q_SLOTS:
         ui::type(change, Lang(262), u"wrong"_s);
         ui::click(change, Lang(261));
         QCOMPARE(run.boxes.last(), u"64|Tolvane|"_s + Lang(257));
-        ui::retype(change, Lang(262), u"old"_s);
+        ui::type(change, Lang(262), u"old"_s, true);
         ui::type(change, Lang(263), u"new"_s);
         ui::click(change, Lang(261));
         QCOMPARE(run.boxes.last(), u"64|Tolvane|"_s + Lang(258));
@@ -136,7 +136,7 @@ private Q_SLOTS:
         ui::type(remind, Lang(269), u"Tom"_s);
         ui::click(remind, Lang(270));
         QCOMPARE(run.boxes.last(), u"0|Tolvane|"_s + Lang(265));
-        ui::retype(remind, Lang(269), QString());
+        ui::type(remind, Lang(269), QString(), true);
         ui::click(remind, Lang(270));
         QCOMPARE(run.boxes.last(), u"0|Tolvane|%1 %2"_s.arg(Lang(264), MD5Hex(u"new"_s)));
         QVERIFY(!PasswordReminderDialog::Loaded());
@@ -150,7 +150,7 @@ private Q_SLOTS:
         ui::click(settings, Lang(317));
         QWidget* change = PasswordChangeDialog::Loaded();
         for (const QString& old : { QString(), u" "_s }) {
-            ui::retype(change, Lang(262), old);
+            ui::type(change, Lang(262), old, true);
             ui::click(change, Lang(261));
             QCOMPARE(run.boxes.last(), u"64|Tolvane|"_s + Lang(257));
         }

@@ -119,15 +119,6 @@ private Q_SLOTS:
         QCOMPARE(alone->state(), QProcess::Running);
         QVERIFY(boxes().isEmpty());
     }
-
-    void portableCopyKeepsItsDataBesideItself()
-    {
-        world->write(QStringLiteral("installed/usb.inf"), "");
-        start();
-        QTRY_VERIFY_WITH_TIMEOUT(
-            exists(QStringLiteral("installed/Brenmark/Tolvane/data/Administrator/list.dat")), 10000);
-        QVERIFY(!exists(QStringLiteral("appdata/Brenmark")));
-    }
 };
 
 QTEST_GUILESS_MAIN(tst_startup_process)

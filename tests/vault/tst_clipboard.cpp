@@ -78,7 +78,7 @@ private Q_SLOTS:
         VaultWindow* vault = showMail(run);
         // Passing over the toolbar takes the focus from the box; Cut and Paste still find the selection.
         for (int box : { 242, 247 }) {
-            ui::retype(vault, Lang(box), u"annabel"_s);
+            ui::type(vault, Lang(box), u"annabel"_s, true);
             for (int i = 0; i < 3; ++i)
                 QTest::keyClick(ui::get(vault, Lang(box)), Qt::Key_Left, Qt::ShiftModifier);
             QTest::mouseMove(ui::get(vault, Lang(216)));

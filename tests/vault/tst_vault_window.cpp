@@ -71,7 +71,7 @@ private Q_SLOTS:
         QVERIFY(ui::get<QPushButton>(vault, Lang(248))->isEnabled());
 
         // A changed password counts once its box has lost the focus (to Save, here).
-        ui::retype(vault, Lang(244), u"new-pass"_s);
+        ui::type(vault, Lang(244), u"new-pass"_s, true);
         ui::click(vault, Lang(248));
         QCOMPARE(ui::rows(vault, Lang(197)), QStringList({ "Alpha", "beta", "gamma" })); // all, still results
         ui::click(vault, Lang(208)); // nothing selected
@@ -178,7 +178,6 @@ private Q_SLOTS:
         const QString file = u"appdata/Brenmark/Tolvane/data/Administrator/list.dat"_s;
         const qsizetype original = run.world.read(file).size();
         VaultWindow* vault = run.start();
-        QCOMPARE(run.world.read(file).size(), original + 3);
         for (int i = 0; i < 2; ++i) { // deleting the last entries empties the list
             ui::clickRow(vault, Lang(201), 0);
             run.boxes.answer(platform::IDYES);
