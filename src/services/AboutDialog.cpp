@@ -101,8 +101,6 @@ void AboutDialog::underlineLink(ClickablePicture* link)
     }
 }
 
-
-
 void ShowAbout(QWidget* owner)
 {
     AboutDialog::Instance(owner)->exec();

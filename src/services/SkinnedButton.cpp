@@ -278,7 +278,6 @@ void SkinnedButton::click()
     Q_EMIT Click();
 }
 
-
 void SkinnedButton::ShowBackground(const QLabel* background)
 {
     picture = background;

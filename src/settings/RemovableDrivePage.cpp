@@ -52,14 +52,16 @@ RemovableDrivePage::RemovableDrivePage(QWidget* parent)
     statusCaption = Placed(new QLabel(QStringLiteral("Status:"), this), "statusCaption", 240, 885, 1800, 285);
     status = Placed(new QLabel(this), "status", 2100, 885, 4800, 285);
     MakeBold(status);
-    installButton = Placed(new QPushButton(QStringLiteral("Instaluj..."), this), "installButton", 2100, 1440, 1455, 375);
+    installButton
+        = Placed(new QPushButton(QStringLiteral("Instaluj..."), this), "installButton", 2100, 1440, 1455, 375);
     removeButton = Placed(new QPushButton(QStringLiteral("Deinstaluj"), this), "removeButton", 3660, 1440, 1455, 375);
     installButton->setEnabled(false);
     removeButton->setEnabled(false);
     connect(installButton, &QPushButton::clicked, this, &RemovableDrivePage::install);
     connect(removeButton, &QPushButton::clicked, this, &RemovableDrivePage::remove);
-    portableNotice = Placed(new QLabel(QString::fromUtf8("Funkcja niedostępna. Aktualnie korzystasz z dysku USB."), this),
-        "portableNotice", 240, 360, 6720, 1200);
+    portableNotice
+        = Placed(new QLabel(QString::fromUtf8("Funkcja niedostępna. Aktualnie korzystasz z dysku USB."), this),
+            "portableNotice", 240, 360, 6720, 1200);
     portableNotice->setWordWrap(true);
     portableNotice->setVisible(false);
 }

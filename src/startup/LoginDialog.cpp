@@ -90,7 +90,6 @@ LoginDialog::LoginDialog()
     setTabOrder(logInButton, cancelButton);
 }
 
-
 void LoginDialog::selectProfile(const QString& name)
 {
     const int index = profileList->findText(name, Qt::MatchExactly | Qt::MatchCaseSensitive);

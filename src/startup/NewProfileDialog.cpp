@@ -7,10 +7,10 @@
 #include "platform/Runtime.h"
 #include "platform/Twips.h"
 #include "services/LanguageTable.h"
-#include "storage/ListControl.h"
 #include "startup/ProfileFields.h"
 #include "storage/DataRoot.h"
 #include "storage/DataTree.h"
+#include "storage/ListControl.h"
 #include "storage/ProfileFiles.h"
 
 #include <QLabel>
@@ -55,7 +55,6 @@ void NewProfileDialog::load()
     addButton->setText(Lang(256));
     cancelButton->setText(Lang(147));
 }
-
 
 void NewProfileDialog::addProfile()
 {

@@ -91,4 +91,3 @@ void PasswordChangeDialog::changePassword()
     platform::MsgBox(Lang(258), platform::MB_ICONINFORMATION);
     Unload();
 }
-

@@ -66,4 +66,3 @@ void PasswordReminderDialog::checkAnswer()
     }
     platform::MsgBox(Lang(265), platform::MB_OK); // as often as the user likes
 }
-

@@ -13,8 +13,8 @@ const QString defaultTarget = QStringLiteral("C:\\tolvane_data.tvd");
 }
 
 ExportDialog::ExportDialog(QWidget* owner)
-    : TransferDialog(owner, { "Eksport...", "Eksportuj...", "Eksport danych użytkownika:", "C:\\tolvane_data.tvd",
-                                "&Eksport..." })
+    : TransferDialog(
+        owner, { "Eksport...", "Eksportuj...", "Eksport danych użytkownika:", "C:\\tolvane_data.tvd", "&Eksport..." })
 {
     setObjectName(QStringLiteral("ExportDialog"));
     connect(parts.actionButton, &QPushButton::clicked, this, &ExportDialog::exportVault);
@@ -43,4 +43,3 @@ void ExportDialog::exportVault()
     platform::MsgBox(Lang(178), platform::MB_ICONINFORMATION);
     Unload();
 }
-

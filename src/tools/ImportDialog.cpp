@@ -52,4 +52,3 @@ void ImportDialog::importVault()
     WriteIni(Keys::user, Keys::switchTo, parts.profileName->text(), ConfigFile());
     RestartProgram();
 }
-

@@ -5,11 +5,11 @@
 #include "platform/Twips.h"
 #include "services/Accessibility.h"
 #include "services/ClickablePicture.h"
+#include "services/ClipboardCopy.h"
 #include "services/LanguageTable.h"
 #include "services/ProgramPictures.h"
 #include "services/TextBox.h"
 #include "tools/PasswordRecipe.h"
-#include "services/ClipboardCopy.h"
 
 #include <QApplication>
 #include <QGroupBox>
@@ -107,9 +107,6 @@ void PasswordGenerator::load()
     lengthBox->Editor()->setAccessibleName(SpokenCaption(Lang(273)));
 }
 
-
-
-
 void PasswordGenerator::shorten()
 {
     longerButton->setEnabled(true);
@@ -148,17 +145,16 @@ void PasswordGenerator::keepUseButtonInStep()
     useButton->setEnabled(target && !resultBox->Text().isEmpty());
 }
 
-
 void PasswordGenerator::deliver()
 {
     if (!target)
         return;
-    if (!target->Text().isEmpty() && platform::MsgBox(Lang(271), platform::MB_YESNO | platform::MB_ICONQUESTION) == platform::IDNO)
+    if (!target->Text().isEmpty()
+        && platform::MsgBox(Lang(271), platform::MB_YESNO | platform::MB_ICONQUESTION) == platform::IDNO)
         return;
     target->SetText(resultBox->Text());
     accept();
 }
-
 
 void PasswordGenerator::copyResult()
 {

@@ -88,7 +88,6 @@ void ReportWindow::saveAsText()
     platform::WriteFileAtomic(path, platform::ToCodePage(reportBox->Text() + QStringLiteral("\r\n")));
 }
 
-
 void ShowReport(QWidget* owner, const QList<Entry>& entries)
 {
     ReportWindow::Instance(owner, entries)->exec();

@@ -24,7 +24,8 @@ TransferParts BuildTransferFrame(QDialog* dialog, const TransferTexts& texts)
     p.pathBox->SetLocked(true);
     p.pathBox->SetText(QString::fromUtf8(texts.path));
     p.browseButton = Placed(new QPushButton(QStringLiteral("..."), p.frame), "browseButton", 5040, 885, 480, 360);
-    p.actionButton = Placed(new QPushButton(QString::fromUtf8(texts.action), dialog), "actionButton", 3060, 1980, 1335, 375);
+    p.actionButton
+        = Placed(new QPushButton(QString::fromUtf8(texts.action), dialog), "actionButton", 3060, 1980, 1335, 375);
     p.actionButton->setDefault(true);
     p.cancelButton = Placed(new QPushButton(QStringLiteral("&Anuluj"), dialog), "cancelButton", 4440, 1980, 1335, 375);
     return p;

@@ -35,8 +35,8 @@ TransferParts BuildTransferFrame(QDialog* dialog, const TransferTexts& texts);
 // The captions of the load: the profile's name read from config.txt, the dialog's slots, and
 // the names a screen reader gives the path ("Export the data of user Ann") and the "..." (the
 // dialog it opens).
-void SetTransferCaptions(const TransferParts& parts, QDialog* dialog, int captionSlot, int leadSlot,
-    const QString& browseDialogTitle);
+void SetTransferCaptions(
+    const TransferParts& parts, QDialog* dialog, int captionSlot, int leadSlot, const QString& browseDialogTitle);
 
 template <typename Form> class TransferDialog : public SingleDialog<Form>
 {

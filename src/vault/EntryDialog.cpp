@@ -146,7 +146,8 @@ void EntryDialog::loadPicture()
             QStringLiteral("All Image Files (*.jpg, *.jpeg, *.gif, *.bmp)|*.jpg;*.jpeg;*.gif;*.bmp"), QString(),
             QString(), QString(), 0 });
     auto fail = [](int number) {
-        platform::MsgBox(QStringLiteral("Error #%1:\n%2").arg(number).arg(platform::ErrorText(number)), platform::MB_ICONERROR);
+        platform::MsgBox(
+            QStringLiteral("Error #%1:\n%2").arg(number).arg(platform::ErrorText(number)), platform::MB_ICONERROR);
     };
     if (file.isEmpty())
         return; // the dialog's cancel, 32755, ends without a message

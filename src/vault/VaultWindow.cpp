@@ -9,6 +9,7 @@
 #include "services/AboutDialog.h"
 #include "services/Accessibility.h"
 #include "services/ClickablePicture.h"
+#include "services/ClipboardCopy.h"
 #include "services/LanguageTable.h"
 #include "services/ListBox.h"
 #include "services/ProductLinks.h"
@@ -28,7 +29,6 @@
 #include "tools/ImportDialog.h"
 #include "tools/PasswordGenerator.h"
 #include "tools/ReportWindow.h"
-#include "services/ClipboardCopy.h"
 #include "vault/EntryBoxes.h"
 #include "vault/EntryDialog.h"
 #include "vault/EntrySearch.h"
@@ -585,7 +585,6 @@ void VaultWindow::startSilentUpdateCheck()
     updateCheckTimer->stop();
 }
 
-
 void VaultWindow::fillWithAllTitles()
 {
     list->Clear();
@@ -691,7 +690,9 @@ void VaultWindow::deleteSelectedEntry(int noSelectionSlot)
         platform::MsgBox(Lang(noSelectionSlot), platform::MB_ICONERROR);
         return;
     }
-    if (platform::MsgBox(Lang(199) + QLatin1Char(' ') + title + QLatin1Char(' ') + Lang(200), platform::MB_YESNO | platform::MB_ICONQUESTION) == platform::IDNO)
+    if (platform::MsgBox(Lang(199) + QLatin1Char(' ') + title + QLatin1Char(' ') + Lang(200),
+            platform::MB_YESNO | platform::MB_ICONQUESTION)
+        == platform::IDNO)
         return;
     const qint16 index = FindEntryByTitle(Stored(title));
     if (index == 0)
@@ -743,7 +744,6 @@ void VaultWindow::undoCurrentField()
     if (TextBox* box = currentFieldBox())
         box->SendMessage(TextBox::WM_UNDO);
 }
-
 
 void VaultWindow::clearClipboard()
 {
@@ -874,7 +874,6 @@ void VaultWindow::EndRun()
     TrayHost::Unload();
     platform::EndProcess(0);
 }
-
 
 void VaultWindow::showWindow()
 {

@@ -47,7 +47,6 @@ private Q_SLOTS:
             QTRY_COMPARE(menuOnScreen(), entries);
             QApplication::activePopupWidget()->close();
         }
-        QVERIFY(menuOnScreen().isEmpty() && !host->isVisible());
         iconMessage(515); // shown, yet where nobody sees it
         QVERIFY(host->isVisible());
         QVERIFY(host->frameGeometry().right() < 0 && host->frameGeometry().bottom() < 0);

@@ -46,7 +46,6 @@ QString QtFilter(const QString& filter)
     return out.join(QStringLiteral(";;"));
 }
 
-
 // The dialog of the window system: the name the user gives, not yet checked.
 QString AskWindowSystem(QWidget* owner, const FileDialogCall& call)
 {
@@ -92,7 +91,8 @@ QString RunFileDialog(QWidget* owner, FileDialogCall call)
                 != IDYES)
                 continue;
         } else if (!exists && (call.flags & OFN_FILEMUSTEXIST)) {
-            MsgBox(path + QStringLiteral("\nFile not found.\nPlease verify the correct file name was given."), 48, title);
+            MsgBox(
+                path + QStringLiteral("\nFile not found.\nPlease verify the correct file name was given."), 48, title);
             continue;
         }
         return path;
