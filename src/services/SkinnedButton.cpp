@@ -63,10 +63,10 @@ bool MovesBetweenControls(const QFocusEvent* event)
 }
 
 // A toggle tells assistive tools whether it is checked.
-class CommandAccessible : public ClickableAccessible
+class SkinnedButtonAccessible : public ClickableAccessible
 {
 public:
-    explicit CommandAccessible(SkinnedButton* control)
+    explicit SkinnedButtonAccessible(SkinnedButton* control)
         : ClickableAccessible(
             control, [control] { control->click(); }, [control] { return control->Caption(); })
     {
@@ -84,10 +84,10 @@ public:
     }
 };
 
-QAccessibleInterface* CommandAccessibleFactory(const QString& className, QObject* object)
+QAccessibleInterface* SkinnedButtonAccessibleFactory(const QString& className, QObject* object)
 {
     if (className == QLatin1String("SkinnedButton") && object && object->isWidgetType())
-        return new CommandAccessible(static_cast<SkinnedButton*>(object));
+        return new SkinnedButtonAccessible(static_cast<SkinnedButton*>(object));
     return nullptr;
 }
 
@@ -102,7 +102,7 @@ constexpr int controlHeight = 375;
 SkinnedButton::SkinnedButton(QWidget* parent, const PropertyBag& stored)
     : QWidget(parent)
 {
-    static const bool accessibleInstalled = (QAccessible::installFactory(&CommandAccessibleFactory), true);
+    static const bool accessibleInstalled = (QAccessible::installFactory(&SkinnedButtonAccessibleFactory), true);
     Q_UNUSED(accessibleInstalled);
     // A click gives the focus, as does the mouse passing over; the Tab key passes the button by,
     // since no key clicks it.
