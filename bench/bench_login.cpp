@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Start-up and login figures with a vault of 300 entries behind a password:
 //   - from process start (and from main) to the login window shown, the splash's three
 //     seconds left out (its ticks are called at once);

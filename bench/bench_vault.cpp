@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Loads and saves a full-size vault through the real routines, yields included, and prints the
 // median time of each. Run: build/bench/bench_vault [rounds]
 #include "platform/Paths.h"

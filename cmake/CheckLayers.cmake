@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # The source folders are layers, each above the ones after it in LAYERS. A file may include only
 # its own layer and those below it, and no two units (a .h/.cpp pair) include each other.
 # Run as: cmake -DSOURCE_DIR=<src> -P CheckLayers.cmake

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Installs what is missing, builds, and starts Tolvane from its program folder on a data tree
 # of its own under .run/ (fresh at the first run; kept between runs, delete .run/ to start over).
 set -euo pipefail

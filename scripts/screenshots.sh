@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Takes the screenshots of docs/screenshots/ anew: the vault window, the settings window and
 # the password generator at 100 % and 200 % scale, on a private X server with a tray host (with
 # a notification area the tray's menu stays out of the menu bar).

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Installs what a fresh Debian 12 machine lacks for building and testing Tolvane.
 set -euo pipefail
 packages=(cmake g++ make ccache qt6-base-dev qt6-base-dev-tools libqt6svg6 clang libclang-rt-14-dev xvfb xauth fonts-liberation2 trayer

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Installs what is missing, builds with warnings as errors, runs a short smoke run of each
 # fuzz target under AddressSanitizer and UndefinedBehaviorSanitizer, then every test; then every
 # test once more in a build with those sanitizers (TOLVANE_SANITIZE_TESTS=0 leaves that out).

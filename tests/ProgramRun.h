@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A run of the program inside a test: a fresh world, the English table, the windows connected
 // as the program connects them, message boxes and beeps answered by script.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // What every test shares: a world in a temporary folder (program folder, data folder, registry,
 // home, runtime folder), message boxes and the shell answered by script and recorded, and the

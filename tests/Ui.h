@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The tests' eyes and hands: a control is found by what a screen reader calls it (a button's
 // text, a box's caption, a list's heading, a picture's action), and used with the mouse and the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Every window as a keyboard and screen-reader user meets it: Tab walks round it in reading order,
 // each stop named; pictures take keys; menus' access keys differ in every language and work.
 #include "ProgramRun.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The Debian package, built by CPack just before this test: unpacked into a temporary root as
 // dpkg lays it out, it holds the program folder, the launcher, the menu entry and the icons,
 // and the program starts from there on a fresh data tree.

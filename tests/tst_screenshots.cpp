@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The vault, settings and generator windows at 100 % and 200 %, drawn by this test run again with
 // TOLVANE_SHOOT=DIR on whatever screen it has; kept in TOLVANE_SCREENSHOTS_DIR if set (the
 // screenshots script runs it on an X server with a notification area).

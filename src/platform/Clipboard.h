@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The system clipboard behind the classic calls: a moveable memory block filled with 8-bit
 // text, then opened, emptied, given the block and closed. Each call reports failure as the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The one conversion between the program's texts and the system's 8-bit code page
 // (Windows-1250 for Polish and its neighbours, Windows-1252 otherwise). Every byte maps to

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The system's hand cursor over a clickable picture (LoadCursorA with resource 32649, then
 // SetCursor), set when the mouse moves over it.

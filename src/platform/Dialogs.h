@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The runtime's common dialogs and the system beep, each behind one routine that tests can
 // answer by script, as they answer message boxes.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // File and folder operations on Windows-form paths, with the results the runtime and the
 // file-system object give: 0 for success or the runtime's error number.

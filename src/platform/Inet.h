@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The HTTP client control: one GET at a time, asked while it runs whether it still executes,
 // then the response header text and the body in chunks. Redirects are not followed: a 301 is

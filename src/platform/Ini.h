@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Stand-ins for GetPrivateProfileStringA and WritePrivateProfileStringA, behaving as those are
 // documented: names without regard to case, blanks around keys and values ignored on reading,

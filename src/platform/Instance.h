@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The test for another running copy of this same executable. Each copy makes itself known as
 // the first thing it does, and stays known until it ends: a file of its own in a folder only

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The three calls of the small MD5 library (RFC 1321), here on Qt's own MD5.
 #include <QByteArray>

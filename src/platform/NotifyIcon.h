@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The notification area. The icon's mouse messages reach its window as the original's do: a
 // mouse move over the window whose X, in pixels, is the message (514 left button up, 515 left

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The logic only ever handles Windows-form paths ("C:\...", backslashes, joined by plain
 // concatenation). This unit maps them onto the native file system at each file operation.

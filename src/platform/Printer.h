@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The runtime's Printer object on the system's default printer, with no print dialog: a font,
 // lines printed one after the other, and the end of the document, which sends the job. Line

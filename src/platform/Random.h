@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Two sources of random values. The runtime's shared pseudo-random source (uniform
 // single-precision values in [0, 1) and a re-seeding from the time of day) makes only filler

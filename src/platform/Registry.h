@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A registry stand-in with the calls and return codes of the Win32 registry functions the
 // program uses. One store file per hive: HKEY_CURRENT_USER in the user's configuration folder,

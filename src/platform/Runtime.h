@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The runtime's services that are not files: ending the process, the unhandled run-time
 // error, yielding to pending events, and the start-up calls whose results nobody reads.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The shell's open: a file, a folder or an address handed to the program the desktop has for
 // it, with the shell's result codes: above 32 for success, else 2 file not found, 3 path not

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Sizes and positions of controls are twips, 1440 to the inch; a pixel is as many twips as the
 // screen's resolution gives (15 at 96 dpi). The one conversion between the two.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The about box (the original's FrmAbout): name, version, rights notice, author, the computer's name and four links to
 // the maker's pages, which underline under the mouse. It writes and keeps nothing.

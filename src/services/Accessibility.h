@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // What assistive tools (screen readers, AT-SPI) see of the program's own controls: the
 // clickable pictures and the skinned buttons are push buttons whose press action clicks them,

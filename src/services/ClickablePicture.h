@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The runtime's Image control: a picture with a Click event (left button released over it)
 // and a MouseMove event, where the windows put up the hand cursor. A picture that does

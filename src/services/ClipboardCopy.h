@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Text onto the clipboard through the classic calls, so that each failure is told in words.
 #include <QString>

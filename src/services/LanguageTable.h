@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The language table: 1000 texts, filled once at start from the language file beside the
 // program, read by every window by slot number.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The runtime's list box: rows of text (each ends at a first zero character), one selected at most, and a Click that
 // comes with every mouse click in it and with every change of row by the keyboard. A sorted list keeps its rows in

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The program's links: web pages on the maker's server and documents beside the program,
 // each chosen by the interface language in the registry at the moment of the call. A link

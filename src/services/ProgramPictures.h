@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The program's own pictures, all drawn as vectors in one style (dark blue ink on pale paper,
 // round ends), so that they stay sharp at any scale of the screen.

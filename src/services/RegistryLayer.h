@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The one layer through which the program touches the registry. All operations end in a plain
 // return on any failure: callers see the default or an untouched value.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Opening a file or web address through the shell, with the shell's failures turned into
 // run-time errors.

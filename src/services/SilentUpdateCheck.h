@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The silent update check after a typed login (the original's frmAutoUpd): out of sight,
 // speaking only when the maker's server has a newer version, gone after one check.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The program's one custom control: a push button drawn from three background pictures, with
 // an icon and a caption, that can act as a two-state toggle. Its hover look is its focus look:

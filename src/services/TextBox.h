@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The runtime's text box: one line or several, Locked (read-only but still focusable), a
 // password character, and the two events the windows use: Click (a left click in the box) and

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The host window that the user is not meant to see (the original's frmContainer). It owns the
 // notification-area icon and hosts its pop-up menu; its load takes the vault window's icon

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // What the silent and the shown update check share: the local version text, the manifest's
 // address, the fetch and the comparison.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The update check on the user's request (the original's frmUpdate): a bar that runs through
 // whatever the network does, and a closing message in every case.

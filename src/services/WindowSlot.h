@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The one window of a kind that the runtime makes at its first use: touching it creates it and
 // runs its load; unloading empties the slot, so the next touch loads a new one.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Writes the program's icon as PNG files into a hicolor icon theme folder (SIZExSIZE/apps/
 // tolvane.png), for the desktop's menu: the same drawing the windows and the tray show.
 #include "services/ProgramPictures.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The runtime's drive list: one row a drive ("c: [name]"), Drive the text of the row on show,
 // and Change whenever the drive on show becomes another one. The rows are read again each time

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The settings window's third page (the original's Frame6 of frmSettings): the profiles, with
 // the default, deletion, the switch through a restart, and the password dialogs.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The settings window's second page (the original's Frame5 of frmSettings): a portable copy of
 // the program put on a removable drive, or taken off it again.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The settings window (the original's frmSettings), beside the vault window that owns it:
 // general options and the language (first page), the portable copy on a removable drive

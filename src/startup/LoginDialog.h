@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The login (the original's frmLogin): the gate between the splash and the vault window. It
 // decides which profile the run uses and whether it needs a password, and is the only place

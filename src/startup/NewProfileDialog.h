@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Adds a profile (the original's frmNewUser): a folder, its settings.txt with the four values in
 // clear text, the marker copied, the list of names written anew. Nothing is checked but a name

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Replaces the password, question, e-mail and answer of a profile (the original's
 // frmPassChange) once the old password is proved: the password and the answer as digests.

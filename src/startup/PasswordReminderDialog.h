@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Asks the question of a profile (the original's frmPassRemind) and, on the right answer,
 // shows the stored password value: for a changed password that is its digest text, not the

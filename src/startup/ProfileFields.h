@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The profile dialogs share one look: rows of a caption and a box, top to
 // bottom in the order the rows are given, with the tab order following them.

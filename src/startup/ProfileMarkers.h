@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The profile markers: a profile exists if and only if its dummy.dat exists, whatever it holds.
 // Each routine works the data root out itself and answers -1 or 0.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The windows that lie above others, made known to those below them: the settings window to
 // the vault window, the vault window to the tray host, the profile dialogs to the settings

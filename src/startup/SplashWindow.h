@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The first window (the original's frmSplash): the language table, the refusal of a second
 // copy, portable mode, then three ticks of a second before the login.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/Clipboard.h"
 #include "platform/GuiMessageBox.h"
 #include "platform/Instance.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The vault's Base64 codec. Standard alphabet and bit order, but no padding on output, a line
 // break after every 64 output characters, white space ignored on input, and the decoded

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Where the data tree hangs. Nothing here is stored: every caller works the root out anew,
 // from UsbMode and the platform, and reads `current` again when it needs a profile's file.

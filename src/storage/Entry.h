@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // One entry of a vault: eight texts as code-page bytes, in their declared order (the order of
 // the vault's own record, which positional initialisers follow).

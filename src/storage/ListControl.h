@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // What the list-file operations need of a list: windows adapt their list and combo boxes.
 #include <QString>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The one door to the key=value files (config.txt, settings.txt, cfg.txt, time.txt).
 #include <QString>

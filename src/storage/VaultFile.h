@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // list.dat: the outer byte walk and the load and save sequences over it. The walks run on the
 // bytes in memory and the file is replaced in one atomic step, so a crash never leaves a half

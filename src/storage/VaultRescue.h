@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Reading a vault the careful way, for users who want back what the program's own reading
 // loses: every continuation line of a long value, the escapes undone, the padding cut. A

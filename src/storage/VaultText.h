@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Reading the vault's inner text: lines, sections, the key lines of a section, and the escape
 // step that stands between a field and its Base64 form.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // tolvane-vault: a vault file in and out without the window, through the program's own code.
 #include "platform/CodePage.h"
 #include "platform/Files.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Export (the original's frmExport): the profile's list.dat, as the last save left it, copied
 // to tolvane_data.tvd in a folder the user chooses.

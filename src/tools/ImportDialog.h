@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Import (the original's frmImport): a chosen file copied over the profile's list.dat without a
 // look at it, then a restart that opens it.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The password generator (the original's frmPwdGen): 4 to 15 characters from letters a to y,
 // digits 0 to 8, or both, handed to the password box of the window that opened it, or copied.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The generator's passes, without the window: letters a to y, digits 0 to 8, or a coin between
 // the two for each character, until the wanted length is reached. The source is seeded anew at

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The report (the original's frmRaport): the listed entries' titles, user names and passwords
 // as one plain text, made at opening, shown read-only, printed on the default printer after a

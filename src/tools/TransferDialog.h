@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // What export and import share (the original's frmExport and frmImport have one look): a frame
 // with the profile's name, a path the user can't type in and a "..." beside it, and two

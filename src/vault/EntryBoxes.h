@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The seven boxes of an entry, as both the vault window and the new-entry dialog have them.
 #include "storage/Entry.h"

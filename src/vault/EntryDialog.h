@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The dialog that writes a new entry (the original's frmView). It works on the working copy,
 // which its boxes fill as they lose the focus, and stores it in the entry table.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // How the list's rows are made and read back (the original's search and its RowTitle rule): the
 // rules the vault window and the command-line tool share.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The table of entries in memory and its four operations. The table is used from slot 1 and
 // its bounds are not kept tidy: after a load it is 1 to n; once its last entry is gone it is 0

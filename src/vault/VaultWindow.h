@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The vault window (the original's frmMain; its controls are listed in docs/original-names.md).
 // The list on the left, the boxes of the entry on show on the right. Its load reads the vault of

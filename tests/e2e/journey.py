@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """A journey through the installed Debian package as a screen reader drives it, on a private X server and
 accessibility bus: every control is found by its role and accessible name through AT-SPI, never by its
 place on the screen (what this script cannot find, a blind user cannot find either).

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Any bytes as a key=value file: reads never fail, a write keeps every other line.
 #include "platform/Files.h"
 #include "platform/Ini.h"

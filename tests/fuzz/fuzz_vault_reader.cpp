@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Any bytes as list.dat: the walk off, the program's reading and the careful reading.
 #include "storage/Base64Codec.h"
 #include "storage/VaultFile.h"

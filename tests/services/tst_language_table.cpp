@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "TestWorld.h"
 #include "services/LanguageTable.h"
 #include "services/RegistryLayer.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Opening addresses and documents: the shell's codes as run-time errors, the chooser, links, the desktop.
 #include "ProgramRun.h"
 #include "services/ProductLinks.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The host window and its notification-area icon, on a desktop without a notification area.
 #include "ProgramRun.h"
 #include "platform/Twips.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The update check against a small HTTP server on 127.0.0.1, and the about box.
 #include "ProgramRun.h"
 #include "services/ClickablePicture.h"

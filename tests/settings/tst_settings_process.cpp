@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The switch restarts the program into the chosen profile; the portable copy runs from its drive.
 #include "ProgramRun.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The settings window beside a running vault window, as a user works it: the options through
 // the reload, the language written where nobody reads it, the profiles and the drive.
 #include "ProgramRun.h"

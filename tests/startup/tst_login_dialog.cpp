@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The login: its four outcomes, the one-time reset, the preselection and the password.
 #include "ProgramRun.h"
 #include "services/RegistryLayer.h"

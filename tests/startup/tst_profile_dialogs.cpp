@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Adding a profile, changing its password and asking for a forgotten one, from the settings
 // window's Users page, and what the login then makes of it.
 #include "ProgramRun.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Runs the built program as a process, the way a user starts it, in a temporary world.
 #include "TestWorld.h"
 #include "services/RegistryLayer.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A vault of ordinary entries that fills the file to near its limit, the same for one seed
 // wherever it is made: the kill test and its worker process agree on it.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A disk that takes no more: every file the program writes stays as it was, byte for byte, and
 // the program goes the failure path of the write (mostly on without a word), never a crash.
 #include "ProgramRun.h"

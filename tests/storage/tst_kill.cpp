@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A vault killed at any moment of a load or a save: the file holds exactly the old bytes or
 // exactly the new ones, never anything between, and no leftover outlives the next save.
 #include "FullVault.h"

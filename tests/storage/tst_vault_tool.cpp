@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The command-line tool, run as a process over files the storage code wrote.
 #include "TestWorld.h"
 #include "storage/VaultFile.h"

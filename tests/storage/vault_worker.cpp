@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // One load or one save of a vault file, as the program does them, for a test that kills it at
 // a random moment: vault_worker load FILE | vault_worker save FILE SEED
 #include "FullVault.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The password generator as a user meets it, and the source behind its results.
 #include "ProgramRun.h"
 #include "platform/Clipboard.h"

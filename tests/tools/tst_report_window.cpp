@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The report as a user opens, reads, prints and saves it.
 #include "ProgramRun.h"
 #include "platform/CodePage.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Export and import from the File menu: the file on disk goes out as it is; a chosen file comes
 // in over the vault, and the program comes back through a real restart.
 #include "ProgramRun.h"

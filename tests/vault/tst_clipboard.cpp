@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The clipboard and the edit commands of the vault window, and the options around them.
 #include "ProgramRun.h"
 #include "platform/Clipboard.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The table of entries (a lookup finds the last of equal titles), a row's title and a search's rows.
 #include "vault/EntrySearch.h"
 #include "vault/EntryTable.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The vault window's layout in twips around its minimum size, in both list modes; the toolbar's
 // hover that takes the focus from a box, and its clicks; the look of the title box.
 #include "ProgramRun.h"

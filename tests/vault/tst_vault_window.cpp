@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The vault window and the new-entry dialog as a user drives them, then the files on disk.
 #include "ProgramRun.h"
 #include "platform/CodePage.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/Md5.h"
 
 #include <QCryptographicHash>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The folder that holds a path's last component, opened for an operation on that component.
 // Below a working folder it is reached one level at a time without following any link, so
