@@ -9,7 +9,7 @@
 #include "services/ProgramPictures.h"
 #include "services/RegistryLayer.h"
 #include "services/TrayHost.h"
-#include "startup/PasswordDigest.h"
+#include "startup/LoginOffer.h"
 #include "startup/ProfileMarkers.h"
 #include "storage/DataRoot.h"
 #include "storage/DataTree.h"
@@ -116,32 +116,29 @@ void LoginDialog::load()
     LoadComboFile(DataFolder() + QStringLiteral("users.txt"), list);
     profileList->setCurrentIndex(-1);
 
+    QStringList listed;
+    for (int i = 0; i < profileList->count(); ++i)
+        listed.append(profileList->itemText(i));
+    const LoginOffer offer = OfferedLogin(listed);
     const QString config = ConfigFile();
-    if (!AdministratorMarkerExists()) {
-        // First start: no password is looked at while this marker is missing.
-        WriteIni(Keys::user, Keys::current, QStringLiteral("Administrator"), config);
-        WriteIni(Keys::user, Keys::defaultProfile, QStringLiteral("Administrator"), config);
-        MakeDirTree(DataFolder() + QStringLiteral("Administrator"));
+    switch (offer.kind) {
+    case LoginOffer::Kind::FirstStart:
+        // No password is looked at while Administrator's marker is missing.
+        WriteIni(Keys::user, Keys::current, offer.profile, config);
+        WriteIni(Keys::user, Keys::defaultProfile, offer.profile, config);
+        MakeDirTree(DataFolder() + offer.profile);
         openVault(false);
         return;
-    }
-
-    if (GetIni(Keys::user, Keys::tempChangeable, config) == QLatin1String("True")) {
-        if (NamedProfileMarkerExists(Keys::tempChangeable2))
-            selectProfile(GetIni(Keys::user, Keys::tempChangeable2, config));
-    } else if (NamedProfileMarkerExists(Keys::defaultProfile)) {
-        selectProfile(GetIni(Keys::user, Keys::defaultProfile, config));
-    } else {
+    case LoginOffer::Kind::DefaultLost:
         platform::MsgBox(Lang(187), platform::MB_ICONERROR);
-        selectProfile(QStringLiteral("Administrator"));
+        selectProfile(offer.profile);
         return;
+    case LoginOffer::Kind::Offered:
+        break;
     }
-    if (NamedProfileMarkerExists(Keys::switchTo))
-        selectProfile(GetIni(Keys::user, Keys::switchTo, config));
-
+    selectProfile(offer.profile);
     const QString profile = profileList->currentText();
-    const QString settings = DataFolder() + profile + QStringLiteral("\\settings.txt");
-    if (GetIni(Keys::settings, Keys::password, settings).isEmpty()) {
+    if (StoredPassword(profile).isEmpty()) {
         WriteIni(Keys::user, Keys::current, profile, config);
         openVault(false);
     }
@@ -156,8 +153,8 @@ void LoginDialog::logIn()
         platform::MsgBox(Lang(186), platform::MB_ICONERROR);
         return;
     }
-    storedPassword = GetIni(Keys::settings, Keys::password, DataFolder() + profile + QStringLiteral("\\settings.txt"));
-    if (storedPassword != MD5Hex(passwordBox->text())) {
+    storedPassword = StoredPassword(profile);
+    if (!PasswordOpens(storedPassword, passwordBox->text())) {
         platform::MsgBox(Lang(185), platform::MB_ICONINFORMATION);
         return;
     }
