@@ -41,4 +41,8 @@ long RegDeleteKeyA(HKEY key, const QString& subKey);
 long RegEnumKeyA(HKEY key, int index, QString& name);
 long RegCloseKey(HKEY key);
 
+// Whether the hive's store has been made yet: on a new user account it has not, and nothing of
+// the program has been written there.
+bool RegistryStoreExists(HKEY hive);
+
 } // namespace platform

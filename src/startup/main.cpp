@@ -6,6 +6,7 @@
 #include "platform/Runtime.h"
 #include "platform/Twips.h"
 #include "services/ProgramPictures.h"
+#include "startup/InstallerLanguage.h"
 #include "startup/ProgramWiring.h"
 #include "startup/SplashWindow.h"
 #include "vault/VaultWindow.h"
@@ -35,6 +36,7 @@ int main(int argc, char* argv[])
     // is written and the clipboard emptied as the options say.
     platform::OnTerminationRequest(&VaultWindow::EndRun);
 
+    ChooseLanguageAsInstallerWould();
     SplashWindow::Start();
     return QApplication::exec();
 }

@@ -62,14 +62,38 @@ private Q_SLOTS:
         qDeleteAll(findChildren<QProcess*>());
     }
 
+    void aNewUserGetsTheDesktopsLanguageWithoutAMessage_data()
+    {
+        QTest::addColumn<QString>("desktop");
+        QTest::addColumn<QString>("language");
+        QTest::newRow("Polish") << "pl_PL"
+                                << "Polish";
+        QTest::newRow("German") << "de_AT:de"
+                                << "Deutsch";
+        QTest::newRow("other") << "fr_FR"
+                               << "English";
+    }
+
+    void aNewUserGetsTheDesktopsLanguageWithoutAMessage()
+    {
+        QFETCH(QString, desktop);
+        QFETCH(QString, language);
+        env.insert(QStringLiteral("LANGUAGE"), desktop);
+        start();
+        QTRY_VERIFY_WITH_TIMEOUT(exists(QStringLiteral("appdata/Brenmark/Tolvane/data/Administrator/list.dat")), 15000);
+        QCOMPARE(GetProgramSetting(QStringLiteral("curLang")), language);
+        QCOMPARE(boxes(), QString());
+    }
+
     void secondCopyIsRefusedAndRestartGetsThrough()
     {
+        // A store that exists without a language: the one message that is no slot, then English
+        // is chosen and kept.
+        SaveProgramSetting(QStringLiteral("curLang"), QString());
         QProcess* first = start();
-        // A fresh machine: the one message that is no slot, then English is chosen and kept.
         QTRY_COMPARE_WITH_TIMEOUT(
             boxes(), QStringLiteral("16|Tolvane|Error: Failed loading selected language.\n"), 10000);
-        QTRY_VERIFY_WITH_TIMEOUT(
-            world->read(QStringLiteral("registry/HKEY_CURRENT_USER.reg")).contains("curLang"), 10000);
+        QTRY_COMPARE_WITH_TIMEOUT(GetProgramSetting(QStringLiteral("curLang")), QStringLiteral("English"), 10000);
         for (const char* args : { "", "/RESTART", "/restart x" })
             QVERIFY2(refused(QString::fromLatin1(args).split(QLatin1Char(' '), Qt::SkipEmptyParts)), args);
 
@@ -82,6 +106,7 @@ private Q_SLOTS:
     void aCopyIsSeenFromItsStartAndOfThreeAtOnceOneRuns()
     {
         // The first start waits at its first message, a real box that nobody answers.
+        SaveProgramSetting(QStringLiteral("curLang"), QString());
         env.remove(QStringLiteral("TOLVANE_MSGBOX_LOG"));
         QProcess* first = start();
         env.insert(QStringLiteral("TOLVANE_MSGBOX_LOG"), world->path(QStringLiteral("boxes.log")));

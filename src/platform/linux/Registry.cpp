@@ -317,6 +317,11 @@ long RegEnumKeyA(HKEY key, int index, QString& name)
     return ERROR_SUCCESS;
 }
 
+bool RegistryStoreExists(HKEY hive)
+{
+    return !hiveName(hive).isEmpty() && QFileInfo::exists(storeFile(hive));
+}
+
 long RegCloseKey(HKEY key)
 {
     if (!hiveName(key).isEmpty())
