@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "services/TextBox.h"
 
+#include "platform/Clipboard.h"
 #include "services/Accessibility.h"
 
 #include <QFocusEvent>
@@ -112,9 +113,10 @@ void TextBox::SendMessage(int message)
         line->setSelection(keptSelection.start, keptSelection.length);
     keptSelection = {};
     quiet = true;
-    if (message == WM_CUT)
+    if (message == WM_CUT) {
         line ? line->cut() : plain->cut(); // a masked one-line box keeps its text, as it should
-    else if (message == WM_PASTE)
+        platform::MarkClipboardSecret();
+    } else if (message == WM_PASTE)
         line ? line->paste() : plain->paste();
     quiet = false;
     if (editorText() != before) {

@@ -6,6 +6,7 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QMimeData>
 #include <QProcess>
 #include <QStandardPaths>
 
@@ -76,7 +77,28 @@ void HandOverToKeeper()
     process.waitForFinished(3000);
 }
 
+// Clipboard managers (Klipper, CopyQ and others) leave text with this mark out of their history.
+const char* const secretHint = "x-kde-passwordManagerHint";
+
+void PutSecretText(const QString& text)
+{
+    auto* data = new QMimeData;
+    data->setText(text);
+    data->setData(QString::fromLatin1(secretHint), QByteArrayLiteral("secret"));
+    systemClipboard()->setMimeData(data);
+}
+
 } // namespace
+
+void MarkClipboardSecret()
+{
+    QClipboard* clipboard = systemClipboard();
+    if (!clipboard || !clipboard->ownsClipboard())
+        return;
+    const QMimeData* data = clipboard->mimeData();
+    if (data && data->hasText() && !data->hasFormat(QString::fromLatin1(secretHint)))
+        PutSecretText(data->text());
+}
 
 HGLOBAL GlobalAlloc(unsigned flags, qsizetype bytes)
 {
@@ -152,7 +174,7 @@ HGLOBAL SetClipboardData(unsigned format, HGLOBAL block)
     // The block stays allocated, as on the original, where the clipboard owns it.
     const std::vector<char>& bytes = found->second.bytes;
     const auto end = std::find(bytes.begin(), bytes.end(), '\0');
-    systemClipboard()->setText(FromCodePage(QByteArray(bytes.data(), end - bytes.begin())));
+    PutSecretText(FromCodePage(QByteArray(bytes.data(), end - bytes.begin())));
     return block;
 }
 
