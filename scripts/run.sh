@@ -12,8 +12,14 @@ mkdir -p "$run/appdata" "$run/registry" "$run/machine-registry"
 export TOLVANE_APPDATA="$run/appdata"
 export TOLVANE_REGISTRY="$run/registry"
 export TOLVANE_REGISTRY_MACHINE="$run/machine-registry"
-if [ -z "${DISPLAY:-}" ] && [ -z "${WAYLAND_DISPLAY:-}" ]; then
-    echo "No display: Tolvane runs offscreen (set DISPLAY to see its windows)."
-    export QT_QPA_PLATFORM=offscreen
+if [ -z "${DISPLAY:-}" ] && [ -z "${WAYLAND_DISPLAY:-}" ] && [ -z "${QT_QPA_PLATFORM:-}" ]; then
+    # Offscreen, nobody could see its windows or answer its messages.
+    cat >&2 <<'EOF'
+No display: Tolvane is a windowed program and has nothing to show here.
+Run this from a desktop session (DISPLAY or WAYLAND_DISPLAY set), or under a virtual X server:
+    xvfb-run -a scripts/run.sh
+Built: build/program/tolvane
+EOF
+    exit 1
 fi
 exec build/program/tolvane "$@"

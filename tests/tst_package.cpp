@@ -32,7 +32,9 @@ private Q_SLOTS:
         for (const char* file : { "lib/tolvane/tolvane", "lib/tolvane/tolvane_usb", "lib/tolvane/tolvane-vault",
                  "lib/tolvane/languages/English/English.txt", "lib/tolvane/languages/Polish/Polish.txt",
                  "lib/tolvane/languages/Deutsch/Deutsch.txt", "lib/tolvane/dummy.dat", "lib/tolvane/users.txt",
-                 "lib/tolvane/usb/usb.inf", "share/doc/tolvane/README.md" })
+                 "lib/tolvane/usb/usb.inf", "share/doc/tolvane/README.md", "share/doc/tolvane/copyright",
+                 "share/doc/tolvane/changelog.gz", "share/man/man1/tolvane.1.gz", "share/man/man1/tolvane-vault.1.gz",
+                 "share/metainfo/org.tolvane.Tolvane.metainfo.xml" })
             QVERIFY2(QFileInfo::exists(root + QStringLiteral("usr/") + QLatin1String(file)), file);
         QCOMPARE(QFileInfo(root + QStringLiteral("usr/bin/tolvane")).symLinkTarget(),
             root + QStringLiteral("usr/lib/tolvane/tolvane"));
@@ -46,8 +48,10 @@ private Q_SLOTS:
         QVERIFY(!QFileInfo::exists(root + QStringLiteral("usr/lib/tolvane/Brenmark")));
 
         // Started by the launcher, the program finds its files beside the real executable, lays
-        // down the data tree of a first start, and refuses a second start in the installed language.
+        // down the data tree of a first start in the desktop's language with no message, and
+        // refuses a second start in that language.
         qunsetenv("TOLVANE_PROGRAM_DIR");
+        qputenv("LANGUAGE", "en_US");
         qputenv("TOLVANE_MSGBOX_LOG", world.path(QStringLiteral("boxes.log")).toLocal8Bit());
         QProcess program, second;
         program.start(root + QStringLiteral("usr/bin/tolvane"), {});
@@ -57,7 +61,8 @@ private Q_SLOTS:
         QCOMPARE(program.state(), QProcess::Running);
         second.start(root + QStringLiteral("usr/bin/tolvane"), {});
         QVERIFY(second.waitForFinished(20000));
-        QVERIFY(world.read(QStringLiteral("boxes.log")).contains("Tolvane is already running."));
+        const QByteArray boxes = world.read(QStringLiteral("boxes.log")); // the refusal, and no other message
+        QVERIFY2(boxes.startsWith("16|Tolvane|Tolvane is already running.") && boxes.count('\n') == 1, boxes);
         program.kill();
         program.waitForFinished();
     }

@@ -20,6 +20,8 @@
 namespace {
 
 const char* usage = R"(Usage: tolvane-vault COMMAND FILE
+Read and write the vault file of a Tolvane profile without the window, through the
+program's own code.
 
 Commands:
   dump FILE      print the entries as the program loads them, as JSON
@@ -33,6 +35,10 @@ system's 8-bit code page (Windows-1250 or -1252, see TOLVANE_CODEPAGE), so every
 survives a dump and a save unchanged.
 
 Only regular files are read and written, and none larger than any vault (1 MiB).
+
+Options:
+  -h, --help     print this help and end
+  --version      print the version and end
 
 Exit codes: 0 done, 1 bad input (missing or unreadable file, bad JSON, vault too large),
 2 usage.
@@ -128,6 +134,10 @@ int main(int argc, char* argv[])
     const QStringList args = QCoreApplication::arguments().mid(1);
     if (args.contains(QStringLiteral("--help")) || args.contains(QStringLiteral("-h"))) {
         std::fputs(usage, stdout);
+        return 0;
+    }
+    if (args.contains(QStringLiteral("--version"))) {
+        std::puts("tolvane-vault " TOLVANE_VERSION);
         return 0;
     }
     if (args.size() != 2) {
