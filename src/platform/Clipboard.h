@@ -30,8 +30,8 @@ HGLOBAL SetClipboardData(unsigned format, HGLOBAL block);
 // 0 when the clipboard was not open.
 int CloseClipboard();
 
-// Text this program put on the clipboard in another way (an edit box's cut) gets the mark that
-// SetClipboardData gives: clipboard managers keep it out of their history.
+// Text this program has just put on the clipboard in another way (an edit box's cut) gets the
+// mark that SetClipboardData gives: clipboard managers keep it out of their history.
 void MarkClipboardSecret();
 
 // The runtime's Clipboard.Clear.

@@ -4,6 +4,7 @@
 #include "platform/Clipboard.h"
 
 #include <QClipboard>
+#include <QMimeData>
 
 namespace {
 using platform::ClipboardText;
@@ -25,6 +26,13 @@ class tst_clipboard : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
+    // What clipboard managers read to keep a copy out of their history.
+    static bool markedSecret()
+    {
+        const QMimeData* data = QApplication::clipboard()->mimeData();
+        return data && data->data(u"x-kde-passwordManagerHint"_s) == "secret";
+    }
+
     void editCommandsActOnTheBoxClickedLast()
     {
         ProgramRun run;
@@ -36,6 +44,7 @@ private Q_SLOTS:
         QCOMPARE(ClipboardText(), u"before"_s);
         ui::click(vault, ActionOnBox(Lang(217), Lang(244)));
         QCOMPARE(ClipboardText(), u"secret-pass"_s); // masked on screen, clear on the clipboard
+        QVERIFY(markedSecret());
         QCOMPARE(ui::get<QLineEdit>(vault, Lang(244))->echoMode(), QLineEdit::Password);
 
         // Copy takes the whole box; Tab moves the focus, not the box acted on; cut takes the selection.
@@ -49,6 +58,7 @@ private Q_SLOTS:
         edit(vault, 216);
         QCOMPARE(name->text(), u"bel"_s);
         QCOMPARE(ClipboardText(), u"anna"_s);
+        QVERIFY(markedSecret());
         // One step of undo: a second undo takes the first back, and redo is that second undo.
         const QString steps[] = { u"annabel"_s, u"bel"_s };
         for (int i = 0; i < 4; ++i) {

@@ -93,7 +93,7 @@ void PutSecretText(const QString& text)
 void MarkClipboardSecret()
 {
     QClipboard* clipboard = systemClipboard();
-    if (!clipboard || !clipboard->ownsClipboard())
+    if (!clipboard)
         return;
     const QMimeData* data = clipboard->mimeData();
     if (data && data->hasText() && !data->hasFormat(QString::fromLatin1(secretHint)))
