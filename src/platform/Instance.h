@@ -6,6 +6,8 @@
 // word counts no more. Copies are ordered by when they made themselves known, one at a time;
 // the test asks only about copies known earlier, so that of starts at the same moment exactly
 // one runs.
+#include <QString>
+
 namespace platform {
 
 // Makes this process known to later starts. Called once, before the language table loads.
@@ -14,5 +16,9 @@ void AnnounceInstance();
 // True if another copy of this executable that made itself known before this one is running. Any
 // failure of the test itself (no folder to use, a file that can't be read) is no copy.
 bool PrevInstance();
+
+// True if a copy of the program at this native path has made itself known and still runs: the
+// test another program (the command-line tool) makes before it writes what the program keeps.
+bool InstanceRunning(const QString& nativeExecutable);
 
 } // namespace platform

@@ -10,7 +10,6 @@
 #include "services/ProgramPictures.h"
 #include "startup/LoginDialog.h"
 #include "storage/DataRoot.h"
-#include "storage/FileExist.h"
 
 #include <QLabel>
 #include <QTimer>
@@ -68,7 +67,7 @@ void SplashWindow::load()
     tickTimer->setInterval(1000);
     tickTimer->start();
     ticks = 0;
-    UsbMode = FileExist(platform::AppPath() + QStringLiteral("\\usb.inf")) ? 1 : 0;
+    DetectUsbMode();
 }
 
 void SplashWindow::tick()

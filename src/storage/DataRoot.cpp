@@ -3,9 +3,15 @@
 
 #include "platform/Files.h"
 #include "platform/Paths.h"
+#include "storage/FileExist.h"
 #include "storage/ProfileFiles.h"
 
 qint16 UsbMode = 0;
+
+void DetectUsbMode()
+{
+    UsbMode = FileExist(platform::AppPath() + QStringLiteral("\\usb.inf")) ? 1 : 0;
+}
 
 QString DataRoot()
 {

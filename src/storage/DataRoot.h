@@ -6,6 +6,8 @@
 
 // 1 when the program runs from a removable drive (usb.inf beside it), else 0. Set once at start.
 extern qint16 UsbMode;
+// Sets UsbMode: 1 when a file usb.inf lies beside the program.
+void DetectUsbMode();
 
 // The program's folder in portable mode, else the per-user local application data folder.
 QString DataRoot();

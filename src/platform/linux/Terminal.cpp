@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/Terminal.h"
+
+#include <cstdio>
+#include <string>
+#include <termios.h>
+#include <unistd.h>
+
+namespace platform {
+
+std::optional<QString> ReadSecretLine(const QString& prompt)
+{
+    const bool terminal = ::isatty(STDIN_FILENO) == 1;
+    termios before {};
+    if (terminal) {
+        std::fputs(prompt.toLocal8Bit().constData(), stderr);
+        std::fflush(stderr);
+        if (::tcgetattr(STDIN_FILENO, &before) == 0) {
+            termios quiet = before;
+            quiet.c_lflag &= ~static_cast<tcflag_t>(ECHO);
+            quiet.c_lflag |= ECHONL;
+            ::tcsetattr(STDIN_FILENO, TCSAFLUSH, &quiet);
+        }
+    }
+    std::string line;
+    bool ended = true;
+    for (int c = std::getchar(); c != EOF; c = std::getchar()) {
+        ended = false;
+        if (c == '\n')
+            break;
+        line += static_cast<char>(c);
+    }
+    if (terminal)
+        ::tcsetattr(STDIN_FILENO, TCSAFLUSH, &before);
+    if (ended)
+        return std::nullopt;
+    if (!line.empty() && line.back() == '\r')
+        line.pop_back();
+    return QString::fromLocal8Bit(line.data(), static_cast<qsizetype>(line.size()));
+}
+
+} // namespace platform
