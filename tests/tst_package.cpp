@@ -34,7 +34,7 @@ private Q_SLOTS:
                  "lib/tolvane/languages/Deutsch/Deutsch.txt", "lib/tolvane/dummy.dat", "lib/tolvane/users.txt",
                  "lib/tolvane/usb/usb.inf", "share/doc/tolvane/README.md", "share/doc/tolvane/copyright",
                  "share/doc/tolvane/changelog.gz", "share/man/man1/tolvane.1.gz", "share/man/man1/tolvane-vault.1.gz",
-                 "share/metainfo/org.tolvane.Tolvane.metainfo.xml" })
+                 "share/metainfo/org.tolvane.Tolvane.metainfo.xml", "share/bash-completion/completions/tolvane-vault" })
             QVERIFY2(QFileInfo::exists(root + QStringLiteral("usr/") + QLatin1String(file)), file);
         QCOMPARE(QFileInfo(root + QStringLiteral("usr/bin/tolvane")).symLinkTarget(),
             root + QStringLiteral("usr/lib/tolvane/tolvane"));

@@ -3,6 +3,7 @@
 #include "platform/CodePage.h"
 #include "platform/Files.h"
 #include "platform/Paths.h"
+#include "startup/ProfileCommands.h"
 #include "storage/Base64Codec.h"
 #include "storage/VaultFile.h"
 #include "storage/VaultRescue.h"
@@ -11,19 +12,20 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QGuiApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 
 #include <cstdio>
+#include <memory>
 
 namespace {
 
-const char* usage = R"(Usage: tolvane-vault COMMAND FILE
-Read and write the vault file of a Tolvane profile without the window, through the
-program's own code.
+const char* usage = R"(Usage: tolvane-vault COMMAND [ARGUMENT...] [OPTION...]
+Read and change the vaults of Tolvane without the window, through the program's own code.
 
-Commands:
+Commands on a vault file:
   dump FILE      print the entries as the program loads them, as JSON
   save FILE      write a vault from JSON on standard input, as the program saves
   unwrap FILE    print the inner text (the outer layer taken off); the file is not changed
@@ -40,8 +42,8 @@ Options:
   -h, --help     print this help and end
   --version      print the version and end
 
-Exit codes: 0 done, 1 bad input (missing or unreadable file, bad JSON, vault too large),
-2 usage.
+Exit codes: 0 done, 1 refused or bad input (a wrong password, a write while the program
+runs, a missing or unreadable file, bad JSON, a vault too large), 2 usage.
 )";
 
 // The JSON of an entry speaks the file's language: "title", then the file's own keys.
@@ -126,14 +128,44 @@ bool readInput(QByteArray& input)
     return true;
 }
 
+// The command, found before the application object is made: a clipboard needs a GUI one.
+QString commandOf(int argc, char* argv[])
+{
+    QStringList arguments;
+    for (int i = 1; i < argc; ++i)
+        arguments.append(QString::fromLocal8Bit(argv[i]));
+    return ProfileCommands(arguments).Command();
+}
+
+void printUsage(FILE* stream)
+{
+    std::fputs(usage, stream);
+    std::fputs("\n", stream);
+    std::fputs(ProfileCommands::Usage(), stream);
+}
+
 } // namespace
 
 int main(int argc, char* argv[])
 {
-    QCoreApplication app(argc, argv);
+    const QString command = commandOf(argc, argv);
+    std::unique_ptr<QCoreApplication> app;
+    if (ProfileCommands::NeedsClipboard(command)) {
+        // The desktop's clipboard needs the desktop: without one, a GUI application would abort.
+        if (qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")
+            && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
+            std::fputs("tolvane-vault: clip needs a desktop session's clipboard, and there is no display\n", stderr);
+            return 1;
+        }
+        app = std::make_unique<QGuiApplication>(argc, argv);
+    } else {
+        app = std::make_unique<QCoreApplication>(argc, argv);
+    }
     const QStringList args = QCoreApplication::arguments().mid(1);
+    if (ProfileCommands::Handles(command))
+        return ProfileCommands(args).run();
     if (args.contains(QStringLiteral("--help")) || args.contains(QStringLiteral("-h"))) {
-        std::fputs(usage, stdout);
+        printUsage(stdout);
         return 0;
     }
     if (args.contains(QStringLiteral("--version"))) {
@@ -141,10 +173,9 @@ int main(int argc, char* argv[])
         return 0;
     }
     if (args.size() != 2) {
-        std::fputs(usage, stderr);
+        printUsage(stderr);
         return 2;
     }
-    const QString command = args.at(0);
     const QString path = pathArgument(args.at(1));
     SetBadGroupHandler([](const QByteArray& four) {
         std::fprintf(stderr, "tolvane-vault: Illegal Characters <%s> found; the program would ask, going on as OK\n",
@@ -190,7 +221,7 @@ int main(int argc, char* argv[])
     }
 
     if (command != QLatin1String("dump") && command != QLatin1String("unwrap") && command != QLatin1String("rescue")) {
-        std::fputs(usage, stderr);
+        printUsage(stderr);
         return 2;
     }
     QByteArray bytes;

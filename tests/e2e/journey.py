@@ -214,6 +214,15 @@ try:
     copy_password(vault, ["Tab", "Down"], "Mail")
     close(vault)
     wait_for("the password handed over at the end of the run", lambda: clipboard() == "m41l-pass", 5)
+
+    print("-- the tool copies a password for two seconds, after the login's password, then clears it")
+    tool = subprocess.Popen([world + "/root/usr/bin/tolvane-vault", "clip", "Shop", "--seconds", "2"], env=env,
+                            stdin=subprocess.PIPE, stderr=subprocess.PIPE)
+    tool.stdin.write(b"s3cret\n")
+    tool.stdin.close()
+    wait_for("the tool's copy on the X clipboard", lambda: clipboard() == "sh0p-pass", 5)
+    if tool.wait(10) != 0 or clipboard() != "":
+        sys.exit("FAIL: the tool ended with %d, the clipboard holds '%s'" % (tool.returncode, clipboard()))
     print("PASS: the journey by role and name")
 finally:
     for process in started:

@@ -1,10 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The command-line tool, run as a process over files the storage code wrote.
-#include "TestWorld.h"
+// The command-line tool, run as a process: over files the storage code wrote, and over a
+// profile's data tree beside the program, whose window must agree with it.
+#include "ProgramRun.h"
+#include "services/SkinnedButton.h"
+#include "startup/PasswordDigest.h"
 #include "storage/VaultFile.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QJsonObject>
 #include <QProcess>
 
 #include <sys/stat.h>
@@ -20,10 +24,13 @@ struct Run
     QString first(const QString& key) const { return QJsonDocument::fromJson(out).array().first()[key].toString(); }
 };
 
+// The tool as built, or the one of an installed copy of the program folder.
+QString toolPath = QStringLiteral(TOLVANE_BUILT_PROGRAM_DIR "/tolvane-vault");
+
 Run tool(const QStringList& args, const QByteArray& input = QByteArray())
 {
     QProcess p;
-    p.start(QStringLiteral(TOLVANE_BUILT_PROGRAM_DIR "/tolvane-vault"), args);
+    p.start(toolPath, args);
     p.waitForStarted();
     p.write(input);
     p.closeWriteChannel();
@@ -83,7 +90,90 @@ private Q_SLOTS:
         }
         QVERIFY(!QFileInfo::exists(world.path(u"x.dat"_s)));
     }
+
+    // A first start of the program lays the tree down; the tool adds entries; the window shows and
+    // finds what the tool shows and finds, and leaves the bytes the tool wrote; both see a removal.
+    void profileCommandsAndTheWindowAgree()
+    {
+        ProgramRun run; // a window of the program in this process, on the same data tree
+        TestWorld::copyTree(QStringLiteral(TOLVANE_BUILT_PROGRAM_DIR), run.world.path(u"installed"_s));
+        toolPath = run.world.path(u"installed/tolvane-vault"_s);
+        qunsetenv("TOLVANE_PROGRAM_DIR"); // the tool and the program find their folder themselves
+        QCOMPARE(tool({ u"ls"_s }).err,
+            QByteArray("tolvane-vault: no profile yet: start Tolvane once, and it lays "
+                       "down the data tree\n"));
+        QProcess program;
+        program.start(run.world.path(u"installed/tolvane"_s), {});
+        QTRY_VERIFY_WITH_TIMEOUT(QFileInfo::exists(run.data(u"Administrator/list.dat"_s)), 15000);
+        const Run whileRunning = tool({ u"add"_s, u"Early"_s });
+        QVERIFY2(whileRunning.code == 1 && whileRunning.err.contains("Tolvane is running"), whileRunning.err);
+        ::kill(static_cast<pid_t>(program.processId()), SIGTERM); // ends the run as File > Close does
+        QVERIFY(program.waitForFinished(10000) && program.exitCode() == 0);
+        QVERIFY(run.vaultOnDisk().isEmpty());
+
+        for (const QStringList& add : { QStringList { u"Shop"_s, u"--user=bob"_s, u"--password=sh0p-pass"_s },
+                 QStringList { u"bank"_s, u"--user"_s, u"ann"_s, u"--url"_s, u"http://bank.example"_s },
+                 QStringList { u"Mail"_s, u"--note"_s, u"for ann"_s, u"--generate"_s, u"--length=9"_s } }) {
+            const Run added = tool(QStringList { u"add"_s } + add);
+            QVERIFY2(added.code == 0, added.err);
+        }
+        QCOMPARE(tool({ u"add"_s, u"Mail"_s }).code, 1); // the title is the entry's key
+        const QString found = QString::fromUtf8(tool({ u"search"_s, u"ANN"_s }).out);
+        QCOMPARE(found, u"bank (ann)\nMail\n"_s);
+        const QString shown = QString::fromUtf8(tool({ u"show"_s, u"Shop"_s }).out);
+        QVERIFY2(
+            shown.contains(u"User name:  bob\n"_s) && shown.contains(u"Password:   ********\n"_s), qPrintable(shown));
+        QCOMPARE(QJsonDocument::fromJson(tool({ u"show"_s, u"Mail"_s, u"--show-password"_s, u"--json"_s }).out)
+                     .object()[u"password"_s]
+                     .toString()
+                     .size(),
+            9);
+        VaultWindow* vault = run.start();
+        QVERIFY(vault);
+        QCOMPARE(ui::rows(vault, Lang(201)).join(u"\n"_s) + u"\n"_s, QString::fromUtf8(tool({ u"ls"_s }).out));
+        ui::get<QLineEdit>(vault, Lang(239))->setText(u"ANN"_s);
+        ui::click<SkinnedButton>(vault, Lang(239));
+        QCOMPARE(ui::rows(vault, Lang(197)).join(u"\n"_s) + u"\n"_s, found);
+        run.close();
+
+        // One entry more, by the tool and by the window's new-entry dialog: the same bytes on disk.
+        const QString vaultFile = u"appdata/Brenmark/Tolvane/data/Administrator/list.dat"_s;
+        const QByteArray before = run.world.read(vaultFile);
+        QCOMPARE(tool({ u"add"_s, u"Extra"_s, u"--user=x"_s, u"--password=a=b"_s }).err,
+            QByteArray("tolvane-vault: warning: the password of \"Extra\" will read back as \"a&1b\"\n"));
+        const QByteArray byTheTool = run.world.read(vaultFile);
+        run.world.write(vaultFile, before);
+        vault = run.start();
+        ui::onNextModal([](QWidget* dialog) {
+            ui::type(dialog, Lang(241), u"Extra"_s);
+            ui::type(dialog, Lang(242), u"x"_s);
+            ui::type(dialog, Lang(244), u"a=b"_s);
+            ui::click(dialog, Lang(248));
+        });
+        ui::click(vault, Lang(207));
+        run.close();
+        QCOMPARE(run.world.read(vaultFile), byTheTool);
+
+        QCOMPARE(tool({ u"rm"_s, u"Shop"_s }).code, 0);
+        QCOMPARE(tool({ u"ls"_s, u"--json"_s }).out, QByteArray("[\n    \"bank\",\n    \"Extra\",\n    \"Mail\"\n]\n"));
+        QCOMPARE(ui::rows(run.start(), Lang(201)), QStringList({ u"bank"_s, u"Extra"_s, u"Mail"_s }));
+        run.close();
+
+        // The login's password: asked on the terminal, here the first line of standard input.
+        run.setIni(u"Administrator/settings.txt"_s, Keys::settings, Keys::password, MD5Hex(u"s3cret"_s));
+        const Run wrong = tool({ u"ls"_s }, "secret\n"), none = tool({ u"ls"_s }),
+                  right = tool({ u"ls"_s }, "s3cret\n");
+        QVERIFY2(wrong.code == 1 && wrong.err.contains("wrong password for profile \"Administrator\""), wrong.err);
+        QVERIFY2(none.code == 1 && none.err.contains("no password given"), none.err);
+        QCOMPARE(right.code, 0);
+        QCOMPARE(right.out, QByteArray("bank\nExtra\nMail\n"));
+        const Run nobody = tool({ u"ls"_s, u"--profile"_s, u"Nobody"_s });
+        QVERIFY2(nobody.code == 1 && nobody.err.contains("no profile \"Nobody\""), nobody.err);
+        QCOMPARE(tool({ u"ls"_s, u"--frobnicate"_s }).code, 2);
+        QCOMPARE(tool({ u"generate"_s, u"--length=16"_s }).code, 1);
+        toolPath = QStringLiteral(TOLVANE_BUILT_PROGRAM_DIR "/tolvane-vault");
+    }
 };
 
-QTEST_GUILESS_MAIN(tst_vault_tool)
+QTEST_MAIN(tst_vault_tool)
 #include "tst_vault_tool.moc"

@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+// The commands of tolvane-vault that work on a profile of the user's data tree, with the
+// program's own rules: the login's choice of profile and its password check, the list's order,
+// the search and its rows, the generator, the new-entry and save rules, and the save itself.
+// No window of the original has them; they stand beside the vault window so that the two never
+// disagree.
+#include "storage/Entry.h"
+
+#include <QHash>
+#include <QList>
+#include <QSet>
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+class ProfileCommands
+{
+public:
+    // The command line after the program's name: a command, its arguments, and options anywhere.
+    explicit ProfileCommands(const QStringList& arguments);
+
+    // The command: the first argument that is neither an option nor an option's value.
+    const QString& Command() const { return command; }
+
+    static bool Handles(const QString& command);
+    // Whether the command needs the desktop's clipboard (and so a GUI application object).
+    static bool NeedsClipboard(const QString& command);
+    static const char* Usage();
+
+    // 0 done, 1 refused or bad input, 2 usage.
+    int run();
+
+private:
+    struct Profile
+    {
+        QString name;
+        QString vault; // the path of its list.dat, in the program's Windows form
+    };
+
+    int list();
+    int search();
+    int show();
+    int clip();
+    int generate();
+    int add();
+    int edit();
+    int remove();
+
+    // The profile named by --profile, or the one the login offers; its password asked if it has one.
+    std::optional<Profile> openProfile();
+    // The entries as the program's load reads them; the file is not changed.
+    std::optional<QList<Entry>> readEntries(const Profile& profile);
+    // The program's save of these entries, refused while the program runs.
+    int writeEntries(const Profile& profile, QList<Entry> entries, const QString& changedTitle);
+    // Field options given on the command line, written into the entry.
+    bool applyFieldOptions(Entry& entry);
+    std::optional<QString> generatedPassword();
+
+    // The list's rows in the list's own order.
+    static QStringList sortedRows(QStringList rows);
+    static int lastIndexOf(const QList<Entry>& entries, const QString& title);
+
+    bool flag(const char* name) const { return flags.contains(QLatin1String(name)); }
+    std::optional<QString> option(const char* name) const;
+    int usageError(const QString& message) const;
+
+    QString command;
+    QStringList positional;
+    QSet<QString> flags;
+    QHash<QString, QString> options;
+    QString parseError;
+};
