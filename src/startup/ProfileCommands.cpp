@@ -88,9 +88,6 @@ void warn(const QString& message)
     std::fprintf(stderr, "tolvane-vault: warning: %s\n", message.toLocal8Bit().constData());
 }
 
-const QStringList commands
-    = { QStringLiteral("ls"), QStringLiteral("search"), QStringLiteral("show"), QStringLiteral("clip"),
-          QStringLiteral("generate"), QStringLiteral("add"), QStringLiteral("edit"), QStringLiteral("rm") };
 const QStringList flagNames = { QStringLiteral("json"), QStringLiteral("show-password"), QStringLiteral("ask-password"),
     QStringLiteral("generate"), QStringLiteral("letters"), QStringLiteral("digits"), QStringLiteral("mixed"),
     QStringLiteral("help") };
@@ -142,9 +139,29 @@ ProfileCommands::ProfileCommands(const QStringList& arguments)
     }
 }
 
+const ProfileCommands::Verb ProfileCommands::verbs[] = {
+    { "ls", 0, 0, &ProfileCommands::list },
+    { "search", 1, 1, &ProfileCommands::search },
+    { "show", 1, 1, &ProfileCommands::show },
+    { "clip", 1, 2, &ProfileCommands::clip },
+    { "generate", 0, 0, &ProfileCommands::generate },
+    { "add", 1, 1, &ProfileCommands::add },
+    { "edit", 1, 1, &ProfileCommands::edit },
+    { "rm", 1, 1, &ProfileCommands::remove },
+};
+
+const ProfileCommands::Verb* ProfileCommands::verbNamed(const QString& name)
+{
+    for (const Verb& verb : verbs) {
+        if (name == QLatin1String(verb.name))
+            return &verb;
+    }
+    return nullptr;
+}
+
 bool ProfileCommands::Handles(const QString& command)
 {
-    return commands.contains(command);
+    return verbNamed(command) != nullptr;
 }
 
 bool ProfileCommands::NeedsClipboard(const QString& command)
@@ -206,27 +223,11 @@ int ProfileCommands::run()
         std::fputs(Usage(), stdout);
         return 0;
     }
-    const qsizetype wanted = command == QLatin1String("ls") || command == QLatin1String("generate") ? 0
-        : command == QLatin1String("clip")                                                          ? -1
-                                                                                                    : 1;
-    if (wanted >= 0 ? positional.size() != wanted : (positional.isEmpty() || positional.size() > 2))
+    const Verb* verb = verbNamed(command);
+    if (positional.size() < verb->fewest || positional.size() > verb->most)
         return usageError(QStringLiteral("%1: wrong number of arguments").arg(command));
     DetectUsbMode();
-    if (command == QLatin1String("ls"))
-        return list();
-    if (command == QLatin1String("search"))
-        return search();
-    if (command == QLatin1String("show"))
-        return show();
-    if (command == QLatin1String("clip"))
-        return clip();
-    if (command == QLatin1String("generate"))
-        return generate();
-    if (command == QLatin1String("add"))
-        return add();
-    if (command == QLatin1String("edit"))
-        return edit();
-    return remove();
+    return (this->*verb->run)();
 }
 
 std::optional<ProfileCommands::Profile> ProfileCommands::openProfile()
@@ -274,18 +275,32 @@ std::optional<ProfileCommands::Profile> ProfileCommands::openProfile()
     return Profile { name, DataFolder() + name + QStringLiteral("\\list.dat") };
 }
 
-std::optional<QList<Entry>> ProfileCommands::readEntries(const Profile& profile)
+std::optional<ProfileCommands::OpenVault> ProfileCommands::openVault()
 {
+    std::optional<Profile> profile = openProfile();
+    if (!profile)
+        return std::nullopt;
     QByteArray bytes;
     // Nothing a vault can be is larger; a missing file is an empty vault, as the load makes it.
-    const platform::ReadOutcome read = platform::ReadFileBounded(profile.vault, 1024 * 1024, bytes);
-    if (read == platform::ReadOutcome::Missing)
-        return QList<Entry>();
-    if (read != platform::ReadOutcome::Read) {
-        refuse(QStringLiteral("can't read the vault of profile \"%1\"").arg(profile.name));
+    const platform::ReadOutcome read = platform::ReadFileBounded(profile->vault, 1024 * 1024, bytes);
+    if (read != platform::ReadOutcome::Read && read != platform::ReadOutcome::Missing) {
+        refuse(QStringLiteral("can't read the vault of profile \"%1\"").arg(profile->name));
         return std::nullopt;
     }
-    return ParseInnerText(LayerOff(bytes));
+    return OpenVault { *profile, bytes.isEmpty() ? QList<Entry>() : ParseInnerText(LayerOff(bytes)) };
+}
+
+std::optional<ProfileCommands::OpenVault> ProfileCommands::openEntry()
+{
+    std::optional<OpenVault> vault = openVault();
+    if (!vault)
+        return std::nullopt;
+    vault->index = lastIndexOf(vault->entries, positional.at(0));
+    if (vault->index < 0) {
+        refuse(QStringLiteral("no entry titled \"%1\"").arg(positional.at(0)));
+        return std::nullopt;
+    }
+    return vault;
 }
 
 QStringList ProfileCommands::sortedRows(QStringList rows)
@@ -310,14 +325,11 @@ int ProfileCommands::lastIndexOf(const QList<Entry>& entries, const QString& tit
 
 int ProfileCommands::list()
 {
-    const std::optional<Profile> profile = openProfile();
-    if (!profile)
-        return 1;
-    const std::optional<QList<Entry>> entries = readEntries(*profile);
-    if (!entries)
+    const std::optional<OpenVault> vault = openVault();
+    if (!vault)
         return 1;
     QStringList titles;
-    for (const Entry& e : *entries)
+    for (const Entry& e : vault->entries)
         titles.append(Shown(e.title));
     titles = sortedRows(titles);
     if (flag("json"))
@@ -332,14 +344,11 @@ int ProfileCommands::search()
     const QString needle = positional.at(0).toLower(); // not trimmed: blanks count
     if (needle.isEmpty())
         return refuse(QStringLiteral("the search text is empty"));
-    const std::optional<Profile> profile = openProfile();
-    if (!profile)
-        return 1;
-    const std::optional<QList<Entry>> entries = readEntries(*profile);
-    if (!entries)
+    const std::optional<OpenVault> vault = openVault();
+    if (!vault)
         return 1;
     QStringList rows;
-    for (const Entry& e : *entries) {
+    for (const Entry& e : vault->entries) {
         if (const std::optional<QString> row = SearchRow(e, needle))
             rows.append(*row);
     }
@@ -357,16 +366,10 @@ int ProfileCommands::search()
 
 int ProfileCommands::show()
 {
-    const std::optional<Profile> profile = openProfile();
-    if (!profile)
+    const std::optional<OpenVault> vault = openEntry();
+    if (!vault)
         return 1;
-    const std::optional<QList<Entry>> entries = readEntries(*profile);
-    if (!entries)
-        return 1;
-    const int index = lastIndexOf(*entries, positional.at(0));
-    if (index < 0)
-        return refuse(QStringLiteral("no entry titled \"%1\"").arg(positional.at(0)));
-    const Entry& e = entries->at(index);
+    const Entry& e = vault->entries.at(vault->index);
     const bool clear = flag("show-password");
     QJsonObject object;
     QString text;
@@ -390,17 +393,11 @@ int ProfileCommands::clip()
     const int seconds = option("seconds").value_or(QStringLiteral("10")).toInt(&ok);
     if (!ok || seconds < 1)
         return refuse(QStringLiteral("--seconds takes a whole number of seconds, 1 or more"));
-    const std::optional<Profile> profile = openProfile();
-    if (!profile)
+    const std::optional<OpenVault> vault = openEntry();
+    if (!vault)
         return 1;
-    const std::optional<QList<Entry>> entries = readEntries(*profile);
-    if (!entries)
-        return 1;
-    const int index = lastIndexOf(*entries, positional.at(0));
-    if (index < 0)
-        return refuse(QStringLiteral("no entry titled \"%1\"").arg(positional.at(0)));
     // The program's own copy: 8-bit text, marked secret for clipboard managers.
-    QString text = shown(entries->at(index).*field->member);
+    QString text = shown(vault->entries.at(vault->index).*field->member);
     SetClipboardText(text);
     const QString copied = platform::ClipboardText();
     std::fprintf(stderr, "The %s of \"%s\" is on the clipboard for %d seconds (Ctrl+C clears it now).\n",
@@ -529,61 +526,42 @@ int ProfileCommands::add()
         return refuse(QStringLiteral("the title of the entry must not be empty"));
     if (programRuns())
         return 1;
-    const std::optional<Profile> profile = openProfile();
-    if (!profile)
-        return 1;
-    std::optional<QList<Entry>> entries = readEntries(*profile);
-    if (!entries)
+    std::optional<OpenVault> vault = openVault();
+    if (!vault)
         return 1;
     // The new-entry dialog refuses a title that stands as a row of the full list.
-    if (lastIndexOf(*entries, title) >= 0)
+    if (lastIndexOf(vault->entries, title) >= 0)
         return refuse(QStringLiteral("an entry titled \"%1\" is already in the list").arg(title));
     Entry entry;
     entry.title = Stored(title);
     if (!applyFieldOptions(entry))
         return 1;
-    entries->append(entry);
-    return writeEntries(*profile, *entries, title);
+    vault->entries.append(entry);
+    return writeEntries(vault->profile, vault->entries, title);
 }
 
 int ProfileCommands::edit()
 {
     if (programRuns())
         return 1;
-    const std::optional<Profile> profile = openProfile();
-    if (!profile)
+    std::optional<OpenVault> vault = openEntry();
+    if (!vault || !applyFieldOptions(vault->entries[vault->index]))
         return 1;
-    std::optional<QList<Entry>> entries = readEntries(*profile);
-    if (!entries)
-        return 1;
-    const QString title = positional.at(0);
-    const int index = lastIndexOf(*entries, title);
-    if (index < 0)
-        return refuse(QStringLiteral("no entry titled \"%1\"").arg(title));
-    if (!applyFieldOptions((*entries)[index]))
-        return 1;
-    return writeEntries(*profile, *entries, title);
+    return writeEntries(vault->profile, vault->entries, positional.at(0));
 }
 
 int ProfileCommands::remove()
 {
     if (programRuns())
         return 1;
-    const std::optional<Profile> profile = openProfile();
-    if (!profile)
+    std::optional<OpenVault> vault = openEntry();
+    if (!vault)
         return 1;
-    std::optional<QList<Entry>> entries = readEntries(*profile);
-    if (!entries)
-        return 1;
-    const QString title = positional.at(0);
-    const int index = lastIndexOf(*entries, title);
-    if (index < 0)
-        return refuse(QStringLiteral("no entry titled \"%1\"").arg(title));
-    entries->removeAt(index);
+    vault->entries.removeAt(vault->index);
     // The program saves only a list with rows: its last entry, deleted, comes back at the next start.
-    if (entries->isEmpty())
+    if (vault->entries.isEmpty())
         return refuse(QStringLiteral("\"%1\" is the last entry: the program saves no empty list, so it would be back "
                                      "at the next start; nothing was changed")
-                          .arg(title));
-    return writeEntries(*profile, *entries, QString());
+                          .arg(positional.at(0)));
+    return writeEntries(vault->profile, vault->entries, QString());
 }

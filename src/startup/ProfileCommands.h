@@ -39,6 +39,17 @@ private:
         QString vault; // the path of its list.dat, in the program's Windows form
     };
 
+    // A command: its name, how many arguments it takes, and what runs it.
+    struct Verb
+    {
+        const char* name;
+        qsizetype fewest;
+        qsizetype most;
+        int (ProfileCommands::*run)();
+    };
+    static const Verb verbs[];
+    static const Verb* verbNamed(const QString& name);
+
     int list();
     int search();
     int show();
@@ -48,10 +59,20 @@ private:
     int edit();
     int remove();
 
+    struct OpenVault
+    {
+        Profile profile;
+        QList<Entry> entries;
+        int index = -1; // of the entry named on the command line
+    };
+
     // The profile named by --profile, or the one the login offers; its password asked if it has one.
     std::optional<Profile> openProfile();
-    // The entries as the program's load reads them; the file is not changed.
-    std::optional<QList<Entry>> readEntries(const Profile& profile);
+    // The profile's entries as the program's load reads them; the file is not changed.
+    std::optional<OpenVault> openVault();
+    // The same, with the last entry of the title given first on the command line (the program's
+    // lookup); refused when there is none.
+    std::optional<OpenVault> openEntry();
     // The program's save of these entries, refused while the program runs.
     int writeEntries(const Profile& profile, QList<Entry> entries, const QString& changedTitle);
     // Field options given on the command line, written into the entry.
