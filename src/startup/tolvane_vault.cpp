@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// tolvane-vault: a vault file in and out without the window, through the program's own code.
+// tolvane-vault: the vaults without the window, through the program's own code: a vault file in and out
+// (dump, save, unwrap, rescue) here, the commands on a profile of the data tree in ProfileCommands.
 #include "platform/CodePage.h"
 #include "platform/Files.h"
 #include "platform/Paths.h"
