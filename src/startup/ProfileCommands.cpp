@@ -192,8 +192,13 @@ Options of the profile commands:
   --letters, --digits, --mixed
                           generate: letters a to y, digits 0 to 8, or both (default)
   --length N              generate: 4 to 15 characters (default 5)
-  --user TEXT, --password TEXT, --passphrase TEXT, --url TEXT, --document TEXT,
-  --note TEXT             add, edit: the field's new value
+  --user TEXT             add, edit: the user name
+  --password TEXT         add, edit: the password (seen by other users' process lists;
+                          --ask-password is safer)
+  --passphrase TEXT       add, edit: the pass phrase
+  --url TEXT              add, edit: the web address
+  --document TEXT         add, edit: the path of a document
+  --note TEXT             add, edit: the note
   --ask-password          add, edit: the password typed without echo
   --generate              add, edit: a password from the generator (--length, --letters...)
 FIELD is one of title, user, passphrase, password, url, document, note.
@@ -219,10 +224,6 @@ int ProfileCommands::run()
 {
     if (!parseError.isEmpty())
         return usageError(parseError);
-    if (flag("help")) {
-        std::fputs(Usage(), stdout);
-        return 0;
-    }
     const Verb* verb = verbNamed(command);
     if (positional.size() < verb->fewest || positional.size() > verb->most)
         return usageError(QStringLiteral("%1: wrong number of arguments").arg(command));
@@ -393,6 +394,8 @@ int ProfileCommands::clip()
     const int seconds = option("seconds").value_or(QStringLiteral("10")).toInt(&ok);
     if (!ok || seconds < 1)
         return refuse(QStringLiteral("--seconds takes a whole number of seconds, 1 or more"));
+    if (!qobject_cast<QGuiApplication*>(QCoreApplication::instance()))
+        return refuse(QStringLiteral("clip needs a desktop session's clipboard, and there is no display"));
     const std::optional<OpenVault> vault = openEntry();
     if (!vault)
         return 1;
@@ -457,8 +460,9 @@ bool ProfileCommands::applyFieldOptions(Entry& entry)
             continue;
         entry.*f.member = Stored(*value);
         if (Shown(entry.*f.member) != *value)
-            warn(QStringLiteral("the %1 holds characters that the files' code page lacks: they become \"?\"")
-                     .arg(QLatin1String(f.name)));
+            warn(QStringLiteral(
+                "the %1 of \"%2\" holds characters that the files' code page lacks: it is kept as \"%3\"")
+                     .arg(QLatin1String(f.name), Shown(entry.title), Shown(entry.*f.member)));
     }
     if (flag("ask-password")) {
         const std::optional<QString> typed = platform::ReadSecretLine(QStringLiteral("New password: "));
@@ -542,6 +546,12 @@ int ProfileCommands::add()
 
 int ProfileCommands::edit()
 {
+    // Every save escapes escaped values once more: a write that changes nothing is no write.
+    const bool anyField = std::any_of(std::begin(fields) + 1, std::end(fields),
+                              [this](const Field& f) { return options.contains(QLatin1String(f.name)); })
+        || flag("ask-password") || flag("generate");
+    if (!anyField)
+        return usageError(QStringLiteral("edit: give at least one field to change"));
     if (programRuns())
         return 1;
     std::optional<OpenVault> vault = openEntry();

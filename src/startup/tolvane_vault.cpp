@@ -40,9 +40,11 @@ survives a dump and a save unchanged.
 Only regular files are read and written, and none larger than any vault (1 MiB).
 
 Options:
-  -h, --help     print this help and end
+  -h, --help     print this help and end (also after any command)
   --version      print the version and end
+)";
 
+const char* exitCodes = R"(
 Exit codes: 0 done, 1 refused or bad input (a wrong password, a write while the program
 runs, a missing or unreadable file, bad JSON, a vault too large), 2 usage.
 )";
@@ -143,6 +145,7 @@ void printUsage(FILE* stream)
     std::fputs(usage, stream);
     std::fputs("\n", stream);
     std::fputs(ProfileCommands::Usage(), stream);
+    std::fputs(exitCodes, stream);
 }
 
 } // namespace
@@ -150,25 +153,23 @@ void printUsage(FILE* stream)
 int main(int argc, char* argv[])
 {
     const QString command = commandOf(argc, argv);
+    // The desktop's clipboard needs a GUI application, which aborts without a display; without
+    // one, clip checks its arguments and then says so.
+    const bool display = !qEnvironmentVariableIsEmpty("DISPLAY") || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")
+        || !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
     std::unique_ptr<QCoreApplication> app;
-    if (ProfileCommands::NeedsClipboard(command)) {
-        // The desktop's clipboard needs the desktop: without one, a GUI application would abort.
-        if (qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")
-            && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
-            std::fputs("tolvane-vault: clip needs a desktop session's clipboard, and there is no display\n", stderr);
-            return 1;
-        }
+    if (ProfileCommands::NeedsClipboard(command) && display)
         app = std::make_unique<QGuiApplication>(argc, argv);
-    } else {
+    else
         app = std::make_unique<QCoreApplication>(argc, argv);
-    }
     const QStringList args = QCoreApplication::arguments().mid(1);
-    if (ProfileCommands::Handles(command))
-        return ProfileCommands(args).run();
+    // --help on any command: the whole help, exit codes included.
     if (args.contains(QStringLiteral("--help")) || args.contains(QStringLiteral("-h"))) {
         printUsage(stdout);
         return 0;
     }
+    if (ProfileCommands::Handles(command))
+        return ProfileCommands(args).run();
     if (args.contains(QStringLiteral("--version"))) {
         std::puts("tolvane-vault " TOLVANE_VERSION);
         return 0;

@@ -170,6 +170,8 @@ private Q_SLOTS:
         const Run nobody = tool({ u"ls"_s, u"--profile"_s, u"Nobody"_s });
         QVERIFY2(nobody.code == 1 && nobody.err.contains("no profile \"Nobody\""), nobody.err);
         QCOMPARE(tool({ u"ls"_s, u"--frobnicate"_s }).code, 2);
+        QCOMPARE(tool({ u"edit"_s, u"Mail"_s }, "s3cret\n").code, 2); // nothing to change: no save, no new layer
+        QVERIFY(tool({ u"show"_s, u"--help"_s }).out.contains("Exit codes: 0 done"));
         QCOMPARE(tool({ u"generate"_s, u"--length=16"_s }).code, 1);
         toolPath = QStringLiteral(TOLVANE_BUILT_PROGRAM_DIR "/tolvane-vault");
     }
