@@ -283,7 +283,7 @@ std::optional<ProfileCommands::OpenVault> ProfileCommands::openVault()
         return std::nullopt;
     QByteArray bytes;
     // Nothing a vault can be is larger; a missing file is an empty vault, as the load makes it.
-    const platform::ReadOutcome read = platform::ReadFileBounded(profile->vault, 1024 * 1024, bytes);
+    const platform::ReadOutcome read = platform::ReadFileBounded(profile->vault, LargestVaultFile, bytes);
     if (read != platform::ReadOutcome::Read && read != platform::ReadOutcome::Missing) {
         refuse(QStringLiteral("can't read the vault of profile \"%1\"").arg(profile->name));
         return std::nullopt;

@@ -84,9 +84,6 @@ QString pathArgument(const QString& given)
     return platform::ToWindows(QDir::current().absoluteFilePath(given));
 }
 
-// The program never writes a vault file of more than 32,770 bytes; this leaves room for files
-// of other makings and still stops at once on anything that is no vault.
-constexpr qint64 largestFile = 1024 * 1024;
 // A JSON vault on standard input: every byte of a full vault escaped six times over, and more.
 constexpr qint64 largestInput = 4 * 1024 * 1024;
 
@@ -105,7 +102,7 @@ QString unreadable(platform::ReadOutcome outcome, const QString& given)
     case platform::ReadOutcome::TooLarge:
         return QStringLiteral("%1 is larger than %2 bytes, more than any vault file: it was not read")
             .arg(given)
-            .arg(largestFile);
+            .arg(LargestVaultFile);
     case platform::ReadOutcome::Read:
     case platform::ReadOutcome::Failed:
         break;
@@ -227,7 +224,7 @@ int main(int argc, char* argv[])
         return 2;
     }
     QByteArray bytes;
-    const platform::ReadOutcome read = platform::ReadFileBounded(path, largestFile, bytes);
+    const platform::ReadOutcome read = platform::ReadFileBounded(path, LargestVaultFile, bytes);
     if (read != platform::ReadOutcome::Read)
         return fail(unreadable(read, args.at(1)));
     const QByteArray inner = LayerOff(bytes);

@@ -18,6 +18,10 @@ using Yield = std::function<void()>;
 // the file must stay within 32,767 bytes: the text within 32,764.
 constexpr qsizetype MaxVaultText = 32764;
 constexpr qsizetype MaxWalkLength = 32767;
+// What the tools read of a file at the most: the program never writes a vault of more than
+// 32,770 bytes, and this leaves room for files of other makings while stopping at once on
+// anything that is no vault.
+constexpr qint64 LargestVaultFile = 1024 * 1024;
 
 // Adds `step` to the little-endian signed 32-bit value at each p from 1 to upper, ascending.
 // Bytes past the end read as 0 and a write past the end extends the bytes; a step whose sum
