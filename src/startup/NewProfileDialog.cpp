@@ -57,17 +57,38 @@ void NewProfileDialog::load()
     cancelButton->setText(Lang(147));
 }
 
+namespace {
+
+// A name is the last component of its folder's path under the data folder: one that names a
+// folder already there in any spelling ("administrator" for Administrator, since paths are
+// looked up without regard to case), the data folder itself, or another place by a separator
+// or "..", would write its keys into another profile's settings.txt, or beside the data tree.
+bool nameTaken(const QString& name, const ListControl& names)
+{
+    if (name.isEmpty() || name == QLatin1String(".") || name == QLatin1String("..") || name.contains(QLatin1Char('\\'))
+        || name.contains(QLatin1Char('/')))
+        return true;
+    for (int i = 0; i < names.ListCount(); ++i) {
+        if (names.List(i).compare(name, Qt::CaseInsensitive) == 0)
+            return true;
+    }
+    const QString path = DataFolder() + name;
+    QString file;
+    platform::Dir(path, file);
+    return platform::FolderExists(path) || !file.isEmpty();
+}
+
+} // namespace
+
 void NewProfileDialog::addProfile()
 {
-    // Nothing here is checked but the name being listed already, and nothing is caught.
+    // Nothing else is checked, and nothing is caught.
     // The name goes into files in the code page and names a folder: both must see the same
     // name, so it is taken through the code page here, once ("Łukasz" is "?ukasz" under 1252).
     const QString name = platform::ThroughCodePage(nameBox->text());
-    for (int i = 0; i < names.ListCount(); ++i) {
-        if (names.List(i) == name) {
-            platform::MsgBox(Lang(249), platform::MB_ICONERROR);
-            return;
-        }
+    if (nameTaken(name, names)) {
+        platform::MsgBox(Lang(249), platform::MB_ICONERROR);
+        return;
     }
     names.AddItem(name);
     MakeDirTree(DataFolder() + name);

@@ -13,6 +13,8 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+#include <limits>
+
 void PasswordReminderDialog::Open(QWidget* owner, const QString& profile)
 {
     Instance(owner, profile)->show();
@@ -32,6 +34,7 @@ PasswordReminderDialog::PasswordReminderDialog(QWidget* owner, const QString& se
     question = Placed(new QLabel(this), "question", 1980, 1005, 2820, 285);
     answerCaption = Placed(new QLabel(this), "answerCaption", 120, 1485, 1800, 285);
     answerBox = Placed(new QLineEdit(this), "answerBox", 1980, 1440, 2820, 330);
+    answerBox->setMaxLength(std::numeric_limits<int>::max()); // an answer is compared whole
     answerCaption->setBuddy(answerBox);
     goOnButton = Placed(new QPushButton(this), "goOnButton", 2280, 2100, 1200, 375);
     goOnButton->setDefault(true);

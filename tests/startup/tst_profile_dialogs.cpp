@@ -79,16 +79,11 @@ private Q_SLOTS:
         QCOMPARE(run.config(Keys::current), u"Administrator"_s);
         QCOMPARE(logIn(run, u"Bob"_s, u"pw=1"_s), QStringList { u"64|Tolvane|"_s + Lang(185) });
 
-        // The same name again is refused; another case is another name but the same folder
-        // (names are looked up without regard to case): Bob's values are overwritten.
+        // The same name again is refused.
         settings = usersPage(run);
         run.boxes.shown.clear();
         addProfile(settings, { u"Bob"_s });
         QCOMPARE(run.boxes.all(), QStringList { u"16|Tolvane|"_s + Lang(249) });
-        addProfile(settings, { u"bob"_s, QString() });
-        QCOMPARE(ui::rows(settings, Lang(309)).size(), 3);
-        QVERIFY(!QFileInfo::exists(run.data(u"bob"_s)));
-        QCOMPARE(logIn(run, u"Bob"_s, QString()), QStringList { u"no prompt"_s });
 
         // A name outside the code page is the same in the files and as the folder.
         QCOMPARE(platform::CodePageNumber(), 1252); // the tests' locale
@@ -100,6 +95,31 @@ private Q_SLOTS:
         ui::click(settings, Lang(318)); // the default: the next start offers it and opens it
         QCOMPARE(logIn(run, u"?ukasz"_s, QString()), QStringList { u"no prompt"_s });
         QCOMPARE(run.config(Keys::current), u"?ukasz"_s);
+    }
+
+    // A profile without rights must not reach another profile's folder, nor leave the data
+    // folder, by the name it gives a new profile.
+    void aNameThatNamesAnotherFolderIsRefused()
+    {
+        ProgramRun run;
+        run.provision({ u"Guest"_s });
+        run.setIni(u"Administrator/settings.txt"_s, Keys::settings, Keys::password, MD5Hex(u"secret"_s));
+        const QByteArray administrator = run.world.read(u"appdata/Brenmark/Tolvane/data/Administrator/settings.txt"_s);
+        run.setConfig(Keys::defaultProfile, u"Guest"_s);
+        run.start();
+        QWidget* settings = usersPage(run);
+        run.boxes.shown.clear();
+        const QStringList names { u"administrator"_s, u"ADMINISTRATOR"_s, u"Guest\\..\\Administrator"_s,
+            u"..\\..\\..\\..\\ESCAPED"_s, QString(), u"."_s, u".."_s, u"a/b"_s, u"USERS.TXT"_s };
+        for (const QString& name : names)
+            addProfile(settings, { name, QString(), u"q"_s });
+        QCOMPARE(run.boxes.all(), QStringList(names.size(), u"16|Tolvane|"_s + Lang(249)));
+        QCOMPARE(run.users(), QByteArray("Administrator\r\nGuest\r\n"));
+        QCOMPARE(run.world.read(u"appdata/Brenmark/Tolvane/data/Administrator/settings.txt"_s), administrator);
+        QCOMPARE(QDir(run.data(QString())).entryList(QDir::AllEntries | QDir::NoDotAndDotDot, QDir::Name),
+            (QStringList { u"Administrator"_s, u"Guest"_s, u"config.txt"_s, u"users.txt"_s }));
+        QCOMPARE(QDir(run.data(u".."_s)).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList { u"data"_s });
+        QVERIFY(!QFileInfo::exists(run.world.path(u"ESCAPED"_s))); // four levels up: the world itself
     }
 
     void aChangedPasswordLetsTheLoginInAndTheReminderShowsItsDigest()
@@ -123,10 +143,12 @@ private Q_SLOTS:
         ui::click(change, Lang(261));
         QCOMPARE(run.boxes.last(), u"64|Tolvane|"_s + Lang(257));
         ui::type(change, Lang(262), u"old"_s, true);
-        ui::type(change, Lang(263), u"new"_s);
+        // However long: a password cut by the box would be refused at the login.
+        const QString fresh = u"n"_s + QString(39999, QChar(0xE9));
+        ui::type(change, Lang(263), fresh);
         ui::click(change, Lang(261));
         QCOMPARE(run.boxes.last(), u"64|Tolvane|"_s + Lang(258));
-        QCOMPARE(stored(run, u"Dora"_s, Keys::password), MD5Hex(u"new"_s));
+        QCOMPARE(stored(run, u"Dora"_s, Keys::password), MD5Hex(fresh));
         QCOMPARE(stored(run, u"Dora"_s, Keys::answer), MD5Hex(QString()));
 
         // The reminder: wrong answers as often as wanted; the right one (empty, after the
@@ -139,9 +161,9 @@ private Q_SLOTS:
         QCOMPARE(run.boxes.last(), u"0|Tolvane|"_s + Lang(265));
         ui::type(remind, Lang(269), QString(), true);
         ui::click(remind, Lang(270));
-        QCOMPARE(run.boxes.last(), u"0|Tolvane|%1 %2"_s.arg(Lang(264), MD5Hex(u"new"_s)));
+        QCOMPARE(run.boxes.last(), u"0|Tolvane|%1 %2"_s.arg(Lang(264), MD5Hex(fresh)));
         QVERIFY(!PasswordReminderDialog::Loaded());
-        QCOMPARE(logIn(run, u"Dora"_s, u"new"_s), QStringList { u"opened Dora"_s });
+        QCOMPARE(logIn(run, u"Dora"_s, fresh), QStringList { u"opened Dora"_s });
     }
 
     void anEmptyStoredPasswordCanNeverBeChanged()
