@@ -51,6 +51,10 @@ ReadOutcome ReadFileBounded(const QString& path, qint64 limit, QByteArray& bytes
 // Leftovers of saves that were killed midway are removed from the folder on the way.
 bool WriteFileAtomic(const QString& path, const QByteArray& bytes);
 
+// As WriteFileAtomic, for a file of the program's own outside its trees (the registry store):
+// a link in the file's place is refused like a folder or a pipe, never followed.
+bool WriteOwnFileAtomic(const QString& path, const QByteArray& bytes);
+
 // Removes what saves of the file's folder left behind when they were killed midway (their
 // temporary files, which name a process that no longer runs).
 void RemoveSaveLeftovers(const QString& path);

@@ -41,8 +41,22 @@ long RegDeleteKeyA(HKEY key, const QString& subKey);
 long RegEnumKeyA(HKEY key, int index, QString& name);
 long RegCloseKey(HKEY key);
 
-// Whether the hive's store has been made yet: on a new user account it has not, and nothing of
-// the program has been written there.
+// What the hive's store was when this run first looked at it. Missing: a new user account,
+// nothing of the program was ever written there. Damaged: read, but cut short, empty, or with
+// lines that are not the store's (those are kept as they are at the next write). Unreadable:
+// no regular file (a folder, a pipe, a device, a link to nothing), more than 1 MiB, or no
+// rights; such a store is never written, so that nothing in it is lost.
+enum class RegistryStore
+{
+    Missing,
+    Read,
+    Damaged,
+    Unreadable,
+};
+RegistryStore RegistryStoreAtStart(HKEY hive);
+// Whether the hive's store was there at the start of this run.
 bool RegistryStoreExists(HKEY hive);
+// Tests: the next look at each store counts as the first of a new run.
+void LookAtRegistryStoresAnew();
 
 } // namespace platform

@@ -106,10 +106,15 @@ void LoginDialog::load()
     logInButton->setText(Lang(191));
     cancelButton->setText(Lang(147));
 
-    // The one-time reset: from then on Administrator has no password until one is written.
+    // The one-time reset: from then on Administrator has no password until one is written. A
+    // store that this run found damaged or could not read says nothing about SP1, and one that
+    // can't keep it would reset at every start: both leave the password alone.
     if (GetProgramSetting(QStringLiteral("SP1")) != QLatin1String("1")) {
         SaveProgramSetting(QStringLiteral("SP1"), QStringLiteral("1"));
-        platform::Kill(DataFolder() + QStringLiteral("Administrator\\settings.txt"));
+        const platform::RegistryStore found = platform::RegistryStoreAtStart(platform::HKEY_CURRENT_USER);
+        if ((found == platform::RegistryStore::Missing || found == platform::RegistryStore::Read)
+            && GetProgramSetting(QStringLiteral("SP1")) == QLatin1String("1"))
+            platform::Kill(DataFolder() + QStringLiteral("Administrator\\settings.txt"));
     }
 
     ComboList list(profileList);

@@ -2,6 +2,8 @@
 #include "TestWorld.h"
 #include "services/RegistryLayer.h"
 
+#include <sys/stat.h>
+
 using namespace Qt::StringLiterals;
 using namespace platform;
 
@@ -39,6 +41,52 @@ private Q_SLOTS:
         qputenv("TOLVANE_REGISTRY_MACHINE", "/dev/null/registry");
         QVERIFY(RegSetValue({}, {}, u"v"_s, u"Deutsch"_s, HKEY_LOCAL_MACHINE, u"SOFTWARE"_s));
         QCOMPARE(RegGetValue({}, {}, u"v"_s, u"none"_s, HKEY_LOCAL_MACHINE, u"SOFTWARE"_s).toString(), u"none"_s);
+    }
+
+    // The store is written by a rename from beside it, never through what stands in its place,
+    // and never when it could not be read: what it holds is kept.
+    void theStoreIsNeverWrittenThroughOrOverWhatItCantRead()
+    {
+        TestWorld world;
+        const QString store = world.path(u"registry/HKEY_CURRENT_USER.reg"_s);
+        const mode_t oldMask = ::umask(0);
+        SaveProgramSetting(u"curLang"_s, u"Polish"_s);
+        ::umask(oldMask);
+        struct stat made
+        {
+        };
+        QCOMPARE(::stat(QFile::encodeName(store).constData(), &made), 0);
+        QCOMPARE(made.st_mode & 0777, 0600u);
+
+        // Lines it can't understand stay as they are.
+        world.write(
+            u"registry/HKEY_CURRENT_USER.reg"_s, world.read(u"registry/HKEY_CURRENT_USER.reg"_s) + "# a note\n");
+        SaveProgramSetting(u"SP1"_s, u"1"_s);
+        QVERIFY(world.read(u"registry/HKEY_CURRENT_USER.reg"_s).endsWith("# a note\n"));
+        QCOMPARE(GetProgramSetting(u"SP1"_s) + GetProgramSetting(u"curLang"_s), u"1Polish"_s);
+
+        // Too large to be the store: not read, not replaced.
+        const QByteArray large
+            = world.read(u"registry/HKEY_CURRENT_USER.reg"_s) + "K\t" + QByteArray(1 << 20, 'k') + '\n';
+        world.write(u"registry/HKEY_CURRENT_USER.reg"_s, large);
+        SaveProgramSetting(u"SP1"_s, u"2"_s);
+        QCOMPARE(GetProgramSetting(u"curLang"_s), QString());
+        QVERIFY(world.read(u"registry/HKEY_CURRENT_USER.reg"_s) == large);
+
+        // A link in its place is refused, and what it names stays as it was.
+        world.write(u"elsewhere"_s, "mine\n");
+        QFile::remove(store);
+        QVERIFY(QFile::link(world.path(u"elsewhere"_s), store));
+        SaveProgramSetting(u"curLang"_s, u"English"_s);
+        QCOMPARE(world.read(u"elsewhere"_s), QByteArray("mine\n"));
+        QVERIFY(QFileInfo(store).isSymLink());
+
+        // A pipe in its place: refused at once, not waited on.
+        QFile::remove(store);
+        QCOMPARE(::mkfifo(QFile::encodeName(store).constData(), 0600), 0);
+        SaveProgramSetting(u"curLang"_s, u"English"_s);
+        QCOMPARE(GetProgramSetting(u"curLang"_s), QString());
+        QVERIFY(!QFileInfo(store).isFile());
     }
 };
 

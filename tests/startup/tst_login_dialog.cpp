@@ -6,6 +6,8 @@
 
 #include <QComboBox>
 
+#include <sys/stat.h>
+
 class tst_login_dialog : public QObject
 {
     Q_OBJECT
@@ -82,6 +84,37 @@ private Q_SLOTS:
         run.close();
         setPassword(run, u"Administrator"_s, u"new"_s);
         QVERIFY(!run.start() && run.login());
+    }
+
+    // A store that is there but can't be trusted does not say the reset is due: cut short,
+    // garbage, zeros, empty, or something else in its place.
+    void aDamagedRegistryStoreLeavesTheAdministratorPasswordAlone()
+    {
+        ProgramRun run;
+        run.provision();
+        const QString store = run.world.path(u"registry/HKEY_CURRENT_USER.reg"_s);
+        const QByteArray whole = run.world.read(u"registry/HKEY_CURRENT_USER.reg"_s);
+        const QByteArray forms[] = { whole.left(whole.indexOf("\tSP1") + 3), "garbage\n\x01\x02\n",
+            QByteArray(64, '\0'), QByteArray(), "folder", "pipe" };
+        for (const QByteArray& form : forms) {
+            QFile::remove(store);
+            if (form == "folder")
+                QVERIFY(QDir().mkpath(store));
+            else if (form == "pipe")
+                QCOMPARE(::mkfifo(QFile::encodeName(store).constData(), 0600), 0);
+            else
+                run.world.write(u"registry/HKEY_CURRENT_USER.reg"_s, form);
+            platform::LookAtRegistryStoresAnew(); // a new run
+            setPassword(run, u"Administrator"_s, u"kept"_s);
+            QVERIFY2(!run.start() && run.login(), form.constData());
+            QTest::keyClick(ui::get(run.login(), Lang(190)), Qt::Key_Escape);
+            QDir(store).removeRecursively();
+        }
+        // A new machine, with no store at all, still clears it.
+        QFile::remove(store);
+        platform::LookAtRegistryStoresAnew();
+        QVERIFY(run.start());
+        QVERIFY(!QFile::exists(run.data(u"Administrator/settings.txt"_s)));
     }
 
     void preselectionRoutes()

@@ -208,7 +208,14 @@ void removeLeftovers(int folder)
 }
 
 // The write of WriteFileAtomic and FileCopy; errno tells a failure.
-bool replaceFile(const QString& native, const QByteArray& bytes, mode_t newMode, int depth = 0)
+enum class AtLink
+{
+    FollowOutsideTrees, // below a working folder a link is refused, elsewhere it is the user's own
+    Refuse,
+};
+
+bool replaceFile(const QString& native, const QByteArray& bytes, mode_t newMode,
+    AtLink atLink = AtLink::FollowOutsideTrees, int depth = 0)
 {
     // A write beyond the process's file size limit fails with EFBIG instead of ending the program.
     static const bool fileSizeSignalIgnored = [] { return ::signal(SIGXFSZ, SIG_IGN) != SIG_ERR; }();
@@ -223,13 +230,13 @@ bool replaceFile(const QString& native, const QByteArray& bytes, mode_t newMode,
     };
     const bool existed = statAt(parent, old);
     if (existed && S_ISLNK(old.st_mode)) {
-        if (parent.confined() || depth >= linkLimit) {
+        if (parent.confined() || atLink == AtLink::Refuse || depth >= linkLimit) {
             errno = ELOOP;
             return false;
         }
         // Outside the program's trees a link is the user's own: the file it names is written.
         const QString target = QFile::symLinkTarget(native);
-        return !target.isEmpty() && replaceFile(target, bytes, newMode, depth + 1);
+        return !target.isEmpty() && replaceFile(target, bytes, newMode, atLink, depth + 1);
     }
     if (existed && !S_ISREG(old.st_mode)) {
         errno = EISDIR;
@@ -241,8 +248,7 @@ bool replaceFile(const QString& native, const QByteArray& bytes, mode_t newMode,
         existed ? (old.st_mode & 07777) : newMode);
     if (fd < 0)
         return false;
-    if (existed)
-        ::fchmod(fd, old.st_mode & 07777);
+    ::fchmod(fd, existed ? (old.st_mode & 07777) : newMode); // a new file's mode, whatever the umask
     const qint64 room = diskSpaceHook() ? diskSpaceHook()(native) : -1;
     bool written = writeAll(fd, bytes, room) && ::fsync(fd) == 0;
     int saved = errno;
@@ -355,6 +361,12 @@ bool WriteFileAtomic(const QString& path, const QByteArray& bytes)
 {
     const QString native = nativeOf(path);
     return !native.isEmpty() && replaceFile(native, bytes, privateFile);
+}
+
+bool WriteOwnFileAtomic(const QString& path, const QByteArray& bytes)
+{
+    const QString native = nativeOf(path);
+    return !native.isEmpty() && replaceFile(native, bytes, privateFile, AtLink::Refuse);
 }
 
 void RemoveSaveLeftovers(const QString& path)

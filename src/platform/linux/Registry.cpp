@@ -2,18 +2,22 @@
 #include "platform/Registry.h"
 
 #include "platform/CodePage.h"
+#include "platform/Files.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QMap>
-#include <QSaveFile>
+
+#include <cctype>
+#include <sys/stat.h>
 
 namespace platform {
 namespace {
 
-// A store is a text file of lines "K\tpath" and "V\tpath\tname\ttype\thexdata", in the code
-// page. It is small, so each call reads it whole and each change writes it whole.
+// A store is a text file of lines "K\tpath" and "V\tpath\tname\ttype\thexdata", each ended by a
+// line feed, in the code page. It is small, so each call reads it whole and each change
+// writes it whole: to a file beside it, renamed over it, never through a link in its place.
 struct Value
 {
     QString name;
@@ -27,7 +31,15 @@ struct Key
     QMap<QString, Value> values; // by lower-case name
 };
 
-using Store = QMap<QString, Key>; // by lower-case path
+struct Store
+{
+    RegistryStore found = RegistryStore::Missing;
+    QMap<QString, Key> keys; // by lower-case path
+    QList<QByteArray> unread; // lines that could not be understood: written back as they were
+};
+
+// Far more than the program's few values: a larger file is not the program's store.
+constexpr qint64 storeLimit = 1024 * 1024;
 
 QString storeFolder(HKEY hive)
 {
@@ -70,45 +82,100 @@ QString storeFile(HKEY hive)
     return storeFolder(hive) + QLatin1Char('/') + hiveName(hive) + QStringLiteral(".reg");
 }
 
+// How each store was found at the first look of this run, by file.
+QMap<QString, RegistryStore>& storesAtStart()
+{
+    static QMap<QString, RegistryStore> found;
+    return found;
+}
+
+bool isHex(const QByteArray& text)
+{
+    if (text.size() % 2 != 0)
+        return false;
+    for (char c : text) {
+        if (!std::isxdigit(static_cast<uchar>(c)))
+            return false;
+    }
+    return true;
+}
+
+bool parseLine(const QByteArray& line, Store& store)
+{
+    const QList<QByteArray> fields = line.split('\t');
+    if (fields.size() == 2 && fields[0] == "K" && !fields[1].isEmpty()) {
+        const QString path = FromCodePage(fields[1]);
+        store.keys[path.toLower()].path = path;
+        return true;
+    }
+    bool typed = false;
+    const int type = fields.size() == 5 ? fields[3].toInt(&typed) : 0;
+    if (!typed || fields[0] != "V" || fields[1].isEmpty() || !isHex(fields[4]))
+        return false;
+    const QString path = FromCodePage(fields[1]);
+    Key& key = store.keys[path.toLower()];
+    if (key.path.isEmpty())
+        key.path = path;
+    const QString name = FromCodePage(fields[2]);
+    key.values[name.toLower()] = { name, type, QByteArray::fromHex(fields[4]) };
+    return true;
+}
+
 Store readStore(HKEY hive)
 {
     Store store;
-    QFile f(storeFile(hive));
-    if (!f.open(QIODevice::ReadOnly))
-        return store;
-    for (const QByteArray& raw : f.readAll().split('\n')) {
-        const QList<QByteArray> f2 = raw.split('\t');
-        if (f2.size() >= 2 && f2[0] == "K") {
-            const QString path = FromCodePage(f2[1]);
-            store[path.toLower()].path = path;
-        } else if (f2.size() >= 5 && f2[0] == "V") {
-            const QString path = FromCodePage(f2[1]);
-            Key& key = store[path.toLower()];
-            if (key.path.isEmpty())
-                key.path = path;
-            const QString name = FromCodePage(f2[2]);
-            key.values[name.toLower()] = { name, f2[3].toInt(), QByteArray::fromHex(f2[4]) };
+    const QString file = storeFile(hive);
+    QByteArray bytes;
+    switch (ReadFileBounded(file, storeLimit, bytes)) {
+    case ReadOutcome::Read: {
+        store.found = RegistryStore::Read;
+        QList<QByteArray> lines = bytes.split('\n');
+        // Every line the program writes has its end: text after the last one was cut short,
+        // and is kept as it is rather than taken for a value.
+        const QByteArray cut = lines.takeLast();
+        for (const QByteArray& line : std::as_const(lines)) {
+            if (!line.isEmpty() && !parseLine(line, store))
+                store.unread.append(line);
         }
+        if (!cut.isEmpty())
+            store.unread.append(cut);
+        if (!store.unread.isEmpty() || bytes.isEmpty())
+            store.found = RegistryStore::Damaged;
+        break;
     }
+    case ReadOutcome::Missing: {
+        // A link that names nothing is still something in the store's place.
+        struct stat info
+        {
+        };
+        store.found = ::lstat(QFile::encodeName(file).constData(), &info) == 0 ? RegistryStore::Unreadable
+                                                                               : RegistryStore::Missing;
+        break;
+    }
+    default:
+        store.found = RegistryStore::Unreadable;
+        break;
+    }
+    if (!storesAtStart().contains(file))
+        storesAtStart().insert(file, store.found);
     return store;
 }
 
 bool writeStore(HKEY hive, const Store& store)
 {
-    if (!QDir().mkpath(storeFolder(hive)))
+    // What could not be read is never replaced: the values in it would be lost.
+    if (store.found == RegistryStore::Unreadable || !QDir().mkpath(storeFolder(hive)))
         return false;
     QByteArray out;
-    for (const Key& key : store) {
+    for (const Key& key : store.keys) {
         out += "K\t" + ToCodePage(key.path) + '\n';
         for (const Value& v : key.values)
             out += "V\t" + ToCodePage(key.path) + '\t' + ToCodePage(v.name) + '\t' + QByteArray::number(v.type) + '\t'
                 + v.data.toHex() + '\n';
     }
-    QSaveFile f(storeFile(hive));
-    if (!f.open(QIODevice::WriteOnly))
-        return false;
-    f.write(out);
-    return f.commit();
+    for (const QByteArray& line : store.unread)
+        out += line + '\n';
+    return WriteOwnFileAtomic(storeFile(hive), out);
 }
 
 bool storeWritable(HKEY hive)
@@ -174,7 +241,7 @@ HKEY newHandle(const OpenKey& key)
     return next;
 }
 
-bool keyExists(const Store& store, const QString& path)
+bool keyExists(const QMap<QString, Key>& store, const QString& path)
 {
     if (path.isEmpty())
         return true;
@@ -188,7 +255,7 @@ bool keyExists(const Store& store, const QString& path)
     return false;
 }
 
-QStringList subkeys(const Store& store, const QString& path)
+QStringList subkeys(const QMap<QString, Key>& store, const QString& path)
 {
     QStringList names;
     const QString prefix = path.isEmpty() ? QString() : path.toLower() + QLatin1Char('\\');
@@ -214,7 +281,7 @@ long RegOpenKeyExA(HKEY hive, const QString& subKey, int, int, HKEY& result)
     if (!resolve(hive, base))
         return ERROR_INVALID_HANDLE;
     const QString path = join(base.path, subKey);
-    if (!keyExists(readStore(base.hive), path))
+    if (!keyExists(readStore(base.hive).keys, path))
         return ERROR_FILE_NOT_FOUND;
     result = newHandle({ base.hive, path });
     return ERROR_SUCCESS;
@@ -227,15 +294,15 @@ long RegCreateKeyExA(HKEY hive, const QString& subKey, int, HKEY& result)
         return ERROR_INVALID_HANDLE;
     const QString path = join(base.path, subKey);
     Store store = readStore(base.hive);
-    if (!keyExists(store, path)) {
+    if (!keyExists(store.keys, path)) {
         if (!storeWritable(base.hive))
             return ERROR_ACCESS_DENIED;
         // Every level of the path becomes a key of its own, as in the registry.
         const QStringList levels = path.split(QLatin1Char('\\'));
         for (qsizetype n = 1; n <= levels.size(); ++n) {
             const QString level = levels.mid(0, n).join(QLatin1Char('\\'));
-            if (!store.contains(level.toLower()))
-                store[level.toLower()].path = level;
+            if (!store.keys.contains(level.toLower()))
+                store.keys[level.toLower()].path = level;
         }
         if (!writeStore(base.hive, store))
             return ERROR_ACCESS_DENIED;
@@ -252,8 +319,8 @@ long RegQueryValueExA(HKEY key, const QString& valueName, int& type, QByteArray&
     if (!resolve(key, k))
         return ERROR_INVALID_HANDLE;
     const Store store = readStore(k.hive);
-    const auto keyIt = store.constFind(k.path.toLower());
-    if (keyIt == store.cend())
+    const auto keyIt = store.keys.constFind(k.path.toLower());
+    if (keyIt == store.keys.cend())
         return ERROR_FILE_NOT_FOUND;
     const auto it = keyIt->values.constFind(valueName.toLower());
     if (it == keyIt->values.cend())
@@ -271,7 +338,7 @@ long RegSetValueExA(HKEY key, const QString& valueName, int type, const QByteArr
     if (!storeWritable(k.hive))
         return ERROR_ACCESS_DENIED;
     Store store = readStore(k.hive);
-    Key& stored = store[k.path.toLower()];
+    Key& stored = store.keys[k.path.toLower()];
     if (stored.path.isEmpty())
         stored.path = k.path;
     stored.values[valueName.toLower()] = { valueName, type, data };
@@ -284,8 +351,8 @@ long RegDeleteValueA(HKEY key, const QString& valueName)
     if (!resolve(key, k))
         return ERROR_INVALID_HANDLE;
     Store store = readStore(k.hive);
-    auto keyIt = store.find(k.path.toLower());
-    if (keyIt == store.end() || !keyIt->values.remove(valueName.toLower()))
+    auto keyIt = store.keys.find(k.path.toLower());
+    if (keyIt == store.keys.end() || !keyIt->values.remove(valueName.toLower()))
         return ERROR_FILE_NOT_FOUND;
     return writeStore(k.hive, store) ? ERROR_SUCCESS : ERROR_ACCESS_DENIED;
 }
@@ -297,11 +364,11 @@ long RegDeleteKeyA(HKEY key, const QString& subKey)
         return ERROR_INVALID_HANDLE;
     const QString path = join(k.path, subKey);
     Store store = readStore(k.hive);
-    if (path.isEmpty() || !keyExists(store, path))
+    if (path.isEmpty() || !keyExists(store.keys, path))
         return ERROR_FILE_NOT_FOUND;
-    if (!subkeys(store, path).isEmpty())
+    if (!subkeys(store.keys, path).isEmpty())
         return ERROR_ACCESS_DENIED;
-    store.remove(path.toLower());
+    store.keys.remove(path.toLower());
     return writeStore(k.hive, store) ? ERROR_SUCCESS : ERROR_ACCESS_DENIED;
 }
 
@@ -310,7 +377,7 @@ long RegEnumKeyA(HKEY key, int index, QString& name)
     OpenKey k;
     if (!resolve(key, k))
         return ERROR_INVALID_HANDLE;
-    const QStringList names = subkeys(readStore(k.hive), k.path);
+    const QStringList names = subkeys(readStore(k.hive).keys, k.path);
     if (index < 0 || index >= names.size())
         return ERROR_NO_MORE_ITEMS;
     name = names.at(index);
@@ -319,7 +386,20 @@ long RegEnumKeyA(HKEY key, int index, QString& name)
 
 bool RegistryStoreExists(HKEY hive)
 {
-    return !hiveName(hive).isEmpty() && QFileInfo::exists(storeFile(hive));
+    return RegistryStoreAtStart(hive) != RegistryStore::Missing;
+}
+
+RegistryStore RegistryStoreAtStart(HKEY hive)
+{
+    if (hiveName(hive).isEmpty())
+        return RegistryStore::Missing;
+    const auto it = storesAtStart().constFind(storeFile(hive));
+    return it != storesAtStart().cend() ? it.value() : readStore(hive).found;
+}
+
+void LookAtRegistryStoresAnew()
+{
+    storesAtStart().clear();
 }
 
 long RegCloseKey(HKEY key)
