@@ -14,7 +14,13 @@ QString FromCodePage(const QByteArray& bytes);
 // The text as the code page keeps it: what a file will hold and give back.
 QString ThroughCodePage(const QString& text);
 
-// The code page in use, as its number (1250 or 1252). TOLVANE_CODEPAGE overrides the locale.
+// The code page in use, as its number (1250 or 1252).
 int CodePageNumber();
+// The code page the locale suggests (LC_ALL, LC_CTYPE, LANG): 1250 for Polish and its
+// neighbours, 1252 otherwise. It serves until UseCodePage is called.
+int LocaleCodePage();
+// Makes 1250 or 1252 the code page of every conversion from now on; TOLVANE_CODEPAGE, when it
+// names one, wins over it. Called once at start, before any text of a file is converted.
+void UseCodePage(int number);
 
 } // namespace platform

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "startup/InstallerLanguage.h"
 
+#include "platform/CodePage.h"
 #include "platform/Registry.h"
 #include "services/RegistryLayer.h"
 
@@ -23,6 +24,21 @@ void ChooseLanguageAsInstallerWould()
     // The language the desktop shows its menus in (LANGUAGE, LC_MESSAGES, LANG), as an
     // installer asks it.
     const QLocale desktop = QLocale::system();
-    SaveProgramSetting(
-        QStringLiteral("curLang"), InstallerLanguageFor(QLocale(desktop.uiLanguages().value(0, desktop.name()))));
+    const QString language = InstallerLanguageFor(QLocale(desktop.uiLanguages().value(0, desktop.name())));
+    SaveProgramSetting(QStringLiteral("curLang"), language);
+    // The code page goes with the language, as the system's did with the installer's choice.
+    SaveProgramSetting(QStringLiteral("codePage"),
+        language == QLatin1String("Polish") ? QStringLiteral("1250") : QStringLiteral("1252"));
+}
+
+void UseKeptCodePage(bool mayMakeStore)
+{
+    const QString kept = GetProgramSetting(QStringLiteral("codePage"));
+    int number = kept.toInt();
+    if (number != 1250 && number != 1252) {
+        number = platform::LocaleCodePage();
+        if (mayMakeStore || platform::RegistryStoreExists(platform::HKEY_CURRENT_USER))
+            SaveProgramSetting(QStringLiteral("codePage"), QString::number(number));
+    }
+    platform::UseCodePage(number);
 }

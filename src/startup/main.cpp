@@ -37,6 +37,7 @@ int main(int argc, char* argv[])
     platform::OnTerminationRequest(&VaultWindow::EndRun);
 
     ChooseLanguageAsInstallerWould();
+    UseKeptCodePage(true);
     SplashWindow::Start();
     return QApplication::exec();
 }

@@ -4,6 +4,7 @@
 #include "platform/CodePage.h"
 #include "platform/Files.h"
 #include "platform/Paths.h"
+#include "startup/InstallerLanguage.h"
 #include "startup/ProfileCommands.h"
 #include "storage/Base64Codec.h"
 #include "storage/VaultFile.h"
@@ -34,8 +35,8 @@ Commands on a vault file:
                  escapes undone, padding cut
 
 FILE is a list.dat or an exported .tvd file. JSON texts are the fields' bytes in the
-system's 8-bit code page (Windows-1250 or -1252, see TOLVANE_CODEPAGE), so every byte
-survives a dump and a save unchanged.
+program's 8-bit code page (Windows-1250 or -1252, chosen at its first start and kept;
+TOLVANE_CODEPAGE overrides it), so every byte survives a dump and a save unchanged.
 
 Only regular files are read and written, and none larger than any vault (1 MiB).
 
@@ -160,6 +161,7 @@ int main(int argc, char* argv[])
     else
         app = std::make_unique<QCoreApplication>(argc, argv);
     const QStringList args = QCoreApplication::arguments().mid(1);
+    UseKeptCodePage(false); // the program's, whatever the locale says
     // --help on any command: the whole help, exit codes included.
     if (args.contains(QStringLiteral("--help")) || args.contains(QStringLiteral("-h"))) {
         printUsage(stdout);
