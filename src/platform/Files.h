@@ -69,8 +69,9 @@ int ReadLines(const QString& path, QList<QByteArray>& lines);
 // parent is missing.
 int MkDir(const QString& path);
 
-// Copy a file over any existing target. ErrFileNotFound for a missing source.
-int FileCopy(const QString& source, const QString& target);
+// Copy a file over any existing target. ErrFileNotFound for a missing source; ErrPathFileAccess,
+// with nothing written, for a source larger than `limit` bytes (when one is given).
+int FileCopy(const QString& source, const QString& target, qint64 limit = -1);
 
 // Delete a file. A link is removed itself, never what it points to.
 int Kill(const QString& path);

@@ -439,7 +439,7 @@ int MkDir(const QString& path)
     return errno == EEXIST ? ErrPathFileAccess : errnoToError(errno);
 }
 
-int FileCopy(const QString& source, const QString& target)
+int FileCopy(const QString& source, const QString& target, qint64 limit)
 {
     if (driveMissing(source) || driveMissing(target))
         return ErrDiskNotReady;
@@ -458,8 +458,14 @@ int FileCopy(const QString& source, const QString& target)
     if (to.isEmpty() || !QFileInfo(QFileInfo(to).absolutePath()).isDir())
         return ErrPathNotFound;
     QByteArray bytes;
-    if (readAll(from, -1, bytes) != ReadOutcome::Read)
+    switch (readAll(from, limit, bytes)) {
+    case ReadOutcome::Read:
+        break;
+    case ReadOutcome::TooLarge:
+        return ErrPathFileAccess;
+    default:
         return ErrPermissionDenied;
+    }
     if (!replaceFile(to, bytes, (info.st_mode & S_IXUSR) ? privateProgram : privateFile))
         return errno == ENOSPC || errno == EFBIG ? ErrPathFileAccess : errnoToError(errno);
     return ErrNone;
