@@ -58,6 +58,10 @@ void RemoveSaveLeftovers(const QString& path);
 // Creates an empty file if none exists (the runtime's open for binary access does that).
 bool TouchFile(const QString& path);
 
+// Opens a file of the program's trees to hold a lock on it: made (0600) when missing, never
+// through a link below a working folder, only a regular file. The descriptor, or -1.
+int OpenLockFile(const QString& path);
+
 // Lines of a text file as the runtime's line input reads them (ends: CR LF, CR or LF).
 // Returns ErrNone, or the error number when the file can't be opened.
 int ReadLines(const QString& path, QList<QByteArray>& lines);

@@ -391,6 +391,26 @@ bool TouchFile(const QString& path)
     return S_ISREG(info.st_mode);
 }
 
+int OpenLockFile(const QString& path)
+{
+    const QString native = nativeOf(path);
+    if (native.isEmpty())
+        return -1;
+    const ParentFolder parent(native, workingFolders());
+    if (parent.fd() < 0)
+        return -1;
+    const int fd = ::openat(parent.fd(), parent.name().constData(),
+        O_RDWR | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC, privateFile);
+    struct stat info
+    {
+    };
+    if (fd >= 0 && (::fstat(fd, &info) != 0 || !S_ISREG(info.st_mode))) {
+        ::close(fd);
+        return -1;
+    }
+    return fd;
+}
+
 int ReadLines(const QString& path, QList<QByteArray>& lines)
 {
     const QString native = ToNative(path);
