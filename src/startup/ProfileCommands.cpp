@@ -202,8 +202,10 @@ Options of the profile commands:
   --ask-password          add, edit: the password typed without echo
   --generate              add, edit: a password from the generator (--length, --letters...)
 FIELD is one of title, user, passphrase, password, url, document, note.
-A write is refused while the program runs: it writes the vault when its window closes.
-Titles hold no line break or tab, and only letters of the files' code page.
+A write is refused while the program runs on the data tree (from its login on, whatever
+folder it was started from): it writes the vault when it ends. Writes of several tools at
+once wait for each other. Titles hold no line break or tab, and only letters of the files'
+code page.
 )";
 }
 
