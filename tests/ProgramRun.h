@@ -44,6 +44,7 @@ public:
         TrayHost::Unload();
         for (QWidget* w : QApplication::topLevelWidgets())
             w->hide();
+        platform::ReleaseTreeForRun(); // the end of the process lets the data tree go
         entryTable.clear();
         currentEntry = Entry();
         vaultDirty = false;

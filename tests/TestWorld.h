@@ -6,6 +6,7 @@
 #include "platform/MessageBox.h"
 #include "platform/Runtime.h"
 #include "platform/Shell.h"
+#include "platform/TreeLock.h"
 
 #include <QDir>
 #include <QFile>
@@ -81,7 +82,10 @@ public:
         // No test reaches the maker's server: the discard port refuses at once.
         qputenv("TOLVANE_SERVER_ADDRESS", "http://127.0.0.1:9");
         copyTree(QStringLiteral(TOLVANE_SOURCE_PROGRAM_DIR), path(QStringLiteral("program")));
-        platform::SetEndProcessHook([](int code) { throw ProcessEnded(code); });
+        platform::SetEndProcessHook([](int code) {
+            platform::ReleaseTreeForRun(); // as the end of a process lets its data tree go
+            throw ProcessEnded(code);
+        });
     }
     ~TestWorld() { platform::SetEndProcessHook({}); }
 

@@ -14,6 +14,9 @@ QString FromCodePage(const QByteArray& bytes);
 // The text as the code page keeps it: what a file will hold and give back.
 QString ThroughCodePage(const QString& text);
 
+// True when the code page has every character of the text, so that it comes back unchanged.
+bool CodePageHolds(const QString& text);
+
 // The code page in use, as its number (1250 or 1252).
 int CodePageNumber();
 // The code page the locale suggests (LC_ALL, LC_CTYPE, LANG): 1250 for Polish and its

@@ -62,6 +62,10 @@ void RemoveSaveLeftovers(const QString& path);
 // Creates an empty file if none exists (the runtime's open for binary access does that).
 bool TouchFile(const QString& path);
 
+// Opens a file of the program's trees to hold a lock on it: made (0600) when missing, never
+// through a link below a working folder, only a regular file. The descriptor, or -1.
+int OpenLockFile(const QString& path);
+
 // Lines of a text file as the runtime's line input reads them (ends: CR LF, CR or LF).
 // Returns ErrNone, or the error number when the file can't be opened.
 int ReadLines(const QString& path, QList<QByteArray>& lines);
@@ -73,8 +77,9 @@ int ReadLines(const QString& path, QList<QByteArray>& lines);
 // parent is missing.
 int MkDir(const QString& path);
 
-// Copy a file over any existing target. ErrFileNotFound for a missing source.
-int FileCopy(const QString& source, const QString& target);
+// Copy a file over any existing target. ErrFileNotFound for a missing source; ErrPathFileAccess,
+// with nothing written, for a source larger than `limit` bytes (when one is given).
+int FileCopy(const QString& source, const QString& target, qint64 limit = -1);
 
 // Delete a file. A link is removed itself, never what it points to.
 int Kill(const QString& path);

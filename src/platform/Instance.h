@@ -17,8 +17,4 @@ void AnnounceInstance();
 // failure of the test itself (no folder to use, a file that can't be read) is no copy.
 bool PrevInstance();
 
-// True if a copy of the program at this native path has made itself known and still runs: the
-// test another program (the command-line tool) makes before it writes what the program keeps.
-bool InstanceRunning(const QString& nativeExecutable);
-
 } // namespace platform

@@ -8,7 +8,12 @@
 
 namespace platform {
 
-// The prompt goes to the terminal's error stream. Nothing when the input has ended.
-std::optional<QString> ReadSecretLine(const QString& prompt);
+// The longest line read: far more than any password typed or pasted, and a bound on what an
+// endless input (a device, a stuck pipe) can make the reader keep.
+constexpr qsizetype LongestSecretLine = 1024 * 1024;
+
+// The prompt goes to the terminal's error stream. Nothing when the input has ended, or when the
+// line goes on past LongestSecretLine (then `tooLong`, if given, is set).
+std::optional<QString> ReadSecretLine(const QString& prompt, bool* tooLong = nullptr);
 
 } // namespace platform

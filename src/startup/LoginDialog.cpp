@@ -3,7 +3,9 @@
 
 #include "platform/Files.h"
 #include "platform/MessageBox.h"
+#include "platform/Paths.h"
 #include "platform/Runtime.h"
+#include "platform/TreeLock.h"
 #include "platform/Twips.h"
 #include "services/LanguageTable.h"
 #include "services/ProgramPictures.h"
@@ -212,6 +214,16 @@ void LoginDialog::reject()
 
 void ShowLogin()
 {
+    // From the login on the data tree is this run's: the command-line tool writes nothing into it
+    // meanwhile, and a copy of the program started from another folder ends here as a second copy.
+    // A restart waits for the copy that started it to end.
+    if (!platform::FolderExists(DataFolder()))
+        MakeDirTree(DataFolder());
+    const int patience = platform::CommandLine() == QLatin1String("/restart") ? 15000 : 0;
+    if (platform::HoldTreeForRun(DataFolder(), patience) == platform::TreeLock::ProgramRuns) {
+        platform::MsgBox(Lang(101), platform::MB_ICONERROR);
+        platform::EndProcess(0);
+    }
     auto* login = new LoginDialog;
     login->load();
     if (!login->Unloaded())

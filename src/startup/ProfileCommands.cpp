@@ -2,8 +2,8 @@
 #include "startup/ProfileCommands.h"
 
 #include "platform/Clipboard.h"
+#include "platform/CodePage.h"
 #include "platform/Files.h"
-#include "platform/Instance.h"
 #include "platform/Paths.h"
 #include "platform/Runtime.h"
 #include "platform/Terminal.h"
@@ -202,7 +202,10 @@ Options of the profile commands:
   --ask-password          add, edit: the password typed without echo
   --generate              add, edit: a password from the generator (--length, --letters...)
 FIELD is one of title, user, passphrase, password, url, document, note.
-A write is refused while the program runs: it writes the vault when its window closes.
+A write is refused while the program runs on the data tree (from its login on, whatever
+folder it was started from): it writes the vault when it ends. Writes of several tools at
+once wait for each other. Titles hold no line break or tab, and only letters of the files'
+code page.
 )";
 }
 
@@ -227,6 +230,11 @@ int ProfileCommands::run()
     const Verb* verb = verbNamed(command);
     if (positional.size() < verb->fewest || positional.size() > verb->most)
         return usageError(QStringLiteral("%1: wrong number of arguments").arg(command));
+    // Every argument but search's text is a title.
+    if (!positional.isEmpty() && command != QLatin1String("search")) {
+        if (const QString fault = TitleFault(positional.at(0)); !fault.isEmpty())
+            return refuse(fault);
+    }
     DetectUsbMode();
     return (this->*verb->run)();
 }
@@ -234,11 +242,9 @@ int ProfileCommands::run()
 std::optional<ProfileCommands::Profile> ProfileCommands::openProfile()
 {
     QString name;
-    bool named = false;
     if (const std::optional<QString> given = option("profile")) {
         // A name goes through the code page once, as the program takes it where it is typed.
         name = Shown(Stored(*given));
-        named = true;
         if (!ProfileMarkerExists(name)) {
             refuse(QStringLiteral("there is no profile \"%1\"").arg(name));
             return std::nullopt;
@@ -258,14 +264,18 @@ std::optional<ProfileCommands::Profile> ProfileCommands::openProfile()
             return std::nullopt;
         }
         name = offer.profile;
-        named = offer.kind == LoginOffer::Kind::Offered;
     }
     const QString stored = StoredPassword(name);
-    // A profile without a password opens without asking, as the login opens the one it offers.
-    if (!(named && stored.isEmpty())) {
-        const std::optional<QString> typed = platform::ReadSecretLine(QStringLiteral("Password for %1: ").arg(name));
+    // A profile without a password opens without asking, as the login opens the one it offers,
+    // also when the default profile is lost and Administrator is offered.
+    if (!stored.isEmpty()) {
+        bool tooLong = false;
+        const std::optional<QString> typed
+            = platform::ReadSecretLine(QStringLiteral("Password for %1: ").arg(name), &tooLong);
         if (!typed) {
-            refuse(QStringLiteral("no password given for profile \"%1\"").arg(name));
+            refuse(tooLong
+                    ? QStringLiteral("the password line is longer than %1 bytes").arg(platform::LongestSecretLine)
+                    : QStringLiteral("no password given for profile \"%1\"").arg(name));
             return std::nullopt;
         }
         if (!PasswordOpens(stored, *typed)) {
@@ -276,11 +286,30 @@ std::optional<ProfileCommands::Profile> ProfileCommands::openProfile()
     return Profile { name, DataFolder() + name + QStringLiteral("\\list.dat") };
 }
 
-std::optional<ProfileCommands::OpenVault> ProfileCommands::openVault()
+std::optional<ProfileCommands::OpenVault> ProfileCommands::openVault(bool toWrite)
 {
     std::optional<Profile> profile = openProfile();
     if (!profile)
         return std::nullopt;
+    if (toWrite) {
+        if (!takeNewPassword())
+            return std::nullopt;
+        // Taken after the passwords, so that a tool waiting at its prompt holds nothing; held
+        // from the read to the write, so that no other writer's change falls between.
+        writeLock = std::make_unique<platform::TreeWriteLock>(DataFolder());
+        switch (writeLock->State()) {
+        case platform::TreeLock::Taken:
+            break;
+        case platform::TreeLock::ProgramRuns:
+            refuse(QStringLiteral("Tolvane is running: it writes the vault when it ends and would overwrite "
+                                  "this change. End it (File > Close) and try again; nothing was written"));
+            return std::nullopt;
+        case platform::TreeLock::Unavailable:
+            refuse(
+                QStringLiteral("can't lock the data tree of profile \"%1\"; nothing was written").arg(profile->name));
+            return std::nullopt;
+        }
+    }
     QByteArray bytes;
     // Nothing a vault can be is larger; a missing file is an empty vault, as the load makes it.
     const platform::ReadOutcome read = platform::ReadFileBounded(profile->vault, LargestVaultFile, bytes);
@@ -291,9 +320,9 @@ std::optional<ProfileCommands::OpenVault> ProfileCommands::openVault()
     return OpenVault { *profile, bytes.isEmpty() ? QList<Entry>() : ParseInnerText(LayerOff(bytes)) };
 }
 
-std::optional<ProfileCommands::OpenVault> ProfileCommands::openEntry()
+std::optional<ProfileCommands::OpenVault> ProfileCommands::openEntry(bool toWrite)
 {
-    std::optional<OpenVault> vault = openVault();
+    std::optional<OpenVault> vault = openVault(toWrite);
     if (!vault)
         return std::nullopt;
     vault->index = lastIndexOf(vault->entries, positional.at(0));
@@ -392,8 +421,8 @@ int ProfileCommands::clip()
         return usageError(QStringLiteral("no field \"%1\"").arg(fieldName));
     bool ok = true;
     const int seconds = option("seconds").value_or(QStringLiteral("10")).toInt(&ok);
-    if (!ok || seconds < 1)
-        return refuse(QStringLiteral("--seconds takes a whole number of seconds, 1 or more"));
+    if (!ok || seconds < 1 || seconds > 86400)
+        return usageError(QStringLiteral("--seconds takes a whole number of seconds, 1 to 86400 (a day)"));
     if (!qobject_cast<QGuiApplication*>(QCoreApplication::instance()))
         return refuse(QStringLiteral("clip needs a desktop session's clipboard, and there is no display"));
     const std::optional<OpenVault> vault = openEntry();
@@ -446,7 +475,7 @@ int ProfileCommands::generate()
     return 0;
 }
 
-bool ProfileCommands::applyFieldOptions(Entry& entry)
+bool ProfileCommands::takeNewPassword()
 {
     const int passwordSources
         = int(options.contains(QStringLiteral("password"))) + int(flag("ask-password")) + int(flag("generate"));
@@ -454,6 +483,27 @@ bool ProfileCommands::applyFieldOptions(Entry& entry)
         refuse(QStringLiteral("choose one of --password, --ask-password and --generate"));
         return false;
     }
+    if (flag("ask-password")) {
+        bool tooLong = false;
+        const std::optional<QString> typed = platform::ReadSecretLine(QStringLiteral("New password: "), &tooLong);
+        if (!typed) {
+            refuse(tooLong
+                    ? QStringLiteral("the password line is longer than %1 bytes").arg(platform::LongestSecretLine)
+                    : QStringLiteral("no password given"));
+            return false;
+        }
+        newPassword = *typed;
+    } else if (flag("generate")) {
+        newPassword = generatedPassword();
+        if (!newPassword)
+            return false;
+        std::fprintf(stderr, "Generated password: %s\n", newPassword->toLocal8Bit().constData());
+    }
+    return true;
+}
+
+void ProfileCommands::applyFieldOptions(Entry& entry)
+{
     for (const Field& f : fields) {
         const std::optional<QString> value = f.member == &Entry::title ? std::nullopt : option(f.name);
         if (!value)
@@ -464,21 +514,8 @@ bool ProfileCommands::applyFieldOptions(Entry& entry)
                 "the %1 of \"%2\" holds characters that the files' code page lacks: it is kept as \"%3\"")
                      .arg(QLatin1String(f.name), Shown(entry.title), Shown(entry.*f.member)));
     }
-    if (flag("ask-password")) {
-        const std::optional<QString> typed = platform::ReadSecretLine(QStringLiteral("New password: "));
-        if (!typed) {
-            refuse(QStringLiteral("no password given"));
-            return false;
-        }
-        entry.password = Stored(*typed);
-    } else if (flag("generate")) {
-        const std::optional<QString> generated = generatedPassword();
-        if (!generated)
-            return false;
-        entry.password = Stored(*generated);
-        std::fprintf(stderr, "Generated password: %s\n", generated->toLocal8Bit().constData());
-    }
-    return true;
+    if (newPassword)
+        entry.password = Stored(*newPassword);
 }
 
 int ProfileCommands::writeEntries(const Profile& profile, QList<Entry> entries, const QString& changedTitle)
@@ -508,29 +545,23 @@ int ProfileCommands::writeEntries(const Profile& profile, QList<Entry> entries, 
     return refuse(QStringLiteral("can't write the vault of profile \"%1\"; it is as it was").arg(profile.name));
 }
 
-namespace {
-
-// The program writes the vault when its window closes, over whatever the tool wrote meanwhile.
-bool programRuns()
+QString ProfileCommands::TitleFault(const QString& title)
 {
-    if (platform::InstanceRunning(platform::NativeProgramDir() + QStringLiteral("/tolvane"))) {
-        refuse(QStringLiteral("Tolvane is running: it writes the vault when it ends and would overwrite "
-                              "this change. End it (File > Close) and try again; nothing was written"));
-        return true;
-    }
-    return false;
+    if (title.contains(QLatin1Char('\r')) || title.contains(QLatin1Char('\n')) || title.contains(QLatin1Char('\t')))
+        return QStringLiteral("a title can't hold a line break or a tab");
+    if (!platform::CodePageHolds(title))
+        return QStringLiteral("the title \"%1\" holds letters that the files' code page (Windows-%2) can't hold")
+            .arg(title)
+            .arg(platform::CodePageNumber());
+    return QString();
 }
-
-} // namespace
 
 int ProfileCommands::add()
 {
     const QString title = Shown(Stored(positional.at(0)));
     if (title.isEmpty())
         return refuse(QStringLiteral("the title of the entry must not be empty"));
-    if (programRuns())
-        return 1;
-    std::optional<OpenVault> vault = openVault();
+    std::optional<OpenVault> vault = openVault(true);
     if (!vault)
         return 1;
     // The new-entry dialog refuses a title that stands as a row of the full list.
@@ -538,8 +569,7 @@ int ProfileCommands::add()
         return refuse(QStringLiteral("an entry titled \"%1\" is already in the list").arg(title));
     Entry entry;
     entry.title = Stored(title);
-    if (!applyFieldOptions(entry))
-        return 1;
+    applyFieldOptions(entry);
     vault->entries.append(entry);
     return writeEntries(vault->profile, vault->entries, title);
 }
@@ -552,19 +582,16 @@ int ProfileCommands::edit()
         || flag("ask-password") || flag("generate");
     if (!anyField)
         return usageError(QStringLiteral("edit: give at least one field to change"));
-    if (programRuns())
+    std::optional<OpenVault> vault = openEntry(true);
+    if (!vault)
         return 1;
-    std::optional<OpenVault> vault = openEntry();
-    if (!vault || !applyFieldOptions(vault->entries[vault->index]))
-        return 1;
+    applyFieldOptions(vault->entries[vault->index]);
     return writeEntries(vault->profile, vault->entries, positional.at(0));
 }
 
 int ProfileCommands::remove()
 {
-    if (programRuns())
-        return 1;
-    std::optional<OpenVault> vault = openEntry();
+    std::optional<OpenVault> vault = openEntry(true);
     if (!vault)
         return 1;
     vault->entries.removeAt(vault->index);

@@ -5,6 +5,7 @@
 // the search and its rows, the generator, the new-entry and save rules, and the save itself.
 // No window of the original has them; they stand beside the vault window so that the two never
 // disagree.
+#include "platform/TreeLock.h"
 #include "storage/Entry.h"
 
 #include <QHash>
@@ -13,6 +14,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <memory>
 #include <optional>
 
 class ProfileCommands
@@ -23,6 +25,20 @@ public:
 
     // The command: the first argument that is neither an option nor an option's value.
     const QString& Command() const { return command; }
+
+    // --help or -h given as an option (not as an option's value, not after "--").
+    bool HelpAsked() const { return flag("help"); }
+    // For the commands on a file: the arguments after the command, when nothing else was given.
+    std::optional<QStringList> PlainArguments() const
+    {
+        if (!parseError.isEmpty() || !flags.isEmpty() || !options.isEmpty())
+            return std::nullopt;
+        return positional;
+    }
+    // What is wrong with a title for the vault (a line break or a tab, which would make other
+    // sections of the file; a letter the files' code page can't hold, which would become another
+    // title); empty when nothing is.
+    static QString TitleFault(const QString& title);
 
     static bool Handles(const QString& command);
     // Whether the command needs the desktop's clipboard (and so a GUI application object).
@@ -68,15 +84,19 @@ private:
 
     // The profile named by --profile, or the one the login offers; its password asked if it has one.
     std::optional<Profile> openProfile();
-    // The profile's entries as the program's load reads them; the file is not changed.
-    std::optional<OpenVault> openVault();
+    // The profile's entries as the program's load reads them; the file is not changed. To write
+    // them back, the data tree's lock is taken first (after the password) and held until the
+    // command ends; refused while the program holds the tree.
+    std::optional<OpenVault> openVault(bool toWrite = false);
     // The same, with the last entry of the title given first on the command line (the program's
     // lookup); refused when there is none.
-    std::optional<OpenVault> openEntry();
+    std::optional<OpenVault> openEntry(bool toWrite = false);
     // The program's save of these entries, refused while the program runs.
     int writeEntries(const Profile& profile, QList<Entry> entries, const QString& changedTitle);
+    // The new password of --ask-password or --generate, asked before the vault is read.
+    bool takeNewPassword();
     // Field options given on the command line, written into the entry.
-    bool applyFieldOptions(Entry& entry);
+    void applyFieldOptions(Entry& entry);
     std::optional<QString> generatedPassword();
 
     // The list's rows in the list's own order.
@@ -92,4 +112,6 @@ private:
     QSet<QString> flags;
     QHash<QString, QString> options;
     QString parseError;
+    std::optional<QString> newPassword;
+    std::unique_ptr<platform::TreeWriteLock> writeLock;
 };

@@ -5,6 +5,8 @@
 #include "storage/Base64Codec.h"
 #include "storage/VaultText.h"
 
+#include <QHash>
+
 #include <limits>
 
 void Walk(QByteArray& bytes, qsizetype upper, qint32 step, const Yield& yield)
@@ -46,20 +48,36 @@ QList<Entry> ParseInnerText(const QByteArray& text)
     const TextLines lines = SplitTextLines(text);
     QList<QByteArray> sections;
     ListSections(sections, lines);
+    // Each section takes the keys of the first section line of its title, as a search from the
+    // top finds it. The first lines are found in one pass and each one's keys read once, so that
+    // a file of many sections, or of one title many times, reads in time linear in its size.
+    QHash<QByteArray, qsizetype> firstLine;
+    for (qsizetype i = lines.size() - 1; i >= 1; --i) {
+        if (lines.at(i).startsWith('['))
+            firstLine.insert(lines.at(i), i);
+    }
+    QHash<qsizetype, Entry> read;
     QList<Entry> entries;
+    entries.reserve(sections.size());
     for (qsizetype i = 1; i < sections.size(); ++i) {
-        Entry entry;
-        entry.title = sections.at(i);
-        const QList<QByteArray> keyLines = SectionLines(sections.at(i), lines);
-        for (qsizetype k = 1; k < keyLines.size(); ++k) {
-            const QByteArray key = keyName(keyLines.at(k));
-            const QByteArray value = KeyValue(keyLines.at(k));
-            QByteArray* field = EncodedField(entry, key);
-            if (field)
-                *field = Decode64(UnescapeValue(value));
-            else if (key == PictureKey.key)
-                entry.*PictureKey.field = UnescapeValue(value);
+        const qsizetype p = firstLine.value('[' + sections.at(i) + ']', 0);
+        auto found = read.find(p);
+        if (found == read.end()) {
+            Entry fields;
+            const QList<QByteArray> keyLines = SectionLinesAt(p, lines);
+            for (qsizetype k = 1; k < keyLines.size(); ++k) {
+                const QByteArray key = keyName(keyLines.at(k));
+                const QByteArray value = KeyValue(keyLines.at(k));
+                QByteArray* field = EncodedField(fields, key);
+                if (field)
+                    *field = Decode64(UnescapeValue(value));
+                else if (key == PictureKey.key)
+                    fields.*PictureKey.field = UnescapeValue(value);
+            }
+            found = read.insert(p, fields);
         }
+        Entry entry = *found;
+        entry.title = sections.at(i);
         entries.append(entry);
     }
     return entries;
@@ -88,7 +106,10 @@ VaultLoad LoadVault(const QString& path, const Yield& yield)
     platform::RemoveSaveLeftovers(path);
     platform::TouchFile(path);
     QByteArray file;
-    if (platform::FileLen(path) < 0 || !platform::ReadFileBytes(path, file))
+    // A file larger than any vault is no vault: it is not read (nor walked, which would keep the
+    // window waiting) and stays as it is, as if it could not be read.
+    if (platform::FileLen(path) < 0
+        || platform::ReadFileBounded(path, LargestVaultFile, file) != platform::ReadOutcome::Read)
         return result;
     result.read = true;
     // Past the walk's 16-bit limit the layer can't go back on as it came off: read the file
@@ -103,8 +124,11 @@ VaultLoad LoadVault(const QString& path, const Yield& yield)
 
 VaultSave SaveVault(const QString& path, QList<Entry>& entries, const Yield& yield)
 {
+    // Nor is such a file replaced: whatever it is, it is not the program's to overwrite.
+    if (platform::FileLen(path) > LargestVaultFile)
+        return VaultSave::WriteFailed;
     QByteArray old;
-    if (platform::ReadFileBytes(path, old) && old.size() <= MaxWalkLength + 3)
+    if (platform::ReadFileBounded(path, MaxWalkLength + 3, old) == platform::ReadOutcome::Read)
         LayerOff(old, yield); // its result has never been used; the walk only costs the time
     const QByteArray inner = ComposeInnerText(entries);
     if (inner.size() > MaxVaultText)

@@ -47,14 +47,15 @@ struct VaultLoad
 };
 
 // The load: the file comes into being if missing, the layer comes off, the entries are read,
-// the layer goes back on over the whole length (so the file grows by 3 bytes).
+// the layer goes back on over the whole length (so the file grows by 3 bytes). A file larger
+// than LargestVaultFile is not read and is left as it is.
 VaultLoad LoadVault(const QString& path, const Yield& yield = {});
 
 enum class VaultSave
 {
     Saved,
     TooLarge, // nothing written, the last file kept
-    WriteFailed // nothing written, the last file kept
+    WriteFailed // nothing written, the last file kept (also: a file larger than LargestVaultFile)
 };
 
 // The save: the old layer comes off for nothing (it always has), the file is written anew

@@ -50,9 +50,13 @@ int FindLine(const QByteArray& target, const TextLines& lines, int start)
 
 QList<QByteArray> SectionLines(const QByteArray& name, const TextLines& lines)
 {
+    return SectionLinesAt(FindLine('[' + name + ']', lines, 0), lines);
+}
+
+QList<QByteArray> SectionLinesAt(qsizetype p, const TextLines& lines)
+{
     QList<QByteArray> result { QByteArray() };
-    const int p = FindLine('[' + name + ']', lines, 0);
-    if (p == 0)
+    if (p <= 0)
         return result;
     for (qsizetype i = p + 1; i < lines.size(); ++i) {
         const QByteArray& line = lines.at(i);
@@ -83,12 +87,19 @@ QByteArray EscapeValue(QByteArray& text)
 QByteArray UnescapeValue(const QByteArray& text)
 {
     static const char table[] = { '&', '=', '[', ']', '\r', '\n', ' ', ';' };
-    QByteArray out = text;
-    qsizetype p = out.indexOf('&');
-    while (p >= 0) {
-        if (p + 1 < out.size() && out.at(p + 1) >= '0' && out.at(p + 1) <= '7')
-            out.replace(p, 2, QByteArray(1, table[out.at(p + 1) - '0']));
-        p = out.indexOf('&', p + 1);
+    // One pass: the search for the next "&" goes on behind the character an escape became, so
+    // that character is never read again.
+    QByteArray out;
+    out.reserve(text.size());
+    const qsizetype n = text.size();
+    for (qsizetype i = 0; i < n; ++i) {
+        const char c = text.at(i);
+        if (c == '&' && i + 1 < n && text.at(i + 1) >= '0' && text.at(i + 1) <= '7') {
+            out.append(table[text.at(i + 1) - '0']);
+            ++i;
+        } else {
+            out.append(c);
+        }
     }
     return out;
 }

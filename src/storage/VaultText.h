@@ -20,6 +20,8 @@ void ListSections(QList<QByteArray>& sections, const TextLines& lines);
 // The key=value lines of the section, element 0 empty; lines without "=" and lines beginning
 // with ";" are dropped, and a line beginning with "[" ends the section.
 QList<QByteArray> SectionLines(const QByteArray& name, const TextLines& lines);
+// The same for the section whose line is lines[p]; p 0 is no section.
+QList<QByteArray> SectionLinesAt(qsizetype p, const TextLines& lines);
 
 // Index of the first line at or after start equal to target, 0 if none.
 int FindLine(const QByteArray& target, const TextLines& lines, int start);

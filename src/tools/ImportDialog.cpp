@@ -10,6 +10,7 @@
 #include "services/TextBox.h"
 #include "storage/DataRoot.h"
 #include "storage/ProfileFiles.h"
+#include "storage/VaultFile.h"
 
 #include <QLabel>
 
@@ -45,9 +46,10 @@ void ImportDialog::importVault()
 {
     if (platform::MsgBox(Lang(181), platform::MB_JOINED_QUESTION) != platform::IDYES)
         return;
-    // Not read, not kept: the chosen file is the vault from now on.
-    const int error
-        = platform::FileCopy(parts.pathBox->Text(), DataFolder() + CurrentProfile() + QStringLiteral("\\list.dat"));
+    // Not read, not kept: the chosen file is the vault from now on. One larger than any vault,
+    // which the load would not read, is not copied: that copy fails.
+    const int error = platform::FileCopy(
+        parts.pathBox->Text(), DataFolder() + CurrentProfile() + QStringLiteral("\\list.dat"), LargestVaultFile);
     if (error != platform::ErrNone)
         platform::UnhandledError(error);
     WriteIni(Keys::user, Keys::switchTo, parts.profileName->text(), ConfigFile());

@@ -12,6 +12,7 @@
 #include <QJsonObject>
 #include <QProcess>
 
+#include <functional>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -28,15 +29,34 @@ struct Run
 // The tool as built, or the one of an installed copy of the program folder.
 QString toolPath = QStringLiteral(TOLVANE_BUILT_PROGRAM_DIR "/tolvane-vault");
 
-Run tool(const QStringList& args, const QByteArray& input = QByteArray())
+Run tool(
+    const QStringList& args, const QByteArray& input = QByteArray(), const std::function<void(QProcess&)>& setUp = {})
 {
     QProcess p;
+    if (setUp)
+        setUp(p);
     p.start(toolPath, args);
     p.waitForStarted();
     p.write(input);
     p.closeWriteChannel();
     const bool ended = p.waitForFinished(10000) && p.exitStatus() == QProcess::NormalExit;
     return { ended ? p.exitCode() : -1, p.readAllStandardOutput(), p.readAllStandardError() };
+}
+QStringList titles(const QList<Entry>& entries)
+{
+    QStringList all;
+    for (const Entry& e : entries)
+        all.append(QString::fromLatin1(e.title));
+    return all;
+}
+
+// A program's run as a process, on the test's data tree, its message boxes logged.
+void startProgram(QProcess& program, const QString& executable, const QString& log)
+{
+    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+    env.insert(u"TOLVANE_MSGBOX_LOG"_s, log);
+    program.setProcessEnvironment(env);
+    program.start(executable, {});
 }
 } // namespace
 
@@ -220,6 +240,133 @@ private Q_SLOTS:
         LoadLanguage();
         platform::UseCodePage(1252);
         QCOMPARE(Lang(201), QString::fromUtf8("Lista haseł:"));
+    }
+
+    // Writers of one data tree exclude each other through the tree's lock: tools among
+    // themselves, and any tool while a program holds the tree, whatever folder it runs from.
+    void writesTakeTheDataTreesLock()
+    {
+        ProgramRun run;
+        run.provision();
+        run.writeVault({ Entry { "Seed", {}, {}, {}, {}, {}, {}, {} } });
+        std::vector<std::unique_ptr<QProcess>> tools;
+        for (int i = 0; i < 10; ++i) {
+            tools.push_back(std::make_unique<QProcess>());
+            tools.back()->start(toolPath, { u"add"_s, u"T%1"_s.arg(i) });
+        }
+        QStringList done;
+        for (int i = 0; i < 10; ++i) {
+            QVERIFY(tools[i]->waitForFinished(30000));
+            if (tools[i]->exitCode() == 0)
+                done.append(u"T%1"_s.arg(i));
+        }
+        const QStringList onDisk = titles(run.vaultOnDisk());
+        QCOMPARE(done.size(), 10);
+        for (const QString& title : done)
+            QVERIFY2(onDisk.contains(title), qPrintable(title + u" reported done, not in "_s + onDisk.join(u" "_s)));
+
+        // The window's program holds the tree from its login: a tool already waiting at its
+        // password prompt is refused once the password is in, and so is a save onto list.dat.
+        run.setIni(u"Administrator/settings.txt"_s, Keys::settings, Keys::password, MD5Hex(u"pw"_s));
+        QProcess waiting;
+        waiting.start(toolPath, { u"add"_s, u"Late"_s });
+        QVERIFY(waiting.waitForStarted());
+        run.start();
+        QVERIFY(run.login());
+        waiting.write("pw\n");
+        waiting.closeWriteChannel();
+        QVERIFY(waiting.waitForFinished(10000));
+        QVERIFY2(waiting.exitCode() == 1 && waiting.readAllStandardError().contains("Tolvane is running"), "");
+        const Run live = tool({ u"save"_s, run.data(u"Administrator/list.dat"_s) }, R"([{"title":"Lost"}])");
+        QVERIFY2(live.code == 1 && live.err.contains("Tolvane is running"), live.err);
+        QVERIFY(!titles(run.vaultOnDisk()).contains(u"Late"_s) && !titles(run.vaultOnDisk()).contains(u"Lost"_s));
+        run.close();
+        run.setIni(u"Administrator/settings.txt"_s, Keys::settings, Keys::password, QString());
+
+        // No save through a link inside a data tree.
+        QDir().mkpath(run.world.path(u"elsewhere"_s));
+        QVERIFY(QFile::link(run.world.path(u"elsewhere"_s), run.data(u"Linked"_s)));
+        QCOMPARE(tool({ u"save"_s, run.data(u"Linked/list.dat"_s) }, "[]").code, 1);
+        QVERIFY(!QFileInfo::exists(run.world.path(u"elsewhere/list.dat"_s)));
+
+        // A program started from another folder than the tool's holds the tree as well, and a
+        // second copy from a third folder ends with the message to a second copy.
+        TestWorld::copyTree(QStringLiteral(TOLVANE_BUILT_PROGRAM_DIR), run.world.path(u"second"_s));
+        const QByteArray before = run.world.read(u"appdata/Brenmark/Tolvane/data/Administrator/list.dat"_s);
+        QProcess program, second;
+        startProgram(program, QStringLiteral(TOLVANE_BUILT_PROGRAM_DIR "/tolvane"), run.world.path(u"boxes.log"_s));
+        QTRY_VERIFY_WITH_TIMEOUT(
+            run.world.read(u"appdata/Brenmark/Tolvane/data/Administrator/list.dat"_s) != before, 15000);
+        const Run whileRunning = tool({ u"add"_s, u"Early"_s });
+        QVERIFY2(whileRunning.code == 1 && whileRunning.err.contains("Tolvane is running"), whileRunning.err);
+        startProgram(second, run.world.path(u"second/tolvane"_s), run.world.path(u"second.log"_s));
+        const bool secondEnded = second.waitForFinished(15000);
+        second.kill();
+        QVERIFY(secondEnded && run.world.read(u"second.log"_s).contains(Lang(101).section(u'\r', 0, 0).toUtf8()));
+        ::kill(static_cast<pid_t>(program.processId()), SIGTERM);
+        QVERIFY(program.waitForFinished(10000));
+        QVERIFY(!titles(run.vaultOnDisk()).contains(u"Early"_s));
+    }
+
+    // The arguments mean what the help says; a title the file can't keep as given is refused;
+    // every read is bounded and linear in what it reads.
+    void argumentsTitlesAndBoundedReads()
+    {
+        ProgramRun run;
+        run.provision();
+        run.writeVault({ Entry { "Seed", {}, {}, {}, {}, {}, {}, {} } });
+        QCOMPARE(tool({ u"add"_s, u"Foo"_s, u"--note"_s, u"-h"_s }).code, 0);
+        QVERIFY(titles(run.vaultOnDisk()).contains(u"Foo"_s));
+        const Run dashH = tool({ u"show"_s, u"--"_s, u"-h"_s });
+        QVERIFY2(dashH.code == 1 && dashH.err.contains("no entry titled \"-h\""), dashH.err);
+        for (const char* seconds : { "0", "86401" })
+            QCOMPARE(tool({ u"clip"_s, u"Foo"_s, u"--seconds"_s, QLatin1String(seconds) }).code, 2);
+        const Run noDisplay = tool({ u"clip"_s, u"Foo"_s }, {}, [](QProcess& p) {
+            QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+            env.remove(u"QT_QPA_PLATFORM"_s);
+            env.remove(u"WAYLAND_DISPLAY"_s);
+            env.insert(u"DISPLAY"_s, u":4242"_s);
+            p.setProcessEnvironment(env);
+        });
+        QVERIFY2(noDisplay.code == 1 && noDisplay.err.contains("no display"), noDisplay.err);
+        const QString vault = run.data(u"Administrator/list.dat"_s);
+        QCOMPARE(tool({ u"dump"_s, vault }, {}, [](QProcess& p) { p.setStandardOutputFile(u"/dev/full"_s); }).code, 1);
+        run.setConfig(Keys::defaultProfile, u"Nobody"_s); // the login offers Administrator: no password, no prompt
+        QCOMPARE(tool({ u"ls"_s }).code, 0);
+        run.setConfig(Keys::defaultProfile, u"Administrator"_s);
+
+        // Titles: no line break or tab (they would make sections of their own); only letters of
+        // the code page, in every command.
+        qputenv("TOLVANE_CODEPAGE", "1252");
+        const QStringList refusedTitles[] = { { u"add"_s, u"Inj]\r\nage=x\r\n[Entry3"_s }, { u"add"_s, u"a\tb"_s },
+            { u"add"_s, u"Łódź"_s }, { u"show"_s, u"Żódź"_s }, { u"rm"_s, u"Żódź"_s } };
+        for (const QStringList& args : refusedTitles)
+            QCOMPARE(tool(args).code, 1);
+        QCOMPARE(tool({ u"save"_s, run.world.path(u"new.dat"_s) }, "[{\"title\":\"A]\\r\\n[B\"}]").code, 1);
+        qunsetenv("TOLVANE_CODEPAGE");
+        QCOMPARE(titles(run.vaultOnDisk()), (QStringList { u"Seed"_s, u"Foo"_s }));
+
+        // 150,000 sections in 1 MiB, and a value of 500,000 escapes: read in the tool's time limit.
+        QByteArray sections;
+        for (int i = 0; i < 150000; ++i) {
+            QByteArray title;
+            for (int n = i; title.isEmpty() || n > 0; n /= 62)
+                title.prepend("0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz"[n % 62]);
+            sections += '[' + title + "]\r\n";
+        }
+        run.world.write(u"many.dat"_s, LayerOn(sections));
+        const Run many = tool({ u"dump"_s, run.world.path(u"many.dat"_s) });
+        QVERIFY(many.code == 0 && QJsonDocument::fromJson(many.out).array().size() == 150000);
+        run.world.write(u"escapes.dat"_s, LayerOn("[P]\r\npicture=" + QByteArray("&0").repeated(500000) + "\r\n"));
+        QCOMPARE(tool({ u"dump"_s, run.world.path(u"escapes.dat"_s) }).first(u"picture"_s).size(), 500000);
+        // A save over a file larger than any vault leaves it; a password line is read to a bound.
+        const QByteArray big(2 << 20, 'x');
+        run.world.write(u"big.dat"_s, big);
+        QCOMPARE(tool({ u"save"_s, run.world.path(u"big.dat"_s) }, "[]").code, 1);
+        QVERIFY(run.world.read(u"big.dat"_s) == big);
+        run.setIni(u"Administrator/settings.txt"_s, Keys::settings, Keys::password, MD5Hex(u"pw"_s));
+        const Run endless = tool({ u"ls"_s }, big);
+        QVERIFY2(endless.code == 1 && endless.err.contains("longer than"), endless.err);
     }
 };
 

@@ -71,6 +71,14 @@ private Q_SLOTS:
         const VaultLoad load = LoadVault(vault); // a larger file, made elsewhere: read whole, left as it is
         QVERIFY(load.oversize && file() == big);
         QCOMPARE(load.entries, (QList<Entry> { { .title = "Big", .picture = QByteArray(40000, 'p') } }));
+        // Larger than any vault: neither read (its walk would hold the window) nor replaced.
+        const QByteArray huge(LargestVaultFile + 1, 'h');
+        world.write(u"home/list.dat"_s, huge);
+        QList<Entry> small { { .title = "S" } };
+        QVERIFY(!LoadVault(vault).read);
+        QCOMPARE(SaveVault(vault, small), VaultSave::WriteFailed);
+        QVERIFY(file() == huge);
+        QFile::remove(world.path(u"home/list.dat"_s));
 
         // Keys before any section, ";" comments and lines without "=" are passed over; the last key wins.
         MessageBoxScript boxes;

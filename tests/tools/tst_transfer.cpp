@@ -84,7 +84,8 @@ private Q_SLOTS:
 
         // The dialog starts with "*.tvd" in its box, and a name typed without an extension
         // gets ".tvd"; a cancelled choice is withdrawn.
-        QStringList chosen { u"C:\\import"_s, QString(), u"C:\\import.tvd"_s };
+        QStringList chosen { u"C:\\import"_s, QString(), u"C:\\import.tvd"_s, u"C:\\big.tvd"_s, u"C:\\import.tvd"_s };
+        run.world.write(u"home/big.tvd"_s, QByteArray(LargestVaultFile + 1, 'b'));
         QList<platform::FileDialogCall> calls;
         platform::SetFileDialogBackend([&](const platform::FileDialogCall& call) {
             calls.append(call);
@@ -104,6 +105,13 @@ private Q_SLOTS:
             ui::click<QPushButton>(dialog, Lang(183)); // No is the default: nothing happens
             QCOMPARE(run.boxes.last(), u"324|Tolvane|"_s + Lang(181));
             QCOMPARE(run.vaultOnDisk().size(), 1);
+            // A file larger than any vault, which the load would not read, fails to copy.
+            ui::click(dialog, QString::fromUtf8("Otwórz..."));
+            run.boxes.answer(platform::IDYES);
+            QVERIFY_THROWS_EXCEPTION(ProcessEnded, ui::click<QPushButton>(dialog, Lang(183)));
+            QVERIFY(run.boxes.last().startsWith(u"16|Tolvane|Run-time error '75'"_s));
+            QCOMPARE(run.vaultOnDisk().size(), 1);
+            ui::click(dialog, QString::fromUtf8("Otwórz..."));
 
             // Yes: the file replaces the vault and a new process starts, with its own answers.
             qputenv("TOLVANE_MSGBOX_LOG", run.world.path(u"boxes.log"_s).toLocal8Bit());

@@ -126,3 +126,17 @@ QString ThroughCodePage(const QString& text)
 }
 
 } // namespace platform
+
+namespace platform {
+
+bool CodePageHolds(const QString& text)
+{
+    const Table& t = table();
+    for (QChar c : text) {
+        if (!t.fromUnicode.contains(c.unicode()))
+            return false;
+    }
+    return true;
+}
+
+} // namespace platform

@@ -403,6 +403,26 @@ bool TouchFile(const QString& path)
     return S_ISREG(info.st_mode);
 }
 
+int OpenLockFile(const QString& path)
+{
+    const QString native = nativeOf(path);
+    if (native.isEmpty())
+        return -1;
+    const ParentFolder parent(native, workingFolders());
+    if (parent.fd() < 0)
+        return -1;
+    const int fd = ::openat(parent.fd(), parent.name().constData(),
+        O_RDWR | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC, privateFile);
+    struct stat info
+    {
+    };
+    if (fd >= 0 && (::fstat(fd, &info) != 0 || !S_ISREG(info.st_mode))) {
+        ::close(fd);
+        return -1;
+    }
+    return fd;
+}
+
 int ReadLines(const QString& path, QList<QByteArray>& lines)
 {
     const QString native = ToNative(path);
@@ -451,7 +471,7 @@ int MkDir(const QString& path)
     return errno == EEXIST ? ErrPathFileAccess : errnoToError(errno);
 }
 
-int FileCopy(const QString& source, const QString& target)
+int FileCopy(const QString& source, const QString& target, qint64 limit)
 {
     if (driveMissing(source) || driveMissing(target))
         return ErrDiskNotReady;
@@ -470,8 +490,14 @@ int FileCopy(const QString& source, const QString& target)
     if (to.isEmpty() || !QFileInfo(QFileInfo(to).absolutePath()).isDir())
         return ErrPathNotFound;
     QByteArray bytes;
-    if (readAll(from, -1, bytes) != ReadOutcome::Read)
+    switch (readAll(from, limit, bytes)) {
+    case ReadOutcome::Read:
+        break;
+    case ReadOutcome::TooLarge:
+        return ErrPathFileAccess;
+    default:
         return ErrPermissionDenied;
+    }
     if (!replaceFile(to, bytes, (info.st_mode & S_IXUSR) ? privateProgram : privateFile))
         return errno == ENOSPC || errno == EFBIG ? ErrPathFileAccess : errnoToError(errno);
     return ErrNone;

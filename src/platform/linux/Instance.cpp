@@ -59,9 +59,9 @@ QString presenceFolder()
 }
 
 // Copies of one executable share the name's stem: "tolvane-<id of the executable's path>".
-QString stem(const QString& executable = QFile::symLinkTarget(QStringLiteral("/proc/self/exe")))
+QString stem()
 {
-    const QString exe = QFileInfo(executable).canonicalFilePath();
+    const QString exe = QFileInfo(QFile::symLinkTarget(QStringLiteral("/proc/self/exe"))).canonicalFilePath();
     return QStringLiteral("tolvane-")
         + QString::fromLatin1(QCryptographicHash::hash(exe.toUtf8(), QCryptographicHash::Sha1).toHex().left(16));
 }
@@ -192,28 +192,6 @@ bool PrevInstance()
         ::close(fd);
     }
     return earlierRuns;
-}
-
-bool InstanceRunning(const QString& nativeExecutable)
-{
-    const QString folder = presenceFolder();
-    if (folder.isEmpty() || !QFileInfo::exists(nativeExecutable))
-        return false;
-    const QString programStem = stem(nativeExecutable);
-    for (const QString& fileName : QDir(folder).entryList(QDir::Files)) {
-        if (!presenceOf(fileName, programStem))
-            continue;
-        const int fd = ::open(
-            QFile::encodeName(folder + QLatin1Char('/') + fileName).constData(), O_RDONLY | O_NOFOLLOW | O_CLOEXEC);
-        if (fd < 0)
-            continue;
-        // A running copy holds its lock; the lock of one that ended without a word is free.
-        const bool held = ::flock(fd, LOCK_SH | LOCK_NB) != 0 && errno == EWOULDBLOCK;
-        ::close(fd);
-        if (held)
-            return true;
-    }
-    return false;
 }
 
 } // namespace platform

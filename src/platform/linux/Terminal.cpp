@@ -8,8 +8,10 @@
 
 namespace platform {
 
-std::optional<QString> ReadSecretLine(const QString& prompt)
+std::optional<QString> ReadSecretLine(const QString& prompt, bool* tooLong)
 {
+    if (tooLong)
+        *tooLong = false;
     const bool terminal = ::isatty(STDIN_FILENO) == 1;
     termios before {};
     if (terminal) {
@@ -28,6 +30,12 @@ std::optional<QString> ReadSecretLine(const QString& prompt)
         ended = false;
         if (c == '\n')
             break;
+        if (static_cast<qsizetype>(line.size()) >= LongestSecretLine) {
+            if (tooLong)
+                *tooLong = true;
+            ended = true; // nothing of it is taken
+            break;
+        }
         line += static_cast<char>(c);
     }
     if (terminal)
