@@ -5,6 +5,8 @@
 #include "storage/Base64Codec.h"
 #include "storage/VaultText.h"
 
+#include <QScopeGuard>
+
 #include <limits>
 
 void Walk(QByteArray& bytes, qsizetype upper, qint32 step, const Yield& yield)
@@ -101,8 +103,21 @@ VaultLoad LoadVault(const QString& path, const Yield& yield)
     return result;
 }
 
+namespace {
+
+int savesRunning = 0;
+
+} // namespace
+
+bool VaultSaveRunning()
+{
+    return savesRunning > 0;
+}
+
 VaultSave SaveVault(const QString& path, QList<Entry>& entries, const Yield& yield)
 {
+    ++savesRunning;
+    const auto done = qScopeGuard([] { --savesRunning; });
     QByteArray old;
     if (platform::ReadFileBytes(path, old) && old.size() <= MaxWalkLength + 3)
         LayerOff(old, yield); // its result has never been used; the walk only costs the time
