@@ -12,8 +12,13 @@ namespace platform {
 QString ErrorText(int number);
 
 // An unhandled run-time error: the number and its text in a critical box titled with the
-// program's title, then the process ends. Used wherever a failure has no handler.
+// program's title, then the work set below, then the process ends. Used wherever a failure has
+// no handler.
 [[noreturn]] void UnhandledError(int number, const QString& description = QString());
+
+// What an unhandled run-time error does before the process ends (the program saves the vault,
+// so that an error ends the run without losing its changes). It runs once.
+void SetBeforeErrorEnd(std::function<void()> work);
 
 // Ends the process at once: no window is closed, nothing in memory is written back.
 [[noreturn]] void EndProcess(int exitCode = 0);
@@ -40,6 +45,10 @@ void DoEventsWaiting();
 // yield is a millisecond or more ago, so a click is served within a millisecond while a walk
 // over 32,767 bytes doesn't spend a hundred milliseconds asking an empty queue.
 void YieldStep();
+
+// As YieldStep, but the user's clicks and keys wait for the next ordinary turn of the event
+// loop: the yield of a save's walk, in whose middle no command may act.
+void YieldStepHoldingInput();
 
 // The runtime's Time and Date as text: the system's short forms, for showing only.
 QString TimeOfDayText();

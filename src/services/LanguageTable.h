@@ -18,3 +18,13 @@ void ClearLanguageTable();
 
 // The runtime's Val: the number at the start of a text, blanks skipped, 0 when there is none.
 double Val(const QString& text);
+
+// The slots of the program's own messages, which the original never had; every language file
+// fills them.
+namespace OwnSlot {
+// The vault's text is past what a save can write.
+constexpr int VaultTooLarge = 900;
+// A save that could not be written: the first half, the file, the second half.
+constexpr int VaultNotSaved = 901;
+constexpr int ChangesNotSaved = 902;
+} // namespace OwnSlot

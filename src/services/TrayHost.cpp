@@ -9,6 +9,7 @@
 #include "storage/DataRoot.h"
 #include "storage/FileExist.h"
 #include "storage/ProfileFiles.h"
+#include "storage/VaultFile.h"
 
 #include <QCursor>
 #include <QMenu>
@@ -105,6 +106,8 @@ void TrayHost::iconMessage(int x)
 {
     // The scale is twips: the message is X over the twips of a pixel.
     const int message = qRound(x / TwipsPerPixel());
+    if (VaultSaveRunning())
+        return; // the menu would load the vault window anew in the middle of its save
     QMenu* menu = vaultSide().menu();
     switch (message) {
     case platform::WM_LBUTTONUP:

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "startup/ProgramWiring.h"
 
+#include "platform/Runtime.h"
 #include "services/AccessKeyFocus.h"
 #include "services/TrayHost.h"
 #include "settings/ProfilesPage.h"
@@ -19,6 +20,8 @@ void ConnectWindows()
     VaultWindow::ConnectSettings([](QWidget*) { SettingsWindow::Instance()->show(); });
     TrayHost::ConnectVault({ [] { return VaultWindow::Instance()->windowIcon(); },
         [] { return VaultWindow::Instance()->TrayMenu(); }, [] { VaultWindow::Instance()->ShowTrayMenuInBar(); } });
+    // An error that ends the run saves the vault first, as File > Close does.
+    platform::SetBeforeErrorEnd(&VaultWindow::Unload);
     ProfilesPage::ConnectDialogs(
         { [](QWidget* owner, ListControl& names) { NewProfileDialog::Instance(owner, names)->exec(); },
             &PasswordChangeDialog::Open, &PasswordReminderDialog::Open });

@@ -14,6 +14,7 @@
 #include "services/ListBox.h"
 #include "services/ProgramPictures.h"
 #include "services/TextBox.h"
+#include "storage/VaultFile.h"
 #include "tools/PasswordGenerator.h"
 #include "vault/EntryBoxes.h"
 #include "vault/EntryTable.h"
@@ -118,6 +119,8 @@ EntryBoxes EntryDialog::boxes() const
 
 void EntryDialog::storeNewEntry()
 {
+    if (VaultSaveRunning())
+        return; // the table is being saved: the dialog stays as it is
     const Entry copy = currentEntry;
     if (copy.title.isEmpty()) {
         platform::MsgBox(Lang(192), platform::MB_ICONERROR);
@@ -127,6 +130,10 @@ void EntryDialog::storeNewEntry()
     // entry that a search left out, passes.
     if (listedRows.contains(titleBox->Text())) {
         platform::MsgBox(Lang(288), platform::MB_ICONINFORMATION);
+        return;
+    }
+    if (StoreWouldOverfill(copy)) {
+        platform::MsgBox(Lang(OwnSlot::VaultTooLarge), platform::MB_ICONERROR);
         return;
     }
     StoreEntry(copy);

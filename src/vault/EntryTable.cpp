@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "vault/EntryTable.h"
 
+#include "storage/VaultFile.h"
+
 EntryTable entryTable;
 Entry currentEntry;
 bool vaultDirty = false;
@@ -84,6 +86,20 @@ void StoreEntry(const Entry& record)
         entryTable[index] = record;
     }
     vaultDirty = true;
+}
+
+bool StoreWouldOverfill(const Entry& record)
+{
+    QList<Entry> before;
+    for (int i = 1; i <= entryTable.upperBound(); ++i)
+        before.append(entryTable[i]);
+    QList<Entry> after = before;
+    if (const qint16 index = FindEntryByTitle(record.title))
+        after[index - 1] = record;
+    else
+        after.append(record);
+    const qsizetype grown = ComposeInnerText(after).size();
+    return grown > MaxVaultText && grown > ComposeInnerText(before).size();
 }
 
 qint16 EntryCount(const EntryTable& table)

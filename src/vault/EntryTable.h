@@ -50,5 +50,9 @@ void RemoveEntry(EntryTable& table, int index);
 // vault changed. The one write of both save commands.
 void StoreEntry(const Entry& record);
 
+// True when StoreEntry would take the vault past what a save can write (and grow it): such an
+// entry is refused when it is saved, not found out at the close, when the whole run is lost.
+bool StoreWouldOverfill(const Entry& record);
+
 // upperBound - lowerBound + 1; 0 for a table without bounds.
 qint16 EntryCount(const EntryTable& table);

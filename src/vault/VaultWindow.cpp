@@ -5,6 +5,7 @@
 #include "platform/Cursor.h"
 #include "platform/Dialogs.h"
 #include "platform/MessageBox.h"
+#include "platform/Paths.h"
 #include "platform/Runtime.h"
 #include "platform/Twips.h"
 #include "services/AboutDialog.h"
@@ -40,10 +41,12 @@
 #include <QLabel>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <QStatusBar>
 #include <QTimer>
 
 #include <functional>
+#include <utility>
 
 namespace {
 
@@ -58,6 +61,11 @@ WindowSlot<VaultWindow>& slot()
     static WindowSlot<VaultWindow> form;
     return form;
 }
+
+// The end of the run is under way: a second one (a signal, Close again) leaves it to finish.
+bool runEnding = false;
+// An end asked for while the vault was being saved, to run once the save is done.
+bool endAfterSave = false;
 
 // Works out the values of an always-on-top request and returns: the call that would use them
 // was never made, so the window stays an ordinary one whatever `s1` says.
@@ -88,6 +96,8 @@ void VaultWindow::Unload()
     form->save();
     form->hide();
     form->deleteLater();
+    if (std::exchange(endAfterSave, false))
+        EndRun();
 }
 
 VaultWindow::VaultWindow()
@@ -511,12 +521,19 @@ void VaultWindow::save()
     QList<Entry> entries;
     for (int i = 1; i <= entryTable.upperBound(); ++i)
         entries.append(entryTable[i]);
-    const VaultSave saved = SaveVault(ProfileFile(QStringLiteral("list.dat")), entries, &platform::YieldStep);
+    const QString file = ProfileFile(QStringLiteral("list.dat"));
+    const VaultSave saved = SaveVault(file, entries, &platform::YieldStepHoldingInput);
     // The escaping of the save changes the values in the table too.
-    for (int i = 1; i <= entryTable.upperBound(); ++i)
+    for (int i = 1; i <= entryTable.upperBound() && i <= entries.size(); ++i)
         entryTable[i] = entries.at(i - 1);
-    if (saved == VaultSave::TooLarge)
-        platform::MsgBox(Lang(900), platform::MB_ICONERROR);
+    if (saved == VaultSave::TooLarge) {
+        platform::MsgBox(Lang(OwnSlot::VaultTooLarge), platform::MB_ICONERROR);
+    } else if (saved == VaultSave::WriteFailed) {
+        // Told before the run ends: which file, and that the changes are lost.
+        platform::MsgBox(Lang(OwnSlot::VaultNotSaved) + QLatin1Char('\r') + platform::ToNative(file) + QLatin1Char('\r')
+                + Lang(OwnSlot::ChangesNotSaved),
+            platform::MB_ICONERROR);
+    }
 }
 
 int VaultWindow::OuterWidth() const
@@ -664,9 +681,15 @@ void VaultWindow::showSelectedEntry()
 
 void VaultWindow::saveChangedEntry()
 {
+    if (VaultSaveRunning())
+        return; // the table is being saved
     const Entry copy = currentEntry;
     if (copy.title.isEmpty()) {
         platform::MsgBox(Lang(192), platform::MB_ICONERROR);
+        return;
+    }
+    if (StoreWouldOverfill(copy)) {
+        platform::MsgBox(Lang(OwnSlot::VaultTooLarge), platform::MB_ICONERROR);
         return;
     }
     StoreEntry(copy);
@@ -676,6 +699,8 @@ void VaultWindow::saveChangedEntry()
 
 void VaultWindow::newEntry()
 {
+    if (VaultSaveRunning())
+        return; // the table is being saved
     currentEntry = Entry();
     QStringList rows;
     for (int i = 0; i < list->ListCount(); ++i)
@@ -686,6 +711,8 @@ void VaultWindow::newEntry()
 
 void VaultWindow::deleteSelectedEntry(int noSelectionSlot)
 {
+    if (VaultSaveRunning())
+        return; // the table is being saved
     const QString title = RowTitle(list->Text());
     if (title.isEmpty()) {
         platform::MsgBox(Lang(noSelectionSlot), platform::MB_ICONERROR);
@@ -796,8 +823,9 @@ void VaultWindow::openGenerator()
 
 void VaultWindow::openSettings()
 {
-    // Beside this window, not modal: the vault keeps working behind it.
-    if (settingsOpener())
+    // Beside this window, not modal: the vault keeps working behind it. Its OK loads the vault
+    // anew, which must wait for a save.
+    if (settingsOpener() && !VaultSaveRunning())
         settingsOpener()(this);
 }
 
@@ -817,6 +845,8 @@ void VaultWindow::exportVault()
 
 void VaultWindow::importVault()
 {
+    if (VaultSaveRunning())
+        return; // its restart would end the run in the middle of the save
     ImportDialog::Instance(this)->exec();
 }
 
@@ -871,6 +901,14 @@ void VaultWindow::StartUpdateCheckTimer()
 
 void VaultWindow::EndRun()
 {
+    if (runEnding)
+        return; // the end under way saves and ends the process, once
+    if (VaultSaveRunning()) {
+        endAfterSave = true; // the save of the close box: the run ends when it is done
+        return;
+    }
+    runEnding = true;
+    const auto ended = qScopeGuard([] { runEnding = false; }); // for a test, whose end of process returns
     Unload();
     TrayHost::Unload();
     platform::EndProcess(0);

@@ -34,8 +34,10 @@ public:
     // Saves (the window's unload) and discards the window.
     static void Unload();
     // The end of a run: the vault window unloaded (which saves), the host window unloaded (which
-    // empties the clipboard if the option says so), the process ended.
-    [[noreturn]] static void EndRun();
+    // empties the clipboard if the option says so), the process ended. It runs once: asked again
+    // while it runs (a signal, Close again) it does nothing, and asked during the save of the
+    // close box it ends the run when that save is done.
+    static void EndRun();
 
     // The settings window lies above this one: whoever starts the program says how it opens.
     static void ConnectSettings(std::function<void(QWidget* owner)> open);

@@ -74,9 +74,15 @@ private Q_SLOTS:
         QCOMPARE(handed(shell),
             (QStringList { u"open|||"_s, u"open|bank.example||"_s, u"open|C:\\docs\\s.pdf||C:\\"_s,
                 u"open|http://127.0.0.1:9/pl||"_s, u"open|http://127.0.0.1:9/pl||"_s }));
-        shell.results = { 2 }; // a document that isn't there ends the run with the unhandled error
-        QVERIFY_THROWS_EXCEPTION(ProcessEnded, ui::menu(vault, { Lang(220), Lang(221) }));
+        // An address the shell can't open ends the run with the unhandled error, the vault saved first.
+        vault->keepBoxesInStep();
+        ui::type(vault, Lang(242), u"ann"_s);
+        QTest::keyClick(ui::get(vault, Lang(242)), Qt::Key_Tab);
+        ui::click(vault, Lang(248));
+        shell.results = { 2 };
+        QVERIFY_THROWS_EXCEPTION(ProcessEnded, ui::click(vault, Lang(222)));
         QCOMPARE(run.boxes.last(), u"%1|Tolvane|Run-time error '53':\n\nFile not found"_s.arg(platform::MB_ICONERROR));
+        QCOMPARE(run.vaultOnDisk().value(0).userName, QByteArray("ann"));
     }
 
     void theDesktopOpenerGivesTheShellsCodes()

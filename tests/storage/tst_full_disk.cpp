@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // A disk that takes no more: every file the program writes stays as it was, byte for byte, and
-// the program goes the failure path of the write (mostly on without a word), never a crash.
+// the program goes the failure path of the write (on without a word, but for the vault's save,
+// which is told), never a crash.
 #include "ProgramRun.h"
 #include "platform/Files.h"
 #include "startup/PasswordDigest.h"
@@ -52,8 +53,13 @@ private Q_SLOTS:
             ui::click(ui::window(Lang(259)), Lang(261)); // its writes fail unnoticed: it says it is done
             ui::click(settings, u"OK"_s);
             QVERIFY(VaultWindow::Loaded() && VaultWindow::Loaded()->isVisible());
-            QCOMPARE(run.boxes.all(), QStringList({ u"64|Tolvane|"_s + Lang(193), u"64|Tolvane|"_s + Lang(258) }));
+            // The vault's save is told, with its file: at the reload, then at the close.
+            const QString notSaved
+                = u"16|Tolvane|"_s + Lang(901) + u'\r' + run.data(u"Administrator/list.dat"_s) + u'\r' + Lang(902);
+            QCOMPARE(
+                run.boxes.all(), QStringList({ u"64|Tolvane|"_s + Lang(193), u"64|Tolvane|"_s + Lang(258), notSaved }));
             QVERIFY_THROWS_EXCEPTION(ProcessEnded, ui::menu(VaultWindow::Loaded(), { Lang(206), Lang(212) }));
+            QCOMPARE(run.boxes.last(), notSaved);
             platform::SetDiskSpaceHook({});
             QCOMPARE(files(run), before);
             for (const QString& folder : { run.data(u"Administrator"_s), run.data(QString()) })

@@ -266,6 +266,95 @@ private Q_SLOTS:
         QCOMPARE(run.boxes.last(), u"16|Tolvane|"_s + Lang(900));
         QCOMPARE(run.world.read(file), onDisk);
     }
+
+    void anEntryThatWouldPassTheLimitIsRefusedWhenSaved()
+    {
+        ProgramRun run;
+        VaultWindow* vault = run.startActive({});
+        QVERIFY(vault);
+        // 16 notes of 1,450 characters written in this run: 32,166 bytes of text, 598 short of the limit.
+        for (int i = 0; i < 16; ++i) {
+            qint16 end = -1;
+            InsertEntry(entryTable,
+                Entry { "Big" + QByteArray::number(i), {}, {}, {}, {}, {}, QByteArray(1450, 'x'), {} }, end);
+        }
+        const QString tooLarge = u"16|Tolvane|"_s + Lang(900);
+        const QString more(600, u'y');
+        // The new-entry dialog says so and stays open; a small entry still goes in.
+        ui::onNextModal([&](QWidget* d) {
+            ui::type(d, Lang(241), u"New"_s);
+            ui::type(d, Lang(247), more);
+            ui::click(d, Lang(248));
+            QCOMPARE(run.boxes.last(), tooLarge);
+            ui::click(d, Lang(147));
+        });
+        ui::click(vault, Lang(207));
+        addEntry(vault, { u"Small"_s, u"s"_s });
+        // A changed note in the window: the message, and the entry stays as it was.
+        ui::clickRow(vault, Lang(201), 0);
+        vault->keepBoxesInStep();
+        ui::type(vault, Lang(247), more);
+        QTest::keyClick(ui::get(vault, Lang(247)), Qt::Key_Tab);
+        ui::click(vault, Lang(248));
+        QCOMPARE(run.boxes.last(), tooLarge);
+        QVERIFY(!ui::rows(vault, Lang(201)).contains(u"New"_s));
+        run.close();
+        const QList<Entry> saved = run.vaultOnDisk();
+        QCOMPARE(saved.size(), 17);
+        QCOMPARE(saved.last().title, QByteArray("Small"));
+        QVERIFY(!saved.first().note.contains('y'));
+    }
+
+    void theEndOfARunRunsOnceAfterItsSave()
+    {
+        ProgramRun run;
+        int endsMidSave = 0;
+        bool windowMidSave = false;
+        // What a signal's handler runs, in the middle of the save's walk.
+        const auto endMidSave = [&] {
+            try {
+                VaultWindow::EndRun();
+            } catch (const ProcessEnded&) {
+                ++endsMidSave;
+            }
+        };
+        // The close box's save: a signal during it ends the run once the save is done.
+        VaultWindow* vault = run.startActive({ entry("One") });
+        addEntry(vault, { u"Two"_s });
+        QTimer::singleShot(0, vault, endMidSave);
+        QTest::qSleep(2); // the walk's first yield lets events through
+        QVERIFY_THROWS_EXCEPTION(ProcessEnded, vault->close());
+        QCOMPARE(endsMidSave, 0);
+        QCOMPARE(run.vaultOnDisk().size(), 2);
+        run.Reset();
+
+        // File > Close: a toolbar New, a signal and Close again during its save change nothing.
+        vault = run.start();
+        ui::activate(vault);
+        addEntry(vault, { u"Three"_s });
+        QTimer::singleShot(0, vault, [&] {
+            QTimer closer; // closes a window that comes up
+            closer.setSingleShot(true);
+            QObject::connect(&closer, &QTimer::timeout, [&] {
+                windowMidSave = QApplication::activeModalWidget();
+                if (windowMidSave)
+                    QApplication::activeModalWidget()->close();
+            });
+            closer.start(20);
+            ui::click(vault, Lang(207));
+            endMidSave();
+            try {
+                ui::menu(vault, { Lang(206), Lang(212) });
+            } catch (const ProcessEnded&) {
+                ++endsMidSave;
+            }
+        });
+        QTest::qSleep(2);
+        QVERIFY_THROWS_EXCEPTION(ProcessEnded, ui::menu(vault, { Lang(206), Lang(212) }));
+        QVERIFY(!windowMidSave);
+        QCOMPARE(endsMidSave, 0);
+        QCOMPARE(run.vaultOnDisk().size(), 3);
+    }
 };
 
 QTEST_MAIN(tst_vault_window)

@@ -18,6 +18,7 @@
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <utility>
 #include <vector>
 
 #include <csignal>
@@ -36,6 +37,12 @@ std::function<void(int)>& endHook()
 std::vector<std::function<void()>>& endWork()
 {
     static std::vector<std::function<void()>> work;
+    return work;
+}
+
+std::function<void()>& beforeErrorEnd()
+{
+    static std::function<void()> work;
     return work;
 }
 
@@ -76,7 +83,15 @@ void UnhandledError(int number, const QString& description)
 {
     const QString text = description.isEmpty() ? ErrorText(number) : description;
     MsgBox(QStringLiteral("Run-time error '%1':\n\n%2").arg(number).arg(text), 16, AppTitle());
+    // Taken out before it runs: an error inside it ends the process without running it again.
+    if (const std::function<void()> work = std::exchange(beforeErrorEnd(), {}))
+        work();
     EndProcess(number);
+}
+
+void SetBeforeErrorEnd(std::function<void()> work)
+{
+    beforeErrorEnd() = std::move(work);
 }
 
 void SetEndProcessHook(std::function<void(int)> hook)
@@ -145,13 +160,28 @@ void DoEventsWaiting()
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
 }
 
-void YieldStep()
+namespace {
+
+void yieldStep(QEventLoop::ProcessEventsFlags flags)
 {
     static QElapsedTimer sinceLast;
     if (sinceLast.isValid() && sinceLast.nsecsElapsed() < 1000000)
         return;
-    DoEvents();
+    if (QCoreApplication::instance())
+        QCoreApplication::processEvents(flags);
     sinceLast.start();
+}
+
+} // namespace
+
+void YieldStep()
+{
+    yieldStep(QEventLoop::AllEvents);
+}
+
+void YieldStepHoldingInput()
+{
+    yieldStep(QEventLoop::ExcludeUserInputEvents);
 }
 
 QString TimeOfDayText()
