@@ -55,6 +55,10 @@ int AppMajor();
 int AppMinor();
 int AppRevision();
 
+// True when a desktop session can be reached: DISPLAY, WAYLAND_DISPLAY or QT_QPA_PLATFORM is
+// set. Without one a window can't be shown, and the toolkit would abort.
+bool HasDisplay();
+
 // The computer's name (GetComputerNameA); empty when it can't be had.
 QString GetComputerNameA();
 

@@ -13,13 +13,17 @@
 
 #include <QApplication>
 
+#include <cstdio>
+
 int main(int argc, char* argv[])
 {
+    // Started over ssh or from a service, a window would show nowhere: say so and end.
+    if (!platform::HasDisplay()) {
+        std::fputs("tolvane: no display: start it in a desktop session (DISPLAY or WAYLAND_DISPLAY)\n", stderr);
+        return 1;
+    }
     // A copy runs from its start: later starts see it even while its first message is up.
     platform::AnnounceInstance();
-    if (qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")
-        && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Tolvane"));
     QApplication::setWindowIcon(ProgramIcon());

@@ -4,6 +4,7 @@
 #include "platform/CodePage.h"
 #include "platform/Files.h"
 #include "platform/Paths.h"
+#include "platform/Runtime.h"
 #include "startup/ProfileCommands.h"
 #include "storage/Base64Codec.h"
 #include "storage/VaultFile.h"
@@ -152,8 +153,7 @@ int main(int argc, char* argv[])
     const QString command = commandOf(argc, argv);
     // The desktop's clipboard needs a GUI application, which aborts without a display; without
     // one, clip checks its arguments and then says so.
-    const bool display = !qEnvironmentVariableIsEmpty("DISPLAY") || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")
-        || !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
+    const bool display = platform::HasDisplay();
     std::unique_ptr<QCoreApplication> app;
     if (ProfileCommands::NeedsClipboard(command) && display)
         app = std::make_unique<QGuiApplication>(argc, argv);

@@ -201,6 +201,12 @@ int AppRevision()
     return TOLVANE_VERSION_PATCH;
 }
 
+bool HasDisplay()
+{
+    return !qEnvironmentVariableIsEmpty("DISPLAY") || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")
+        || !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
+}
+
 QString GetComputerNameA()
 {
     return QSysInfo::machineHostName();
