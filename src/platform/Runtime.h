@@ -55,6 +55,11 @@ int AppMajor();
 int AppMinor();
 int AppRevision();
 
+// The toolkit's own texts (the buttons of message boxes, its file and print dialogs) in this
+// language, "pl", "de" or "en", from the system's Qt translations; English when they are
+// missing.
+void UseToolkitLanguage(const QString& language);
+
 // True when a desktop session can be reached: DISPLAY, WAYLAND_DISPLAY or QT_QPA_PLATFORM is
 // set. Without one a window can't be shown, and the toolkit would abort.
 bool HasDisplay();
