@@ -4,10 +4,14 @@
 #include "platform/Clipboard.h"
 #include "services/Accessibility.h"
 
+#include <QApplication>
+#include <QClipboard>
+#include <QContextMenuEvent>
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMouseEvent>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -168,6 +172,19 @@ bool TextBox::pressDefaultButton()
     return false;
 }
 
+void TextBox::showContextMenu(const QContextMenuEvent& request)
+{
+    // The editor's own menu. Of its commands only Copy and Cut change the clipboard, and what
+    // they put there is marked as every copy of the program is.
+    QMenu* menu = line ? line->createStandardContextMenu() : plain->createStandardContextMenu(request.pos());
+    bool copied = false;
+    connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, menu, [&copied] { copied = true; });
+    menu->exec(request.globalPos());
+    delete menu;
+    if (copied)
+        platform::MarkClipboardSecret();
+}
+
 bool TextBox::eventFilter(QObject* watched, QEvent* event)
 {
     switch (event->type()) {
@@ -185,6 +202,13 @@ bool TextBox::eventFilter(QObject* watched, QEvent* event)
             Q_EMIT LostFocus();
         break;
     }
+    case QEvent::ContextMenu:
+        // From the mouse over the editor's area, or from the keyboard to the editor itself.
+        if (watched == Editor() || (plain && watched == plain->viewport())) {
+            showContextMenu(*static_cast<QContextMenuEvent*>(event));
+            return true;
+        }
+        break;
     case QEvent::MouseButtonRelease:
         if (static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton)
             Q_EMIT Click();
@@ -196,6 +220,11 @@ bool TextBox::eventFilter(QObject* watched, QEvent* event)
         if (watched == Editor()) {
             if (key->matches(QKeySequence::Undo)) {
                 SendMessage(WM_UNDO);
+                return true;
+            }
+            if (key->matches(QKeySequence::Copy)) {
+                line ? line->copy() : plain->copy();
+                platform::MarkClipboardSecret();
                 return true;
             }
             if (key->matches(QKeySequence::Cut)) {

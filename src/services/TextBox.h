@@ -9,6 +9,7 @@
 // its window has a default button Enter presses it and Ctrl+Enter breaks the line.
 #include <QWidget>
 
+class QContextMenuEvent;
 class QLineEdit;
 class QPlainTextEdit;
 
@@ -59,6 +60,7 @@ protected:
 
 private:
     bool pressDefaultButton();
+    void showContextMenu(const QContextMenuEvent& request);
     QString editorText() const;
     void setEditorText(const QString& text);
     void contentsChanged();
