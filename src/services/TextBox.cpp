@@ -14,7 +14,43 @@
 #include <QMenu>
 #include <QMouseEvent>
 #include <QPlainTextEdit>
+#include <QProxyStyle>
 #include <QPushButton>
+#include <QStyleFactory>
+
+namespace {
+
+// The toolkit's box masks with its style's character, a bullet; the classic box shows the
+// character it was given.
+class MaskCharacterStyle : public QProxyStyle
+{
+public:
+    explicit MaskCharacterStyle(QChar character)
+        : QProxyStyle(QStyleFactory::create(applicationStyleName()))
+        , mask(character)
+    {
+    }
+    int styleHint(
+        StyleHint hint, const QStyleOption* option, const QWidget* widget, QStyleHintReturn* returnData) const override
+    {
+        if (hint == SH_LineEdit_PasswordCharacter)
+            return mask.unicode();
+        return QProxyStyle::styleHint(hint, option, widget, returnData);
+    }
+
+private:
+    static QString applicationStyleName()
+    {
+        const QStyle* style = QApplication::style();
+        if (const auto* proxy = qobject_cast<const QProxyStyle*>(style))
+            style = proxy->baseStyle();
+        return style->name();
+    }
+
+    QChar mask;
+};
+
+} // namespace
 
 TextBox::TextBox(Kind kind, QWidget* parent)
     : QWidget(parent)
@@ -141,13 +177,23 @@ void TextBox::SetLocked(bool value)
 
 void TextBox::SetPasswordChar(const QString& character)
 {
-    if (line)
-        line->setEchoMode(character.isEmpty() ? QLineEdit::Normal : QLineEdit::Password);
+    if (!line)
+        return;
+    const QString mask = character.left(1);
+    if (!mask.isEmpty() && mask != passwordChar) {
+        auto* style = new MaskCharacterStyle(mask.at(0));
+        style->setParent(this);
+        line->setStyle(style);
+        delete maskStyle;
+        maskStyle = style;
+    }
+    passwordChar = mask;
+    line->setEchoMode(mask.isEmpty() ? QLineEdit::Normal : QLineEdit::Password);
 }
 
 QString TextBox::PasswordChar() const
 {
-    return (line && line->echoMode() == QLineEdit::Password) ? QStringLiteral("*") : QString();
+    return passwordChar;
 }
 
 void TextBox::SetScrollBars(bool horizontal, bool vertical)

@@ -12,6 +12,7 @@
 class QContextMenuEvent;
 class QLineEdit;
 class QPlainTextEdit;
+class QStyle;
 
 class TextBox : public QWidget
 {
@@ -86,4 +87,6 @@ private:
     QLineEdit* line = nullptr;
     QPlainTextEdit* plain = nullptr;
     bool locked = false;
+    QString passwordChar;
+    QStyle* maskStyle = nullptr; // gives the editor the mask character
 };

@@ -2,6 +2,7 @@
 #include "startup/ProgramWiring.h"
 
 #include "services/AccessKeyFocus.h"
+#include "services/LabelLines.h"
 #include "services/TrayHost.h"
 #include "settings/ProfilesPage.h"
 #include "settings/SettingsWindow.h"
@@ -15,6 +16,7 @@
 void ConnectWindows()
 {
     AccessKeyFocus::Install();
+    LabelLines::Install();
     // Beside the vault window, not modal: the vault keeps working behind it.
     VaultWindow::ConnectSettings([](QWidget*) { SettingsWindow::Instance()->show(); });
     TrayHost::ConnectVault({ [] { return VaultWindow::Instance()->windowIcon(); },
