@@ -30,6 +30,10 @@ HGLOBAL SetClipboardData(unsigned format, HGLOBAL block);
 // 0 when the clipboard was not open.
 int CloseClipboard();
 
+// The format whose value "secret" clipboard managers (Klipper, CopyQ and others) read as: keep
+// this text out of the history.
+inline constexpr char secretHintFormat[] = "x-kde-passwordManagerHint";
+
 // Text this program has just put on the clipboard in another way (an edit box's cut) gets the
 // mark that SetClipboardData gives: clipboard managers keep it out of their history.
 void MarkClipboardSecret();
@@ -39,7 +43,8 @@ void ClipboardClear();
 // What other programs would paste now.
 QString ClipboardText();
 
-// Text this program still owns at EndProcess stays on the clipboard for other programs.
+// Text this program still owns at EndProcess stays on the clipboard for other programs, with its
+// mark: on X11 the program's own keeper (tolvane-clipboard-keeper, beside the program) serves it.
 void KeepClipboardAfterExit();
 
 // Tests: another program holds the clipboard open, so that OpenClipboard fails.

@@ -63,4 +63,8 @@ void SetMessageBoxBackend(MessageBoxBackend backend);
 
 QString AppTitle();
 
+// A text as the screen shows it: each CR LF, and each CR alone (the language table's line
+// break), is a line break. Message boxes and labels show their texts through it.
+QString ScreenLines(const QString& text);
+
 } // namespace platform

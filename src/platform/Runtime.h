@@ -64,6 +64,11 @@ int AppMajor();
 int AppMinor();
 int AppRevision();
 
+// The toolkit's own texts (the buttons of message boxes, its file and print dialogs) in this
+// language, "pl", "de" or "en", from the system's Qt translations; English when they are
+// missing.
+void UseToolkitLanguage(const QString& language);
+
 // The computer's name (GetComputerNameA); empty when it can't be had.
 QString GetComputerNameA();
 

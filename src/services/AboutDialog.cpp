@@ -59,6 +59,8 @@ AboutDialog::AboutDialog(QWidget* owner)
     contactLink = link("contactLink", 3780, 3600, 1980);
     closeButton = Placed(new QPushButton(QStringLiteral("OK"), this), "closeButton", 4440, 4020, 1320, 375);
     closeButton->setDefault(true);
+    // The first focus is OK, so that Enter closes the box rather than opening the first link.
+    closeButton->setFocus();
     connect(closeButton, &QPushButton::clicked, this, [] { Unload(); });
     connect(version, &ClickablePicture::Click, this, [] { Unload(); }); // the version closes it too
     connect(homePageLink, &ClickablePicture::Click, this, [] { LinkHomePage(); });

@@ -5,6 +5,7 @@
 #include "platform/Files.h"
 #include "platform/MessageBox.h"
 #include "platform/Paths.h"
+#include "platform/Runtime.h"
 #include "services/RegistryLayer.h"
 
 #include <array>
@@ -128,4 +129,9 @@ void LoadLanguage()
         + GetProgramSetting(QStringLiteral("curLang")) + QLatin1Char('\\')
         + GetProgramSetting(QStringLiteral("curLang")) + QStringLiteral(".txt");
     ReadLanguageFile(path);
+    // The buttons the toolkit draws itself (Yes, No, Cancel) speak the same language.
+    const QString language = GetProgramSetting(QStringLiteral("curLang"));
+    platform::UseToolkitLanguage(language == QLatin1String("Polish") ? QStringLiteral("pl")
+            : language == QLatin1String("Deutsch")                   ? QStringLiteral("de")
+                                                                     : QStringLiteral("en"));
 }

@@ -95,7 +95,13 @@ void ListBox::SetListIndex(int index)
 
 void ListBox::RemoveItem(int index)
 {
-    delete takeItem(index);
+    QListWidgetItem* removed = takeItem(index);
+    if (!removed)
+        return;
+    delete removed;
+    // The toolkit moves the selection to a neighbour; a removed row leaves none, so a second
+    // delete can't reach the row next to it.
+    selectionModel()->clear();
 }
 
 void ListBox::mouseReleaseEvent(QMouseEvent* event)

@@ -28,6 +28,7 @@ public:
     // The selected row, -1 when none is.
     int ListIndex() const;
     void SetListIndex(int index);
+    // Afterwards no row is selected.
     void RemoveItem(int index);
 
 Q_SIGNALS:

@@ -4,13 +4,53 @@
 #include "platform/Clipboard.h"
 #include "services/Accessibility.h"
 
+#include <QApplication>
+#include <QClipboard>
+#include <QContextMenuEvent>
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMouseEvent>
 #include <QPlainTextEdit>
+#include <QProxyStyle>
 #include <QPushButton>
+#include <QStyleFactory>
+
+namespace {
+
+// The toolkit's box masks with its style's character, a bullet; the classic box shows the
+// character it was given.
+class MaskCharacterStyle : public QProxyStyle
+{
+public:
+    explicit MaskCharacterStyle(QChar character)
+        : QProxyStyle(QStyleFactory::create(applicationStyleName()))
+        , mask(character)
+    {
+    }
+    int styleHint(
+        StyleHint hint, const QStyleOption* option, const QWidget* widget, QStyleHintReturn* returnData) const override
+    {
+        if (hint == SH_LineEdit_PasswordCharacter)
+            return mask.unicode();
+        return QProxyStyle::styleHint(hint, option, widget, returnData);
+    }
+
+private:
+    static QString applicationStyleName()
+    {
+        const QStyle* style = QApplication::style();
+        if (const auto* proxy = qobject_cast<const QProxyStyle*>(style))
+            style = proxy->baseStyle();
+        return style->name();
+    }
+
+    QChar mask;
+};
+
+} // namespace
 
 TextBox::TextBox(Kind kind, QWidget* parent)
     : QWidget(parent)
@@ -137,13 +177,23 @@ void TextBox::SetLocked(bool value)
 
 void TextBox::SetPasswordChar(const QString& character)
 {
-    if (line)
-        line->setEchoMode(character.isEmpty() ? QLineEdit::Normal : QLineEdit::Password);
+    if (!line)
+        return;
+    const QString mask = character.left(1);
+    if (!mask.isEmpty() && mask != passwordChar) {
+        auto* style = new MaskCharacterStyle(mask.at(0));
+        style->setParent(this);
+        line->setStyle(style);
+        delete maskStyle;
+        maskStyle = style;
+    }
+    passwordChar = mask;
+    line->setEchoMode(mask.isEmpty() ? QLineEdit::Normal : QLineEdit::Password);
 }
 
 QString TextBox::PasswordChar() const
 {
-    return (line && line->echoMode() == QLineEdit::Password) ? QStringLiteral("*") : QString();
+    return passwordChar;
 }
 
 void TextBox::SetScrollBars(bool horizontal, bool vertical)
@@ -168,6 +218,19 @@ bool TextBox::pressDefaultButton()
     return false;
 }
 
+void TextBox::showContextMenu(const QContextMenuEvent& request)
+{
+    // The editor's own menu. Of its commands only Copy and Cut change the clipboard, and what
+    // they put there is marked as every copy of the program is.
+    QMenu* menu = line ? line->createStandardContextMenu() : plain->createStandardContextMenu(request.pos());
+    bool copied = false;
+    connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, menu, [&copied] { copied = true; });
+    menu->exec(request.globalPos());
+    delete menu;
+    if (copied)
+        platform::MarkClipboardSecret();
+}
+
 bool TextBox::eventFilter(QObject* watched, QEvent* event)
 {
     switch (event->type()) {
@@ -185,6 +248,13 @@ bool TextBox::eventFilter(QObject* watched, QEvent* event)
             Q_EMIT LostFocus();
         break;
     }
+    case QEvent::ContextMenu:
+        // From the mouse over the editor's area, or from the keyboard to the editor itself.
+        if (watched == Editor() || (plain && watched == plain->viewport())) {
+            showContextMenu(*static_cast<QContextMenuEvent*>(event));
+            return true;
+        }
+        break;
     case QEvent::MouseButtonRelease:
         if (static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton)
             Q_EMIT Click();
@@ -196,6 +266,11 @@ bool TextBox::eventFilter(QObject* watched, QEvent* event)
         if (watched == Editor()) {
             if (key->matches(QKeySequence::Undo)) {
                 SendMessage(WM_UNDO);
+                return true;
+            }
+            if (key->matches(QKeySequence::Copy)) {
+                line ? line->copy() : plain->copy();
+                platform::MarkClipboardSecret();
                 return true;
             }
             if (key->matches(QKeySequence::Cut)) {

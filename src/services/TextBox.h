@@ -9,8 +9,10 @@
 // its window has a default button Enter presses it and Ctrl+Enter breaks the line.
 #include <QWidget>
 
+class QContextMenuEvent;
 class QLineEdit;
 class QPlainTextEdit;
+class QStyle;
 
 class TextBox : public QWidget
 {
@@ -59,6 +61,7 @@ protected:
 
 private:
     bool pressDefaultButton();
+    void showContextMenu(const QContextMenuEvent& request);
     QString editorText() const;
     void setEditorText(const QString& text);
     void contentsChanged();
@@ -84,4 +87,6 @@ private:
     QLineEdit* line = nullptr;
     QPlainTextEdit* plain = nullptr;
     bool locked = false;
+    QString passwordChar;
+    QStyle* maskStyle = nullptr; // gives the editor the mask character
 };

@@ -82,8 +82,10 @@ void TrayHost::load()
     setWindowIcon(iconRecord.hIcon);
     iconRecord.szTip = TipText(CurrentProfile());
     iconShown = platform::Shell_NotifyIconA(platform::NIM_ADD, iconRecord) != 0;
-    if (!iconShown) // without a notification area the pop-up menu would be out of reach
+    if (!iconShown) { // without a notification area the pop-up menu would be out of reach
+        menuInWindow = true;
         vaultSide().showMenuInWindow();
+    }
     const QString cfg = ProfileFile(QStringLiteral("cfg.txt"));
     if (!FileExist(cfg)) {
         for (int n = 1; n <= 5; ++n)

@@ -34,6 +34,9 @@ public:
     // False when the desktop has no notification area: then the pop-up menu stands in the
     // vault window's menu bar, and closing the vault window ends the run.
     bool IconShown() const { return iconShown; }
+    // True once the load has put the pop-up menu in the vault window's bar: a vault window
+    // loaded again puts it there too.
+    bool MenuInWindow() const { return menuInWindow; }
 
     // The icon's messages as the original receives them: a mouse move whose X, in the window's
     // scale (twips), is the message (514 left up, 515 left double click, 517 right up).
@@ -52,4 +55,5 @@ private:
 
     platform::NOTIFYICONDATA iconRecord;
     bool iconShown = false;
+    bool menuInWindow = false;
 };

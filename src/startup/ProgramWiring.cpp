@@ -3,6 +3,7 @@
 
 #include "platform/Runtime.h"
 #include "services/AccessKeyFocus.h"
+#include "services/LabelLines.h"
 #include "services/TrayHost.h"
 #include "settings/ProfilesPage.h"
 #include "settings/SettingsWindow.h"
@@ -16,6 +17,7 @@
 void ConnectWindows()
 {
     AccessKeyFocus::Install();
+    LabelLines::Install();
     // Beside the vault window, not modal: the vault keeps working behind it.
     VaultWindow::ConnectSettings([](QWidget*) { SettingsWindow::Instance()->show(); });
     TrayHost::ConnectVault({ [] { return VaultWindow::Instance()->windowIcon(); },

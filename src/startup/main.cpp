@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/Clipboard.h"
+#include "platform/Display.h"
 #include "platform/GuiMessageBox.h"
 #include "platform/Instance.h"
 #include "platform/Paths.h"
@@ -13,13 +14,17 @@
 
 #include <QApplication>
 
+#include <cstdio>
+
 int main(int argc, char* argv[])
 {
+    // Started over ssh or from a service, a window would show nowhere: say so and end.
+    if (!platform::DisplayAnswers()) {
+        std::fputs("tolvane: no display: start it in a desktop session (DISPLAY or WAYLAND_DISPLAY)\n", stderr);
+        return 1;
+    }
     // A copy runs from its start: later starts see it even while its first message is up.
     platform::AnnounceInstance();
-    if (qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")
-        && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Tolvane"));
     QApplication::setWindowIcon(ProgramIcon());

@@ -128,8 +128,10 @@ void PasswordGenerator::lengthen()
 
 bool PasswordGenerator::eventFilter(QObject* watched, QEvent* event)
 {
-    // Filters see the presses of a disabled button too; the button itself would not.
-    if (watched == longerButton && event->type() == QEvent::MouseButtonPress && longerButton->isEnabled())
+    // Filters see the presses of a disabled button too; the button itself would not. The second
+    // press of a double click comes as a double click, and counts as "<" counts it.
+    const bool press = event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick;
+    if (watched == longerButton && press && longerButton->isEnabled())
         lengthen();
     return QDialog::eventFilter(watched, event);
 }

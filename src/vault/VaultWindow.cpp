@@ -184,6 +184,10 @@ void VaultWindow::buildMenus()
     trayMenu->addSeparator();
     trayAboutAction = entry(trayMenu, "trayAboutAction");
     trayCloseAction = entry(trayMenu, "trayCloseAction");
+    // A window loaded again (Settings > OK, the way back through the icon's menu) has the menu
+    // where the first load put it.
+    if (const TrayHost* host = TrayHost::Loaded(); host && host->MenuInWindow())
+        ShowTrayMenuInBar();
 
     connect(newEntryAction, &QAction::triggered, this, &VaultWindow::newEntry);
     connect(deleteEntryAction, &QAction::triggered, this, &VaultWindow::deleteEntryFromMenu);
@@ -890,7 +894,8 @@ void VaultWindow::ConnectSettings(std::function<void(QWidget*)> open)
 
 void VaultWindow::ShowTrayMenuInBar()
 {
-    trayMenu->setTitle(platform::AppTitle());
+    // The program's title with an access key that no other menu of the bar takes, in any language.
+    trayMenu->setTitle(QStringLiteral("T&olvane"));
     menuBar()->addMenu(trayMenu);
 }
 

@@ -135,10 +135,25 @@ def copy_password(vault, keys, title):
     wait_for(title + " on show", lambda: control(vault, TEXT, "Title").queryText().getText(0, -1) == title)
     press(control(vault, "push button", "Copy - Password"))
     wait_for("the password on the X clipboard", lambda: clipboard() == PASSWORDS[title])
+    check_marked_secret("the copy")
+
+
+def check_marked_secret(what):
+    """The mark that keeps a text out of a clipboard manager's history, as another program reads the targets."""
     targets = subprocess.run(["xclip", "-o", "-selection", "clipboard", "-t", "TARGETS"], capture_output=True,
                              text=True).stdout.split()
-    if "x-kde-passwordManagerHint" not in targets:  # what keeps it out of a clipboard manager's history
-        sys.exit("FAIL: the copy is not marked secret: %s" % targets)
+    if "x-kde-passwordManagerHint" not in targets:
+        sys.exit("FAIL: %s is not marked secret: %s" % (what, targets))
+
+
+def keepers():
+    """The program's clipboard keepers still running."""
+    found = []
+    for pid in filter(str.isdigit, os.listdir("/proc")):
+        with contextlib.suppress(OSError):
+            if os.readlink("/proc/%s/exe" % pid).endswith("/tolvane-clipboard-keeper"):
+                found.append(pid)
+    return found
 
 
 def data(name):
@@ -214,6 +229,7 @@ try:
     copy_password(vault, ["Tab", "Down"], "Mail")
     close(vault)
     wait_for("the password handed over at the end of the run", lambda: clipboard() == "m41l-pass", 5)
+    check_marked_secret("the text handed over at the end of the run")
 
     print("-- the tool copies a password for two seconds, after the login's password, then clears it")
     tool = subprocess.Popen([world + "/root/usr/bin/tolvane-vault", "clip", "Shop", "--seconds", "2"], env=env,
@@ -223,6 +239,7 @@ try:
     wait_for("the tool's copy on the X clipboard", lambda: clipboard() == "sh0p-pass", 5)
     if tool.wait(10) != 0 or clipboard() != "":
         sys.exit("FAIL: the tool ended with %d, the clipboard holds '%s'" % (tool.returncode, clipboard()))
+    wait_for("the keeper gone once another program took the clipboard", lambda: not keepers(), 5)
     print("PASS: the journey by role and name")
 finally:
     for process in started:

@@ -1,7 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "TestWorld.h"
+#include "platform/GuiMessageBox.h"
 #include "services/LanguageTable.h"
 #include "services/RegistryLayer.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QMessageBox>
+#include <QTimer>
 
 using namespace Qt::StringLiterals;
 
@@ -46,7 +52,28 @@ private Q_SLOTS:
             QVERIFY(!filled.contains(0) && filled.contains(330));
         }
     }
+
+    void theToolkitsButtonsSpeakTheChosenLanguage()
+    {
+        TestWorld world;
+        const std::pair<QString, QString> languages[]
+            = { { u"Polish"_s, u"Nie Tak"_s }, { u"Deutsch"_s, u"Ja Nein"_s }, { u"English"_s, u"No Yes"_s } };
+        for (const auto& [language, buttons] : languages) {
+            SaveProgramSetting(u"curLang"_s, language);
+            LoadLanguage();
+            QStringList seen; // the buttons of the box on screen
+            QTimer::singleShot(0, [&seen] {
+                auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+                for (QAbstractButton* b : box->buttons())
+                    seen << b->text().remove(u'&');
+                box->button(QMessageBox::No)->click();
+            });
+            platform::ShowMessageBoxWindow({ u"?"_s, platform::MB_YESNO, u"Tolvane"_s });
+            seen.sort();
+            QCOMPARE(seen.join(u' '), buttons);
+        }
+    }
 };
 
-QTEST_GUILESS_MAIN(tst_language_table)
+QTEST_MAIN(tst_language_table)
 #include "tst_language_table.moc"

@@ -48,6 +48,15 @@ private Q_SLOTS:
             QTRY_COMPARE(menuOnScreen(), entries);
             QApplication::activePopupWidget()->close();
         }
+        // Settings > OK loads the window anew: the menu is still in its bar, and Alt+O opens it.
+        ui::menu(vault, { Lang(226), Lang(228) });
+        ui::click(ui::window(u"Ustawienia..."_s), u"OK"_s);
+        VaultWindow* reloaded = VaultWindow::Loaded();
+        QVERIFY(reloaded && reloaded != vault);
+        ui::activate(reloaded);
+        QTest::keyClick(reloaded, Qt::Key_O, Qt::AltModifier);
+        QTRY_COMPARE(menuOnScreen(), entries);
+        QApplication::activePopupWidget()->close();
         iconMessage(515); // shown, yet where nobody sees it
         QVERIFY(host->isVisible());
         QVERIFY(host->frameGeometry().right() < 0 && host->frameGeometry().bottom() < 0);

@@ -6,6 +6,8 @@
 #include "services/UpdateWindow.h"
 #include "startup/PasswordDigest.h"
 
+#include <QImage>
+#include <QLabel>
 #include <QProgressBar>
 #include <QTcpServer>
 #include <QTcpSocket>
@@ -104,6 +106,41 @@ private Q_SLOTS:
         run.boxes.shown.clear();
         ui::menu(vault, { Lang(229), Lang(234) });
         QVERIFY(run.boxes.shown.isEmpty() && ui::windowsOnScreen() == QList<QWidget*> { vault });
+    }
+
+    void theAboutBoxBreaksCaptionsAtUnderscoresAndClosesWithEnter()
+    {
+        ProgramRun run;
+        run.world.write(u"program/extra.txt"_s, "120 Home_page\r\n");
+        ReadLanguageFile(u"C:\\..\\program\\extra.txt"_s);
+        VaultWindow* vault = run.start();
+        ShellScript shell;
+        // The rows of the caption that hold ink, told apart by blank rows: its lines on screen.
+        int lines = 0;
+        bool closed = false;
+        ui::onNextModal([&](QWidget* about) {
+            QLabel* caption = nullptr;
+            for (QLabel* l : about->findChildren<QLabel*>())
+                caption = l->text() == u"Home\rpage"_s ? l : caption;
+            QVERIFY(caption);
+            caption->resize(caption->width(), caption->height() * 3);
+            const QImage image = caption->grab().toImage();
+            bool before = false;
+            for (int y = 0; y < image.height(); ++y) {
+                bool ink = false;
+                for (int x = 0; x < image.width() && !ink; ++x)
+                    ink = qGray(image.pixel(x, y)) < 128;
+                lines += ink && !before;
+                before = ink;
+            }
+            QTest::keyClick(about->focusWidget(), Qt::Key_Return); // where the focus is at first
+            closed = !about->isVisible();
+            about->close();
+        });
+        ui::menu(vault, { Lang(229), Lang(236) });
+        QCOMPARE(lines, 2);
+        QVERIFY(closed);
+        QVERIFY(shell.calls.isEmpty()); // no web page
     }
 
     void theSilentCheckFollowsATypedLoginAndSpeaksOnlyOfNews()

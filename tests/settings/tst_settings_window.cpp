@@ -143,6 +143,9 @@ private Q_SLOTS:
         QVERIFY(!QFileInfo::exists(run.data(u"Joanna"_s)));
         QCOMPARE(run.users(), QByteArray("Administrator\r\nAnn\r\n"));
         QCOMPARE(run.config(Keys::defaultProfile), u"Administrator"_s);
+        run.boxes.answer(platform::IDYES);
+        ui::click(settings, Lang(314)); // no row selected now: no other name goes
+        QCOMPARE(run.users(), QByteArray("Administrator\r\nAnn\r\n"));
         ui::click(settings, Lang(147));
 
         // A profile may delete itself: the folder goes, then the restart; its name stays listed.

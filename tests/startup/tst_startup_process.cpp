@@ -145,6 +145,17 @@ private Q_SLOTS:
         QCOMPARE(alone->state(), QProcess::Running);
         QVERIFY(boxes().isEmpty());
     }
+
+    void withoutADisplayItSaysSoAndEnds()
+    {
+        for (const char* name : { "DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM" })
+            env.remove(QString::fromLatin1(name));
+        QProcess* p = start();
+        QVERIFY(p->waitForFinished(10000));
+        QCOMPARE(p->exitCode(), 1);
+        QVERIFY(p->readAllStandardError().contains("no display"));
+        QVERIFY(!exists(QStringLiteral("appdata/Brenmark/Tolvane/data")));
+    }
 };
 
 QTEST_GUILESS_MAIN(tst_startup_process)

@@ -50,6 +50,14 @@ private Q_SLOTS:
         QTest::mousePress(longer, Qt::RightButton);
         QTest::mouseRelease(longer, Qt::RightButton);
         QCOMPARE(length(&g), u"5"_s);
+        // A double click counts twice on either: its second press comes as a double click.
+        for (const auto& [button, after] : { std::pair { u">"_s, u"7"_s }, std::pair { u"<"_s, u"5"_s } }) {
+            auto* b = ui::get<QPushButton>(&g, button);
+            QTest::mouseClick(b, Qt::LeftButton);
+            QTest::mouseDClick(b, Qt::LeftButton);
+            QTest::mouseRelease(b, Qt::LeftButton);
+            QCOMPARE(length(&g), after);
+        }
         for (int n = 0; n < 12; ++n)
             QTest::mousePress(longer, Qt::LeftButton);
         QCOMPARE(length(&g), u"15"_s);

@@ -4,7 +4,11 @@
 #include "platform/Clipboard.h"
 
 #include <QClipboard>
+#include <QContextMenuEvent>
+#include <QMenu>
 #include <QMimeData>
+#include <QPlainTextEdit>
+#include <QTimer>
 
 namespace {
 using platform::ClipboardText;
@@ -45,7 +49,7 @@ private Q_SLOTS:
         ui::click(vault, ActionOnBox(Lang(217), Lang(244)));
         QCOMPARE(ClipboardText(), u"secret-pass"_s); // masked on screen, clear on the clipboard
         QVERIFY(markedSecret());
-        QCOMPARE(ui::get<QLineEdit>(vault, Lang(244))->echoMode(), QLineEdit::Password);
+        QCOMPARE(ui::get<QLineEdit>(vault, Lang(244))->displayText(), u"***********"_s); // the classic mask
 
         // Copy takes the whole box; Tab moves the focus, not the box acted on; cut takes the selection.
         ui::type(vault, Lang(242), {});
@@ -81,6 +85,39 @@ private Q_SLOTS:
         QCOMPARE(ui::text(vault, Lang(247)), QString());
         edit(vault, 217);
         QCOMPARE(ClipboardText(), QString());
+    }
+
+    void theBoxesOwnCopyAndCutAreMarkedSecretToo()
+    {
+        ProgramRun run;
+        VaultWindow* vault = showMail(run);
+        auto* name = ui::get<QLineEdit>(vault, Lang(242));
+        auto* note = ui::get<QPlainTextEdit>(vault, Lang(247));
+        // The box's own menu as a right click opens it, the command chosen by its text.
+        const auto fromMenu = [](QWidget* at, const QString& command) {
+            QTimer::singleShot(0, [command] {
+                auto* menu = static_cast<QMenu*>(QApplication::activePopupWidget());
+                for (QAction* a : menu->actions()) {
+                    if (a->text().remove(u'&').startsWith(command))
+                        a->trigger();
+                }
+                menu->close();
+            });
+            QContextMenuEvent click(QContextMenuEvent::Mouse, QPoint(5, 5), at->mapToGlobal(QPoint(5, 5)));
+            QApplication::sendEvent(at, &click);
+        };
+        const std::function<void()> copies[] = { [&] { QTest::keyClick(name, Qt::Key_C, Qt::ControlModifier); },
+            [&] { fromMenu(name, u"Copy"_s); }, [&] { QTest::keyClick(note, Qt::Key_X, Qt::ControlModifier); },
+            [&] { fromMenu(note->viewport(), u"Cut"_s); } };
+        for (int i = 0; i < 4; ++i) {
+            note->setPlainText(u"memo"_s);
+            QApplication::clipboard()->setText(u"before"_s);
+            i < 2 ? name->setFocus() : note->setFocus();
+            i < 2 ? name->selectAll() : note->selectAll();
+            copies[i]();
+            QCOMPARE(ClipboardText(), i < 2 ? u"annabel"_s : u"memo"_s);
+            QVERIFY(markedSecret());
+        }
     }
 
     void theToolbarCutsAndPastesTheSelectionTheMouseLeftBehind()

@@ -85,6 +85,12 @@ private Q_SLOTS:
         run.boxes.answer(platform::IDYES);
         ui::click(vault, Lang(208));
         QCOMPARE(ui::rows(vault, Lang(201)), QStringList({ "Alpha", "beta" }));
+        // The removed row takes the selection with it: a second delete meets no row.
+        ui::click(vault, Lang(208));
+        QCOMPARE(run.boxes.last(), u"16|Tolvane|"_s + Lang(198));
+        ui::menu(vault, { Lang(206), Lang(208) });
+        QCOMPARE(run.boxes.last(), u"16|Tolvane|"_s + Lang(205));
+        QCOMPARE(ui::rows(vault, Lang(201)), QStringList({ "Alpha", "beta" }));
         vault->keepBoxesInStep(); // no title on show: the boxes lock, Save greys
         QVERIFY(ui::get<QLineEdit>(vault, Lang(244))->isReadOnly());
         QVERIFY(!ui::get<QPushButton>(vault, Lang(248))->isEnabled());

@@ -5,6 +5,7 @@
 #include "platform/Runtime.h"
 
 #include <QClipboard>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QMimeData>
 #include <QProcess>
@@ -44,8 +45,9 @@ QClipboard* systemClipboard()
 
 // On X11 and Wayland the contents of the clipboard leave with the program that put them there,
 // while on the original they stay until somebody replaces them. At the end of a run the text
-// we still own is handed to a small keeper (xclip or wl-copy), which serves it until another
-// program takes the clipboard. Without a keeper the text goes with us.
+// we still own is handed to a small keeper, which serves it until another program takes the
+// clipboard: on X11 the program's own, which keeps the secret mark; on Wayland wl-copy, which
+// offers the text alone. Without a keeper the text goes with us.
 void HandOverToKeeper()
 {
     QClipboard* clipboard = systemClipboard();
@@ -55,11 +57,11 @@ void HandOverToKeeper()
     if (text.isEmpty())
         return;
     QString keeper;
-    QStringList arguments;
     const QString platformName = QGuiApplication::platformName();
     if (platformName == QLatin1String("xcb")) {
-        keeper = QStandardPaths::findExecutable(QStringLiteral("xclip"));
-        arguments = { QStringLiteral("-selection"), QStringLiteral("clipboard"), QStringLiteral("-in") };
+        const QFileInfo own(QCoreApplication::applicationDirPath() + QStringLiteral("/tolvane-clipboard-keeper"));
+        if (own.isFile() && own.isExecutable())
+            keeper = own.filePath();
     } else if (platformName.startsWith(QLatin1String("wayland"))) {
         keeper = QStandardPaths::findExecutable(QStringLiteral("wl-copy"));
     }
@@ -68,23 +70,20 @@ void HandOverToKeeper()
     QProcess process;
     process.setStandardOutputFile(QProcess::nullDevice());
     process.setStandardErrorFile(QProcess::nullDevice());
-    process.start(keeper, arguments);
+    process.start(keeper, QStringList());
     if (!process.waitForStarted(2000))
         return;
     process.write(text.toUtf8());
     process.closeWriteChannel();
-    // Both keepers read to the end, take the selection, and leave a child serving it.
-    process.waitForFinished(3000);
+    // Both keepers read to the end, take the clipboard, and leave a child serving it.
+    process.waitForFinished(5000);
 }
-
-// Clipboard managers (Klipper, CopyQ and others) leave text with this mark out of their history.
-const char* const secretHint = "x-kde-passwordManagerHint";
 
 void PutSecretText(const QString& text)
 {
     auto* data = new QMimeData;
     data->setText(text);
-    data->setData(QString::fromLatin1(secretHint), QByteArrayLiteral("secret"));
+    data->setData(QString::fromLatin1(secretHintFormat), QByteArrayLiteral("secret"));
     systemClipboard()->setMimeData(data);
 }
 
@@ -96,7 +95,7 @@ void MarkClipboardSecret()
     if (!clipboard)
         return;
     const QMimeData* data = clipboard->mimeData();
-    if (data && data->hasText() && !data->hasFormat(QString::fromLatin1(secretHint)))
+    if (data && data->hasText() && !data->hasFormat(QString::fromLatin1(secretHintFormat)))
         PutSecretText(data->text());
 }
 

@@ -13,9 +13,7 @@ int ShowMessageBoxWindow(const MessageBoxCall& call)
 {
     QMessageBox box;
     box.setWindowTitle(call.title);
-    QString text = call.text;
-    text.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(QLatin1Char('\r'), QLatin1Char('\n'));
-    box.setText(text);
+    box.setText(ScreenLines(call.text));
     switch (call.flags & 0x70) {
     case 16:
         box.setIcon(QMessageBox::Critical);

@@ -36,6 +36,13 @@ QString AppTitle()
     return QStringLiteral("Tolvane");
 }
 
+QString ScreenLines(const QString& text)
+{
+    QString lines = text;
+    lines.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(QLatin1Char('\r'), QLatin1Char('\n'));
+    return lines;
+}
+
 int DefaultAnswer(int flags)
 {
     const int buttons = flags & 7;

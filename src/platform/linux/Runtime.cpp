@@ -9,11 +9,13 @@
 #include <QElapsedTimer>
 #include <QFileInfo>
 #include <QHash>
+#include <QLibraryInfo>
 #include <QLocale>
 #include <QProcess>
 #include <QSocketNotifier>
 #include <QSysInfo>
 #include <QTime>
+#include <QTranslator>
 
 #include <cmath>
 #include <cstdio>
@@ -229,6 +231,24 @@ int AppMinor()
 int AppRevision()
 {
     return TOLVANE_VERSION_PATCH;
+}
+
+void UseToolkitLanguage(const QString& language)
+{
+    static QTranslator* translator = nullptr;
+    if (translator) {
+        QCoreApplication::removeTranslator(translator);
+        delete translator;
+        translator = nullptr;
+    }
+    auto* loaded = new QTranslator;
+    if (language == QLatin1String("en")
+        || !loaded->load(QStringLiteral("qtbase_") + language, QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+        delete loaded;
+        return;
+    }
+    QCoreApplication::installTranslator(loaded);
+    translator = loaded;
 }
 
 QString GetComputerNameA()
