@@ -2,7 +2,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 # Installs what a fresh Debian 12 machine lacks for building and testing Tolvane.
 set -euo pipefail
-packages=(cmake g++ make ccache qt6-base-dev qt6-base-dev-tools libqt6svg6 qt6-translations-l10n clang libclang-rt-14-dev xvfb xauth fonts-liberation2 trayer
+packages=(cmake g++ make ccache qt6-base-dev qt6-base-dev-tools libqt6svg6 qt6-translations-l10n libxcb1-dev clang libclang-rt-14-dev xvfb xauth fonts-liberation2 trayer
           xclip xdotool xdg-utils shared-mime-info poppler-utils dpkg-dev
           dbus at-spi2-core python3-pyatspi
           scdoc help2man lintian desktop-file-utils appstream)

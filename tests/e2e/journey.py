@@ -147,11 +147,11 @@ def check_marked_secret(what):
 
 
 def keepers():
-    """The program's clipboard keepers still running."""
+    """The clipboard keepers of the installed program still running (not those of other sessions)."""
     found = []
     for pid in filter(str.isdigit, os.listdir("/proc")):
         with contextlib.suppress(OSError):
-            if os.readlink("/proc/%s/exe" % pid).endswith("/tolvane-clipboard-keeper"):
+            if os.readlink("/proc/%s/exe" % pid) == world + "/root/usr/lib/tolvane/tolvane-clipboard-keeper":
                 found.append(pid)
     return found
 

@@ -8,12 +8,15 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QMimeData>
+#include <QTimer>
 
 #include <cerrno>
+#include <cstdlib>
 #include <fcntl.h>
 #include <poll.h>
 #include <string>
 #include <unistd.h>
+#include <xcb/xcb.h>
 
 namespace {
 
@@ -78,9 +81,29 @@ int main(int argc, char* argv[])
     if (write(ready[1], &byte, 1) != 1)
         return 1;
     close(ready[1]);
-    QObject::connect(clipboard, &QClipboard::changed, &app, [clipboard](QClipboard::Mode mode) {
-        if (mode == QClipboard::Clipboard && !clipboard->ownsClipboard())
+    // The toolkit does not always notice that another program took the clipboard (its own
+    // record of owning it stays), so the window system is asked for the owner each second.
+    auto* x11 = app.nativeInterface<QNativeInterface::QX11Application>();
+    xcb_connection_t* connection = x11 ? x11->connection() : nullptr;
+    if (!connection)
+        return 1;
+    const xcb_intern_atom_cookie_t named = xcb_intern_atom(connection, 0, 9, "CLIPBOARD");
+    xcb_intern_atom_reply_t* atom = xcb_intern_atom_reply(connection, named, nullptr);
+    const xcb_atom_t selection = atom ? atom->atom : xcb_atom_t(XCB_ATOM_NONE);
+    free(atom);
+    const auto owner = [connection, selection] {
+        xcb_get_selection_owner_reply_t* reply
+            = xcb_get_selection_owner_reply(connection, xcb_get_selection_owner(connection, selection), nullptr);
+        const xcb_window_t window = reply ? reply->owner : xcb_window_t(XCB_NONE);
+        free(reply);
+        return window;
+    };
+    const xcb_window_t ours = owner();
+    QTimer check;
+    QObject::connect(&check, &QTimer::timeout, &app, [clipboard, owner, ours] {
+        if (!clipboard->ownsClipboard() || owner() != ours)
             QGuiApplication::quit();
     });
+    check.start(1000);
     return QGuiApplication::exec();
 }
