@@ -347,16 +347,16 @@ private Q_SLOTS:
         QCOMPARE(titles(run.vaultOnDisk()), (QStringList { u"Seed"_s, u"Foo"_s }));
 
         // 150,000 sections in 1 MiB, and a value of 500,000 escapes: read in the tool's time limit.
-        QByteArray sections;
+        QByteArray sections, title;
         for (int i = 0; i < 150000; ++i) {
-            QByteArray title;
+            title.clear();
             for (int n = i; title.isEmpty() || n > 0; n /= 62)
                 title.prepend("0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz"[n % 62]);
             sections += '[' + title + "]\r\n";
         }
-        run.world.write(u"many.dat"_s, LayerOn(sections));
-        const Run many = tool({ u"dump"_s, run.world.path(u"many.dat"_s) });
-        QVERIFY(many.code == 0 && QJsonDocument::fromJson(many.out).array().size() == 150000);
+        run.world.write(u"appdata/Brenmark/Tolvane/data/Administrator/list.dat"_s, LayerOn(sections));
+        const Run last = tool({ u"show"_s, QString::fromLatin1(title) });
+        QVERIFY2(last.code == 0 && last.out.startsWith("Title:      " + title + '\n'), last.err);
         run.world.write(u"escapes.dat"_s, LayerOn("[P]\r\npicture=" + QByteArray("&0").repeated(500000) + "\r\n"));
         QCOMPARE(tool({ u"dump"_s, run.world.path(u"escapes.dat"_s) }).first(u"picture"_s).size(), 500000);
         // A save over a file larger than any vault leaves it; a password line is read to a bound.
