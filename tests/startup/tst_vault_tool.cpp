@@ -11,6 +11,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QProcess>
+#include <QScopeGuard>
 
 #include <functional>
 #include <sys/stat.h>
@@ -197,51 +198,6 @@ private Q_SLOTS:
         toolPath = QStringLiteral(TOLVANE_BUILT_PROGRAM_DIR "/tolvane-vault");
     }
 
-    // The code page is the first start's: a name given under a Polish desktop is the same name
-    // when the program or the tool later runs under an English one.
-    void aProfileNamedUnderOneLocaleIsFoundUnderAnother()
-    {
-        TestWorld world;
-        TestWorld::copyTree(QStringLiteral(TOLVANE_BUILT_PROGRAM_DIR), world.path(u"installed"_s));
-        toolPath = world.path(u"installed/tolvane-vault"_s);
-        qunsetenv("TOLVANE_PROGRAM_DIR");
-        const QByteArray testLocale = qgetenv("LC_ALL");
-        qunsetenv("LC_ALL");
-        qputenv("LANG", "pl_PL.UTF-8");
-        qputenv("LANGUAGE", "pl");
-        QProcess program;
-        program.start(world.path(u"installed/tolvane"_s), {});
-        const QString data = u"appdata/Brenmark/Tolvane/data/"_s;
-        QTRY_VERIFY_WITH_TIMEOUT(QFileInfo::exists(world.path(data + u"Administrator/list.dat"_s)), 15000);
-        ::kill(static_cast<pid_t>(program.processId()), SIGTERM);
-        QVERIFY(program.waitForFinished(10000));
-        // "Łódź", as that run names it in its files (Windows-1250) and as a folder, and the default.
-        const QString lodz = QString::fromUtf8("Łódź");
-        world.write(data + u"users.txt"_s,
-            "Administrator\r\n\xa3\xf3"
-            "d\x9f\r\n");
-        world.write(data + lodz + u"/dummy.dat"_s, "x");
-        world.write(data + u"config.txt"_s,
-            "[user]\r\ncurrent=Administrator\r\ndefault=\xa3\xf3"
-            "d\x9f\r\n");
-
-        qputenv("LANG", "en_US.UTF-8");
-        qputenv("LANGUAGE", "en");
-        const Run added = tool({ u"add"_s, u"Bike"_s, u"--profile"_s, lodz });
-        const Run listed = tool({ u"ls"_s }); // the default, as the login offers it
-        qputenv("LC_ALL", testLocale);
-        QVERIFY2(added.code == 0, added.err.constData());
-        QVERIFY2(listed.code == 0 && listed.out == "Bike\n", listed.err.constData());
-        QVERIFY(QFileInfo::exists(world.path(data + lodz + u"/list.dat"_s)));
-
-        // The Polish captions, read in that code page.
-        qputenv("TOLVANE_PROGRAM_DIR", world.path(u"program"_s).toLocal8Bit());
-        UseKeptCodePage(false);
-        LoadLanguage();
-        platform::UseCodePage(1252);
-        QCOMPARE(Lang(201), QString::fromUtf8("Lista haseł:"));
-    }
-
     // Writers of one data tree exclude each other through the tree's lock: tools among
     // themselves, and any tool while a program holds the tree, whatever folder it runs from.
     void writesTakeTheDataTreesLock()
@@ -367,6 +323,58 @@ private Q_SLOTS:
         run.setIni(u"Administrator/settings.txt"_s, Keys::settings, Keys::password, MD5Hex(u"pw"_s));
         const Run endless = tool({ u"ls"_s }, big);
         QVERIFY2(endless.code == 1 && endless.err.contains("longer than"), endless.err);
+    }
+
+    // The code page is the first start's: a name given under a Polish desktop is the same name
+    // when the program or the tool later runs under an English one.
+    void aProfileNamedUnderOneLocaleIsFoundUnderAnother()
+    {
+        // Last of the tests: it leaves the Polish table loaded in this process.
+        const QByteArray lang = qgetenv("LANG"), language = qgetenv("LANGUAGE");
+        const auto restore = qScopeGuard([&] {
+            qputenv("LANG", lang);
+            qputenv("LANGUAGE", language);
+            toolPath = QStringLiteral(TOLVANE_BUILT_PROGRAM_DIR "/tolvane-vault");
+        });
+        TestWorld world;
+        TestWorld::copyTree(QStringLiteral(TOLVANE_BUILT_PROGRAM_DIR), world.path(u"installed"_s));
+        toolPath = world.path(u"installed/tolvane-vault"_s);
+        qunsetenv("TOLVANE_PROGRAM_DIR");
+        const QByteArray testLocale = qgetenv("LC_ALL");
+        qunsetenv("LC_ALL");
+        qputenv("LANG", "pl_PL.UTF-8");
+        qputenv("LANGUAGE", "pl");
+        QProcess program;
+        program.start(world.path(u"installed/tolvane"_s), {});
+        const QString data = u"appdata/Brenmark/Tolvane/data/"_s;
+        QTRY_VERIFY_WITH_TIMEOUT(QFileInfo::exists(world.path(data + u"Administrator/list.dat"_s)), 15000);
+        ::kill(static_cast<pid_t>(program.processId()), SIGTERM);
+        QVERIFY(program.waitForFinished(10000));
+        // "Łódź", as that run names it in its files (Windows-1250) and as a folder, and the default.
+        const QString lodz = QString::fromUtf8("Łódź");
+        world.write(data + u"users.txt"_s,
+            "Administrator\r\n\xa3\xf3"
+            "d\x9f\r\n");
+        world.write(data + lodz + u"/dummy.dat"_s, "x");
+        world.write(data + u"config.txt"_s,
+            "[user]\r\ncurrent=Administrator\r\ndefault=\xa3\xf3"
+            "d\x9f\r\n");
+
+        qputenv("LANG", "en_US.UTF-8");
+        qputenv("LANGUAGE", "en");
+        const Run added = tool({ u"add"_s, u"Bike"_s, u"--profile"_s, lodz });
+        const Run listed = tool({ u"ls"_s }); // the default, as the login offers it
+        qputenv("LC_ALL", testLocale);
+        QVERIFY2(added.code == 0, added.err.constData());
+        QVERIFY2(listed.code == 0 && listed.out == "Bike\n", listed.err.constData());
+        QVERIFY(QFileInfo::exists(world.path(data + lodz + u"/list.dat"_s)));
+
+        // The Polish captions, read in that code page.
+        qputenv("TOLVANE_PROGRAM_DIR", world.path(u"program"_s).toLocal8Bit());
+        UseKeptCodePage(false);
+        LoadLanguage();
+        platform::UseCodePage(1252);
+        QCOMPARE(Lang(201), QString::fromUtf8("Lista haseł:"));
     }
 };
 
