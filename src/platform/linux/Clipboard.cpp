@@ -57,11 +57,18 @@ void HandOverToKeeper()
     if (text.isEmpty())
         return;
     QString keeper;
+    QStringList arguments;
     const QString platformName = QGuiApplication::platformName();
     if (platformName == QLatin1String("xcb")) {
         const QFileInfo own(QCoreApplication::applicationDirPath() + QStringLiteral("/tolvane-clipboard-keeper"));
-        if (own.isFile() && own.isExecutable())
+        if (own.isFile() && own.isExecutable()) {
             keeper = own.filePath();
+        } else {
+            // A portable copy on a drive carries the program alone: xclip, where installed, keeps
+            // the text, though without the secret mark.
+            keeper = QStandardPaths::findExecutable(QStringLiteral("xclip"));
+            arguments = { QStringLiteral("-selection"), QStringLiteral("clipboard"), QStringLiteral("-in") };
+        }
     } else if (platformName.startsWith(QLatin1String("wayland"))) {
         keeper = QStandardPaths::findExecutable(QStringLiteral("wl-copy"));
     }
@@ -70,12 +77,12 @@ void HandOverToKeeper()
     QProcess process;
     process.setStandardOutputFile(QProcess::nullDevice());
     process.setStandardErrorFile(QProcess::nullDevice());
-    process.start(keeper, QStringList());
+    process.start(keeper, arguments);
     if (!process.waitForStarted(2000))
         return;
     process.write(text.toUtf8());
     process.closeWriteChannel();
-    // Both keepers read to the end, take the clipboard, and leave a child serving it.
+    // Each keeper reads to the end, takes the clipboard, and leaves a child serving it.
     process.waitForFinished(5000);
 }
 
