@@ -30,6 +30,18 @@ HGLOBAL SetClipboardData(unsigned format, HGLOBAL block);
 // 0 when the clipboard was not open.
 int CloseClipboard();
 
+// The classic copy, step by step: a block filled with the text and unlocked, then the clipboard
+// opened, emptied, given the block and closed. Which steps failed, for the caller to tell: after
+// a failed unlock the clipboard is closed without having been opened; after a failed open it is
+// left alone.
+struct TextCopyFailures
+{
+    bool unlock = false;
+    bool open = false;
+    bool close = false;
+};
+TextCopyFailures CopyTextToClipboard(const QString& text);
+
 // The format whose value "secret" clipboard managers (Klipper, CopyQ and others) read as: keep
 // this text out of the history.
 inline constexpr char secretHintFormat[] = "x-kde-passwordManagerHint";

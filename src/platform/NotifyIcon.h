@@ -10,26 +10,23 @@ class QWidget;
 
 namespace platform {
 
-constexpr int NIM_ADD = 0;
-constexpr int WM_MOUSEMOVE = 512;
-constexpr int WM_LBUTTONUP = 514;
-constexpr int WM_LBUTTONDBLCLK = 515;
-constexpr int WM_RBUTTONUP = 517;
+constexpr int TrayMouseMove = 512; // WM_MOUSEMOVE
+constexpr int TrayLeftButtonUp = 514; // WM_LBUTTONUP
+constexpr int TrayLeftDoubleClick = 515; // WM_LBUTTONDBLCLK
+constexpr int TrayRightButtonUp = 517; // WM_RBUTTONUP
 
-struct NOTIFYICONDATA
+// An icon of the notification area as the window that owns it describes it (NOTIFYICONDATA).
+struct TrayIconRecord
 {
-    int cbSize = 88;
-    QWidget* hWnd = nullptr;
-    int uID = 1;
-    int uFlags = 7; // message, icon and tip are valid
-    int uCallbackMessage = WM_MOUSEMOVE;
-    QIcon hIcon;
-    QString szTip; // a field of 64 characters; shown up to its first zero
+    QWidget* window = nullptr;
+    int callbackMessage = TrayMouseMove;
+    QIcon icon;
+    QString tip; // a field of 64 characters; shown up to its first zero
 };
 
-// Adds the icon (operation NIM_ADD). 0 when there is no notification area to hold it. The icon
+// Adds the icon (Shell_NotifyIconA with NIM_ADD). 0 when there is no notification area to hold it. The icon
 // stays until the process ends.
-int Shell_NotifyIconA(int operation, const NOTIFYICONDATA& data);
+int AddTrayIcon(const TrayIconRecord& record);
 
 // The tip the icon shows, as the notification area shows it; empty without an icon.
 QString NotifyIconTip();

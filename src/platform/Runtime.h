@@ -72,11 +72,6 @@ void UseToolkitLanguage(const QString& language);
 // The computer's name (GetComputerNameA); empty when it can't be had.
 QString GetComputerNameA();
 
-void InitCommonControls();
-void InitCommonControlsEx(int size, int flags);
-// Creates a named mutex that nobody looks at again; returns a handle or 0.
-quintptr CreateMutexA(const QString& name);
-
 // Starts a program ("\tolvane.exe" behind the program's folder, and the like) with its
 // parameters. Returns a value above 32 on success, as ShellExecuteA does.
 int StartProgram(const QString& file, const QString& parameters);

@@ -20,10 +20,11 @@ struct ShellCall
     int show = 1;
 };
 
-// An empty file opens the working folder; a relative one is taken in the working folder.
+// Opens or starts a file through the desktop (ShellExecuteA). An empty file opens the working
+// folder; a relative one is taken in the working folder.
 // "RUNDLL32.EXE" with "shell32.dll,OpenAs_RunDLL <file>" asks the user for a program to open
 // the file with. A file ending in ".exe" starts that program.
-int ShellExecuteA(QWidget* owner, const QString& verb, const QString& file, const QString& parameters,
+int OpenThroughShell(QWidget* owner, const QString& verb, const QString& file, const QString& parameters,
     const QString& directory, int show);
 
 // Tests answer the shell themselves; an empty backend restores the desktop's.

@@ -6,21 +6,14 @@
 
 void SetClipboardText(QString& text)
 {
-    using namespace platform;
-    const HGLOBAL block = GlobalAlloc(GHND, text.size() + 1);
-    char* memory = GlobalLock(block);
-    lstrcpy(memory, text);
-    if (GlobalUnlock(block) != 0) {
-        // The clipboard was never opened, yet it is closed below: that order is the original's.
-        MsgBox(QStringLiteral("Could not unlock memory location. Copy aborted."));
-    } else {
-        if (OpenClipboard(0) == 0) {
-            MsgBox(QStringLiteral("Could not open the Clipboard. Copy aborted."));
-            return;
-        }
-        EmptyClipboard();
-        SetClipboardData(CF_TEXT, block);
+    const platform::TextCopyFailures failed = platform::CopyTextToClipboard(text);
+    // The clipboard is closed even when it was never opened: that order is the original's.
+    if (failed.unlock)
+        platform::MsgBox(QStringLiteral("Could not unlock memory location. Copy aborted."));
+    if (failed.open) {
+        platform::MsgBox(QStringLiteral("Could not open the Clipboard. Copy aborted."));
+        return;
     }
-    if (CloseClipboard() == 0)
-        MsgBox(QStringLiteral("Could not close Clipboard."));
+    if (failed.close)
+        platform::MsgBox(QStringLiteral("Could not close Clipboard."));
 }

@@ -37,7 +37,7 @@ void ListBox::Clear()
     clear();
 }
 
-void ListBox::AddItem(const QString& value, int index)
+void ListBox::addRow(const QString& value, int index)
 {
     // A row is a zero-terminated text: a field's padding zeros end it.
     const QString item = value.left(value.indexOf(QChar(0)));
@@ -61,12 +61,12 @@ void ListBox::AddItem(const QString& value, int index)
     insertItem(low, item);
 }
 
-int ListBox::ListCount() const
+int ListBox::rowCount() const
 {
     return count();
 }
 
-QString ListBox::List(int index) const
+QString ListBox::rowText(int index) const
 {
     const QListWidgetItem* row = item(index);
     return row ? row->text() : QString();
@@ -74,17 +74,17 @@ QString ListBox::List(int index) const
 
 QString ListBox::Text() const
 {
-    const int index = ListIndex();
-    return index < 0 ? QString() : List(index);
+    const int index = selectedRow();
+    return index < 0 ? QString() : rowText(index);
 }
 
-int ListBox::ListIndex() const
+int ListBox::selectedRow() const
 {
     const QList<QListWidgetItem*> chosen = selectedItems();
     return chosen.isEmpty() ? -1 : row(chosen.first());
 }
 
-void ListBox::SetListIndex(int index)
+void ListBox::selectRow(int index)
 {
     if (index < 0 || index >= count()) {
         clearSelection();
@@ -93,7 +93,7 @@ void ListBox::SetListIndex(int index)
     setCurrentRow(index);
 }
 
-void ListBox::RemoveItem(int index)
+void ListBox::removeRow(int index)
 {
     QListWidgetItem* removed = takeItem(index);
     if (!removed)
@@ -108,13 +108,13 @@ void ListBox::mouseReleaseEvent(QMouseEvent* event)
 {
     QListWidget::mouseReleaseEvent(event);
     if (event->button() == Qt::LeftButton)
-        Q_EMIT Click();
+        Q_EMIT rowClicked();
 }
 
 void ListBox::keyPressEvent(QKeyEvent* event)
 {
-    const int before = ListIndex();
+    const int before = selectedRow();
     QListWidget::keyPressEvent(event);
-    if (ListIndex() != before)
-        Q_EMIT Click();
+    if (selectedRow() != before)
+        Q_EMIT rowClicked();
 }

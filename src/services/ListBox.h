@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
-// The runtime's list box: rows of text (each ends at a first zero character), one selected at most, and a Click that
-// comes with every mouse click in it and with every change of row by the keyboard. A sorted list keeps its rows in
+// The runtime's list box: rows of text (each ends at a first zero character), one selected at most, and a rowClicked
+// that comes with every mouse click in it and with every change of row by the keyboard. A sorted list keeps its rows in
 // alphabetical order of their whole text without regard to case, whatever order they come in, and the same on every
 // machine (the toolkit's own sorting is case-sensitive and follows the locale, so the order is kept here).
 #include "storage/ListControl.h"
@@ -19,20 +19,20 @@ public:
 
     void Clear() override;
     // A sorted list puts the row in its place and ignores the index.
-    void AddItem(const QString& item, int index = -1) override;
-    int ListCount() const override;
-    QString List(int index) const override;
+    void addRow(const QString& item, int index = -1) override;
+    int rowCount() const override;
+    QString rowText(int index) const override;
 
     // The text of the selected row, empty when none is selected.
     QString Text() const;
     // The selected row, -1 when none is.
-    int ListIndex() const;
-    void SetListIndex(int index);
+    int selectedRow() const;
+    void selectRow(int index);
     // Afterwards no row is selected.
-    void RemoveItem(int index);
+    void removeRow(int index);
 
 Q_SIGNALS:
-    void Click();
+    void rowClicked();
 
 protected:
     void mouseReleaseEvent(QMouseEvent* event) override;

@@ -47,7 +47,7 @@ QString ServerAddress()
 
 int OpenLinkTarget(const QString& target)
 {
-    return platform::ShellExecuteA(nullptr, QString(), target, QString(), QString(), 1);
+    return platform::OpenThroughShell(nullptr, QString(), target, QString(), QString(), 1);
 }
 
 void LinkHomePage()

@@ -39,12 +39,12 @@ void ShellOpen(
 {
     if (directory.isEmpty())
         directory = file.left(file.lastIndexOf(QLatin1Char('\\')) + 1);
-    const int result = platform::ShellExecuteA(owner, QStringLiteral("open"), file, parameters, directory, show);
+    const int result = platform::OpenThroughShell(owner, QStringLiteral("open"), file, parameters, directory, show);
     if (result > 32 || result < 0)
         return;
     if (result == SE_ERR_NOASSOC) {
         // The system's dialog for choosing a program.
-        platform::ShellExecuteA(owner, QStringLiteral("open"), QStringLiteral("RUNDLL32.EXE"),
+        platform::OpenThroughShell(owner, QStringLiteral("open"), QStringLiteral("RUNDLL32.EXE"),
             QStringLiteral("shell32.dll,OpenAs_RunDLL ") + file, directory, show);
         return;
     }
@@ -57,7 +57,7 @@ void ShellOpen(
 
 void RestartProgram()
 {
-    platform::ShellExecuteA(nullptr, QStringLiteral("Open"), platform::AppPath() + QStringLiteral("\\tolvane.exe"),
+    platform::OpenThroughShell(nullptr, QStringLiteral("Open"), platform::AppPath() + QStringLiteral("\\tolvane.exe"),
         QStringLiteral("/restart"), QString(), 1);
     platform::EndProcess(0);
 }

@@ -136,12 +136,12 @@ void TextBox::contentsChanged()
     lastText = now;
 }
 
-void TextBox::SendMessage(int message)
+void TextBox::edit(Command command)
 {
     if (locked)
         return;
     const QString before = editorText();
-    if (message == WM_UNDO) {
+    if (command == Command::Undo) {
         if (!canUndo)
             return;
         setEditorText(undoText);
@@ -153,10 +153,10 @@ void TextBox::SendMessage(int message)
         line->setSelection(keptSelection.start, keptSelection.length);
     keptSelection = {};
     quiet = true;
-    if (message == WM_CUT) {
+    if (command == Command::Cut) {
         line ? line->cut() : plain->cut(); // a masked one-line box keeps its text, as it should
         platform::MarkClipboardSecret();
-    } else if (message == WM_PASTE)
+    } else if (command == Command::Paste)
         line ? line->paste() : plain->paste();
     quiet = false;
     if (editorText() != before) {
@@ -261,11 +261,11 @@ bool TextBox::eventFilter(QObject* watched, QEvent* event)
         break;
     case QEvent::KeyPress: {
         auto* key = static_cast<QKeyEvent*>(event);
-        // The keys of the edit commands send the same messages as the menu does; the box
+        // The keys of the edit commands run the same commands as the menu does; the box
         // knows no redo of its own.
         if (watched == Editor()) {
             if (key->matches(QKeySequence::Undo)) {
-                SendMessage(WM_UNDO);
+                undo();
                 return true;
             }
             if (key->matches(QKeySequence::Copy)) {
@@ -274,11 +274,11 @@ bool TextBox::eventFilter(QObject* watched, QEvent* event)
                 return true;
             }
             if (key->matches(QKeySequence::Cut)) {
-                SendMessage(WM_CUT);
+                cut();
                 return true;
             }
             if (key->matches(QKeySequence::Paste)) {
-                SendMessage(WM_PASTE);
+                paste();
                 return true;
             }
             if (key->matches(QKeySequence::Redo))

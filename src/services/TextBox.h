@@ -25,13 +25,12 @@ public:
     };
     explicit TextBox(Kind kind, QWidget* parent = nullptr);
 
-    // The edit box's messages: cut the selection, paste, undo. The box has one step of undo,
+    // The edit box's commands: cut the selection, paste, undo. The box has one step of undo,
     // as the classic edit box: a second undo takes back the first, and setting the text from
     // the program leaves nothing to undo. A locked box refuses all three.
-    static constexpr int WM_CUT = 768;
-    static constexpr int WM_PASTE = 770;
-    static constexpr int WM_UNDO = 772;
-    void SendMessage(int message);
+    void cut() { edit(Command::Cut); }
+    void paste() { edit(Command::Paste); }
+    void undo() { edit(Command::Undo); }
 
     QString Text() const;
     void SetText(const QString& text);
@@ -60,6 +59,13 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
+    enum class Command
+    {
+        Cut,
+        Paste,
+        Undo
+    };
+    void edit(Command command);
     bool pressDefaultButton();
     void showContextMenu(const QContextMenuEvent& request);
     QString editorText() const;

@@ -77,11 +77,11 @@ void TrayHost::load()
     move(-Twips(1000), -Twips(1000));
     // Taking the vault window's icon is its first use: its whole load runs here, before the
     // options below are looked at.
-    iconRecord.hWnd = this;
-    iconRecord.hIcon = vaultSide().icon();
-    setWindowIcon(iconRecord.hIcon);
-    iconRecord.szTip = TipText(CurrentProfile());
-    iconShown = platform::Shell_NotifyIconA(platform::NIM_ADD, iconRecord) != 0;
+    iconRecord.window = this;
+    iconRecord.icon = vaultSide().icon();
+    setWindowIcon(iconRecord.icon);
+    iconRecord.tip = TipText(CurrentProfile());
+    iconShown = platform::AddTrayIcon(iconRecord) != 0;
     if (!iconShown) { // without a notification area the pop-up menu would be out of reach
         menuInWindow = true;
         vaultSide().showMenuInWindow();
@@ -112,15 +112,15 @@ void TrayHost::iconMessage(int x)
         return; // the menu would load the vault window anew in the middle of its save
     QMenu* menu = vaultSide().menu();
     switch (message) {
-    case platform::WM_LBUTTONUP:
+    case platform::TrayLeftButtonUp:
         menu->popup(QCursor::pos());
         break;
-    case platform::WM_LBUTTONDBLCLK:
+    case platform::TrayLeftDoubleClick:
         setWindowState(Qt::WindowNoState);
         platform::SetForegroundWindow(this);
         show();
         break;
-    case platform::WM_RBUTTONUP:
+    case platform::TrayRightButtonUp:
         // Only the right button brings the host window to the front first.
         platform::SetForegroundWindow(this);
         menu->popup(QCursor::pos());

@@ -53,7 +53,7 @@ private:
     void load();
     void clearClipboardIfAsked();
 
-    platform::NOTIFYICONDATA iconRecord;
+    platform::TrayIconRecord iconRecord;
     bool iconShown = false;
     bool menuInWindow = false;
 };

@@ -37,7 +37,7 @@ ProfilesPage::ProfilesPage(QWidget* parent, std::function<void()> saveOptionsOfW
     , saveOptions(std::move(saveOptionsOfWindow))
 {
     profileList = Placed(new ListBox(false, this), "profileList", 240, 360, 2415, 3015);
-    connect(profileList, &ListBox::Click, this, &ProfilesPage::showSelectedProfile);
+    connect(profileList, &ListBox::rowClicked, this, &ProfilesPage::showSelectedProfile);
     struct Pair
     {
         QLabel** caption;
@@ -126,9 +126,9 @@ void ProfilesPage::Fill()
     // A row that holds the name anywhere is selected, and a later one takes over: with "Ann" in
     // use, "Joanna" below it ends up selected.
     const QString inUse = inUseName->text().toLower();
-    for (int i = 0; i < profileList->ListCount(); ++i) {
-        if (profileList->List(i).toLower().contains(inUse)) {
-            profileList->SetListIndex(i);
+    for (int i = 0; i < profileList->rowCount(); ++i) {
+        if (profileList->rowText(i).toLower().contains(inUse)) {
+            profileList->selectRow(i);
             showSelectedProfile(); // setting the selection clicks, as the runtime's list does
         }
     }
@@ -186,8 +186,8 @@ void ProfilesPage::deleteProfile()
     // The folder goes, failures or not, and the row with it.
     const auto removeProfile = [this, &selected] {
         RemoveDirTree(DataFolder() + selected);
-        if (profileList->ListIndex() >= 0)
-            profileList->RemoveItem(profileList->ListIndex());
+        if (profileList->selectedRow() >= 0)
+            profileList->removeRow(profileList->selectedRow());
     };
     // Whatever the name, no delete takes the folder of Administrator or of the profile in use
     // (other than that profile's own delete of itself): another spelling, an empty name, "." or

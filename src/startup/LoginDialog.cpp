@@ -38,15 +38,15 @@ public:
     {
     }
     void Clear() override { box->clear(); }
-    void AddItem(const QString& item, int index) override
+    void addRow(const QString& item, int index) override
     {
         if (index < 0 || index > box->count())
             box->addItem(item);
         else
             box->insertItem(index, item);
     }
-    int ListCount() const override { return box->count(); }
-    QString List(int index) const override { return box->itemText(index); }
+    int rowCount() const override { return box->count(); }
+    QString rowText(int index) const override { return box->itemText(index); }
 
 private:
     QComboBox* box;
@@ -56,7 +56,6 @@ private:
 
 LoginDialog::LoginDialog()
 {
-    platform::InitCommonControlsEx(8, 512); // its result is not looked at
     setObjectName(QStringLiteral("LoginDialog"));
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle(platform::AppTitle());

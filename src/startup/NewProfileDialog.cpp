@@ -68,8 +68,8 @@ bool nameTaken(const QString& name, const ListControl& names)
     if (name.isEmpty() || name == QLatin1String(".") || name == QLatin1String("..") || name.contains(QLatin1Char('\\'))
         || name.contains(QLatin1Char('/')))
         return true;
-    for (int i = 0; i < names.ListCount(); ++i) {
-        if (names.List(i).compare(name, Qt::CaseInsensitive) == 0)
+    for (int i = 0; i < names.rowCount(); ++i) {
+        if (names.rowText(i).compare(name, Qt::CaseInsensitive) == 0)
             return true;
     }
     const QString path = DataFolder() + name;
@@ -90,7 +90,7 @@ void NewProfileDialog::addProfile()
         platform::MsgBox(Lang(249), platform::MB_ICONERROR);
         return;
     }
-    names.AddItem(name);
+    names.addRow(name);
     MakeDirTree(DataFolder() + name);
     // The path is made anew for each value. In the clear, unlike the password change: such a
     // profile with a password can never log in.

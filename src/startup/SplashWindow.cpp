@@ -49,7 +49,6 @@ SplashWindow* SplashWindow::Start()
 
 void SplashWindow::initialize()
 {
-    platform::InitCommonControls();
     // The table comes first: the refusal below is itself a slot.
     LoadLanguage();
     if (platform::CommandLine() == QLatin1String("/restart"))
@@ -62,7 +61,6 @@ void SplashWindow::initialize()
 
 void SplashWindow::load()
 {
-    platform::CreateMutexA(platform::AppTitle());
     rightsNotice->setText(Lang(100));
     tickTimer->setInterval(1000);
     tickTimer->start();

@@ -21,7 +21,7 @@ int readLinesInto(const QString& path, ListControl& list)
         return error;
     qint16 i = 0;
     for (const QByteArray& line : lines) {
-        list.AddItem(platform::FromCodePage(line), i);
+        list.addRow(platform::FromCodePage(line), i);
         if (i == std::numeric_limits<qint16>::max())
             return 6; // overflow of the counter
         ++i;
@@ -32,7 +32,7 @@ int readLinesInto(const QString& path, ListControl& list)
 void provisionTree(ListControl& list)
 {
     const QString data = DataFolder();
-    list.AddItem(QStringLiteral("Administrator"));
+    list.addRow(QStringLiteral("Administrator"));
     MakeDirTree(data + QStringLiteral("Administrator"));
     WriteIni(Keys::user, Keys::defaultProfile, QStringLiteral("Administrator"), data + QStringLiteral("config.txt"));
     WriteIni(Keys::user, Keys::current, QStringLiteral("Administrator"), data + QStringLiteral("config.txt"));
@@ -91,8 +91,8 @@ void LoadListFile(const QString& path, ListControl& list)
 void SaveListFile(const QString& path, const ListControl& list)
 {
     QByteArray out;
-    for (int i = 0; i < list.ListCount(); ++i)
-        out += platform::ToCodePage(list.List(i)) + "\r\n";
+    for (int i = 0; i < list.rowCount(); ++i)
+        out += platform::ToCodePage(list.rowText(i)) + "\r\n";
     platform::WriteFileAtomic(path, out);
 }
 

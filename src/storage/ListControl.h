@@ -10,9 +10,9 @@ public:
     virtual ~ListControl() = default;
     virtual void Clear() = 0;
     // index -1 appends at the end.
-    virtual void AddItem(const QString& item, int index = -1) = 0;
-    virtual int ListCount() const = 0;
-    virtual QString List(int index) const = 0;
+    virtual void addRow(const QString& item, int index = -1) = 0;
+    virtual int rowCount() const = 0;
+    virtual QString rowText(int index) const = 0;
 };
 
 // A list held in memory only (the tool and the tests use it).
@@ -20,15 +20,15 @@ class StringListControl : public ListControl
 {
 public:
     void Clear() override { items.clear(); }
-    void AddItem(const QString& item, int index = -1) override
+    void addRow(const QString& item, int index = -1) override
     {
         if (index < 0 || index > items.size())
             items.append(item);
         else
             items.insert(index, item);
     }
-    int ListCount() const override { return static_cast<int>(items.size()); }
-    QString List(int index) const override { return items.value(index); }
+    int rowCount() const override { return static_cast<int>(items.size()); }
+    QString rowText(int index) const override { return items.value(index); }
 
     QStringList items;
 };

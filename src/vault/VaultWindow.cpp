@@ -67,14 +67,6 @@ bool runEnding = false;
 // An end asked for while the vault was being saved, to run once the save is done.
 bool endAfterSave = false;
 
-// Works out the values of an always-on-top request and returns: the call that would use them
-// was never made, so the window stays an ordinary one whatever `s1` says.
-void requestAlwaysOnTop(qint16 onTop)
-{
-    [[maybe_unused]] const int flags = 83;
-    [[maybe_unused]] const int position = onTop ? -1 : -2;
-}
-
 } // namespace
 
 VaultWindow* VaultWindow::Instance()
@@ -249,7 +241,7 @@ void VaultWindow::buildControls()
     connect(showAllButton, &QPushButton::clicked, this, &VaultWindow::showAllEntries);
     list = Named(new ListBox(true, client), "list");
     PlaceTwips(list, 120, 840, 2415, 4785);
-    connect(list, &ListBox::Click, this, &VaultWindow::showSelectedEntry);
+    connect(list, &ListBox::rowClicked, this, &VaultWindow::showSelectedEntry);
 
     searchCaption = label("searchCaption");
     searchCaption->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
@@ -503,11 +495,9 @@ void VaultWindow::load()
     setListHeading(Lang(201));
     fillWithAllTitles();
 
-    const int rows = list->ListCount();
+    const int rows = list->rowCount();
     setPanel(1, QString::number(rows) + QLatin1Char(' ') + Lang(rows == 1 ? 203 : 204));
     const QString cfg = ProfileFile(QStringLiteral("cfg.txt"));
-    if (GetIni(Keys::setts, Keys::option(1), cfg) == QLatin1String("1"))
-        requestAlwaysOnTop(-1);
     passwordBox->SetPasswordChar(
         GetIni(Keys::setts, Keys::option(5), cfg) == QLatin1String("1") ? QStringLiteral("*") : QString());
 }
@@ -519,7 +509,7 @@ void VaultWindow::save()
     WriteIni(Keys::settings, Keys::time, platform::TimeOfDayText() + QLatin1Char(' ') + platform::DateText(),
         ProfileFile(QStringLiteral("time.txt")));
     WriteIni(Keys::user, Keys::tempChangeable2, CurrentProfile(), ConfigFile());
-    if (list->ListCount() == 0)
+    if (list->rowCount() == 0)
         return; // a search without matches on the screen saves nothing
 
     QList<Entry> entries;
@@ -611,12 +601,12 @@ void VaultWindow::fillWithAllTitles()
 {
     list->Clear();
     for (int i = 1; i <= entryTable.upperBound(); ++i)
-        list->AddItem(Shown(entryTable[i].title));
+        list->addRow(Shown(entryTable[i].title));
 }
 
 void VaultWindow::search()
 {
-    if (list->ListCount() == 0) {
+    if (list->rowCount() == 0) {
         platform::MsgBox(Lang(195), platform::MB_ICONINFORMATION); // the list is asked, not the table
     } else if (searchBox->Text().isEmpty()) {
         platform::MsgBox(Lang(196), platform::MB_ICONINFORMATION);
@@ -626,7 +616,7 @@ void VaultWindow::search()
         const QString needle = searchBox->Text().toLower();
         for (int i = 1; i <= entryTable.upperBound(); ++i) {
             if (const std::optional<QString> row = SearchRow(entryTable[i], needle))
-                list->AddItem(*row);
+                list->addRow(*row);
         }
         showAllButton->setVisible(true);
         list->move(list->x(), Twips(1200));
@@ -707,8 +697,8 @@ void VaultWindow::newEntry()
         return; // the table is being saved
     currentEntry = Entry();
     QStringList rows;
-    for (int i = 0; i < list->ListCount(); ++i)
-        rows << list->List(i);
+    for (int i = 0; i < list->rowCount(); ++i)
+        rows << list->rowText(i);
     EntryDialog dialog(this, rows, [this] { fillWithAllTitles(); });
     dialog.exec();
 }
@@ -731,7 +721,7 @@ void VaultWindow::deleteSelectedEntry(int noSelectionSlot)
         return;
     RemoveEntry(entryTable, index);
     vaultDirty = true;
-    list->RemoveItem(list->ListIndex());
+    list->removeRow(list->selectedRow());
     for (TextBox* b : { titleBox, urlBox, passwordBox, titleBox, noteBox, userNameBox, documentBox, passphraseBox })
         b->SetText(QString());
 }
@@ -762,19 +752,19 @@ void VaultWindow::copyCurrentField()
 void VaultWindow::cutCurrentField()
 {
     if (TextBox* box = currentFieldBox())
-        box->SendMessage(TextBox::WM_CUT);
+        box->cut();
 }
 
 void VaultWindow::pasteIntoCurrentField()
 {
     if (TextBox* box = currentFieldBox())
-        box->SendMessage(TextBox::WM_PASTE);
+        box->paste();
 }
 
 void VaultWindow::undoCurrentField()
 {
     if (TextBox* box = currentFieldBox())
-        box->SendMessage(TextBox::WM_UNDO);
+        box->undo();
 }
 
 void VaultWindow::clearClipboard()
@@ -837,7 +827,7 @@ void VaultWindow::showReport()
 {
     // The report counts the rows on show but takes the entries from the top of the table.
     QList<Entry> first;
-    for (int i = 1; i <= list->ListCount() && entryTable.contains(i); ++i)
+    for (int i = 1; i <= list->rowCount() && entryTable.contains(i); ++i)
         first.append(entryTable[i]);
     ShowReport(this, first);
 }

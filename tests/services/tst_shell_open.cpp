@@ -101,7 +101,7 @@ private Q_SLOTS:
         world.write(u"home/d/closed.txt"_s, "secret\n");
         QFile::setPermissions(world.path(u"home/d/closed.txt"_s), QFileDevice::WriteOwner);
         const auto open = [](const QString& file, const QString& directory = {}, const QString& verb = u"open"_s) {
-            return platform::ShellExecuteA(nullptr, verb, file, QString(), directory, 1);
+            return platform::OpenThroughShell(nullptr, verb, file, QString(), directory, 1);
         };
         QCOMPARE((QList<int> { open(u"C:\\d\\missing.txt"_s), open(u"C:\\nowhere\\missing.txt"_s),
                      open(u"Q:\\missing.txt"_s), open(u"C:\\d\\note.txt"_s, {}, u"print"_s),

@@ -33,7 +33,7 @@ private Q_SLOTS:
         QCOMPARE(QDir(world.path(profile)).entryList(QDir::Files), (QStringList { u"cfg.txt"_s, u"dummy.dat"_s }));
         world.write(tree + u"users.txt"_s, ""); // readable but empty: an empty list, nothing provisioned
         LoadListFile(users, list);
-        QCOMPARE(list.ListCount(), 0);
+        QCOMPARE(list.rowCount(), 0);
         // More lines than the signed 16-bit counter takes: 32,768 are read, then the load fails into provisioning.
         world.write(u"home/users.txt"_s, QByteArray("p\r\n").repeated(32770));
         LoadListFile(u"C:\\users.txt"_s, list);

@@ -96,6 +96,26 @@ void PutSecretText(const QString& text)
 
 } // namespace
 
+TextCopyFailures CopyTextToClipboard(const QString& text)
+{
+    TextCopyFailures failed;
+    const HGLOBAL block = GlobalAlloc(GHND, text.size() + 1);
+    char* memory = GlobalLock(block);
+    lstrcpy(memory, text);
+    if (GlobalUnlock(block) != 0) {
+        failed.unlock = true;
+    } else {
+        if (OpenClipboard(0) == 0) {
+            failed.open = true;
+            return failed;
+        }
+        EmptyClipboard();
+        SetClipboardData(CF_TEXT, block);
+    }
+    failed.close = CloseClipboard() == 0;
+    return failed;
+}
+
 void MarkClipboardSecret()
 {
     QClipboard* clipboard = systemClipboard();

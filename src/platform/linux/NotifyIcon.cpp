@@ -35,33 +35,33 @@ void Deliver(int message)
 
 } // namespace
 
-int Shell_NotifyIconA(int operation, const NOTIFYICONDATA& data)
+int AddTrayIcon(const TrayIconRecord& record)
 {
-    if (operation != NIM_ADD || !QSystemTrayIcon::isSystemTrayAvailable())
+    if (!QSystemTrayIcon::isSystemTrayAvailable())
         return 0;
     Tray& t = tray();
-    t.window = data.hWnd;
+    t.window = record.window;
     if (!t.icon) {
         // Owned by nobody: it outlives the window, as the original's icon does.
         t.icon = new QSystemTrayIcon;
         QObject::connect(t.icon, &QSystemTrayIcon::activated, [](QSystemTrayIcon::ActivationReason reason) {
             switch (reason) {
             case QSystemTrayIcon::Trigger:
-                Deliver(WM_LBUTTONUP);
+                Deliver(TrayLeftButtonUp);
                 break;
             case QSystemTrayIcon::DoubleClick:
-                Deliver(WM_LBUTTONDBLCLK);
+                Deliver(TrayLeftDoubleClick);
                 break;
             case QSystemTrayIcon::Context:
-                Deliver(WM_RBUTTONUP);
+                Deliver(TrayRightButtonUp);
                 break;
             default:
                 break;
             }
         });
     }
-    t.icon->setIcon(data.hIcon);
-    QString tip = data.szTip.left(64);
+    t.icon->setIcon(record.icon);
+    QString tip = record.tip.left(64);
     tip = tip.left(tip.indexOf(QChar(0)));
     tip.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
     t.icon->setToolTip(tip);

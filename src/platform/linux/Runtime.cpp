@@ -261,18 +261,6 @@ QString DateText()
     return QLocale::system().toString(QDate::currentDate(), QLocale::ShortFormat);
 }
 
-void InitCommonControls() { }
-
-void InitCommonControlsEx(int, int) { }
-
-quintptr CreateMutexA(const QString& name)
-{
-    // A named object that lives as long as the process; nothing ever asks for it.
-    static QString held;
-    held = name;
-    return reinterpret_cast<quintptr>(&held);
-}
-
 int StartProgram(const QString& file, const QString& parameters)
 {
     const QString native = ToNative(file);

@@ -121,7 +121,7 @@ int OpenOnDesktop(QWidget* owner, const ShellCall& call)
 
 } // namespace
 
-int ShellExecuteA(QWidget* owner, const QString& verb, const QString& file, const QString& parameters,
+int OpenThroughShell(QWidget* owner, const QString& verb, const QString& file, const QString& parameters,
     const QString& directory, int show)
 {
     const ShellCall call { verb, file, parameters, directory, show };
