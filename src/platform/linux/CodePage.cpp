@@ -116,18 +116,10 @@ QString FromCodePage(const QByteArray& bytes)
     return out;
 }
 
-} // namespace platform
-
-namespace platform {
-
 QString ThroughCodePage(const QString& text)
 {
     return FromCodePage(ToCodePage(text));
 }
-
-} // namespace platform
-
-namespace platform {
 
 bool CodePageHolds(const QString& text)
 {
