@@ -3,7 +3,7 @@
 // median time of each; then the tool's ls of it as a profile. Run: build/bench/bench_vault [rounds]
 #include "platform/Paths.h"
 #include "platform/Runtime.h"
-#include "storage/VaultFile.h"
+#include "core/VaultFile.h"
 
 #include <QCoreApplication>
 #include <QDir>

@@ -1,15 +1,22 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-# The source folders are layers, each above the ones after it in LAYERS. A file may include only
-# its own layer and those below it, and no two units (a .h/.cpp pair) include each other.
+# The source folders are layers. A file may include only its own folder and those its folder
+# stands on (READS_<folder>), and no two units (a .h/.cpp pair) include each other. The program
+# and the terminal tool stand side by side: neither reads the other, and the tool stands on the
+# core alone, so that it needs no GUI library.
 # Run as: cmake -DSOURCE_DIR=<src> -P CheckLayers.cmake
 cmake_minimum_required(VERSION 3.20)
-set(LAYERS startup settings vault tools services storage platform)
+set(LAYERS program tool windows widgets core platform)
+set(READS_program program windows widgets core platform)
+set(READS_tool tool widgets core platform)
+set(READS_windows windows widgets core platform)
+set(READS_widgets widgets core platform)
+set(READS_core core platform)
+set(READS_platform platform)
 file(GLOB_RECURSE sources RELATIVE "${SOURCE_DIR}" "${SOURCE_DIR}/*.h" "${SOURCE_DIR}/*.cpp")
 set(faults "")
 foreach(source IN LISTS sources)
     string(REGEX MATCH "^[a-z]+" layer "${source}")
-    list(FIND LAYERS "${layer}" own)
-    if(own EQUAL -1)
+    if(NOT layer IN_LIST LAYERS)
         continue()
     endif()
     string(REGEX REPLACE "\\.(h|cpp)$" "" unit "${source}")
@@ -18,12 +25,11 @@ foreach(source IN LISTS sources)
         string(REGEX REPLACE "^#include \"(([a-z]+)/[^\"]+)\\.h\".*" "\\1;\\2" target "${line}")
         list(GET target 0 included)
         list(GET target 1 to)
-        list(FIND LAYERS "${to}" other)
-        if(other EQUAL -1)
+        if(NOT to IN_LIST LAYERS)
             continue()
         endif()
-        if(other LESS own)
-            list(APPEND faults "${source} reaches up to ${included}")
+        if(NOT to IN_LIST READS_${layer})
+            list(APPEND faults "${source} reaches ${included}, which its folder does not stand on")
         endif()
         if(NOT included STREQUAL unit)
             set_property(GLOBAL APPEND PROPERTY "uses:${unit}" "${included}")

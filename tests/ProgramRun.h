@@ -6,14 +6,14 @@
 #include "Ui.h"
 #include "platform/Dialogs.h"
 #include "platform/Paths.h"
-#include "services/LanguageTable.h"
-#include "services/TrayHost.h"
-#include "startup/LoginDialog.h"
-#include "startup/ProgramWiring.h"
-#include "storage/ProfileFiles.h"
-#include "storage/VaultFile.h"
-#include "vault/EntryTable.h"
-#include "vault/VaultWindow.h"
+#include "core/LanguageTable.h"
+#include "windows/TrayHost.h"
+#include "windows/LoginDialog.h"
+#include "program/ProgramWiring.h"
+#include "core/ProfileFiles.h"
+#include "core/VaultFile.h"
+#include "core/EntryTable.h"
+#include "windows/VaultWindow.h"
 
 #include <QRegularExpression>
 

@@ -3,7 +3,7 @@
 // The tests' eyes and hands: a control is found by what a screen reader calls it (a button's
 // text, a box's caption, a list's heading, a picture's action), and used with the mouse and the
 // keyboard as a user uses it.
-#include "services/Accessibility.h"
+#include "widgets/Accessibility.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Decode64 over any text, and the round trip of Encode64 for any bytes.
-#include "storage/Base64Codec.h"
+#include "core/Base64Codec.h"
 
 #include <cstdint>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Any bytes as list.dat: the walk off, the program's reading and the careful reading.
-#include "storage/Base64Codec.h"
-#include "storage/VaultFile.h"
-#include "storage/VaultRescue.h"
+#include "core/Base64Codec.h"
+#include "core/VaultFile.h"
+#include "core/VaultRescue.h"
 
 #include <algorithm>
 #include <cstdint>

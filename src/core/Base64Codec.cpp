@@ -1,0 +1,176 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/Base64Codec.h"
+
+#include "platform/CodePage.h"
+#include "platform/MessageBox.h"
+
+namespace {
+
+BadGroupHandler& badGroupHandler()
+{
+    static BadGroupHandler handler;
+    return handler;
+}
+
+bool askAboutBadGroup(const QByteArray& four)
+{
+    if (badGroupHandler())
+        return badGroupHandler()(four);
+    const QString text
+        = QStringLiteral("Illegal Characters <") + platform::FromCodePage(four) + QStringLiteral("> found");
+    return platform::MsgBox(text, platform::MB_OKCANCEL, QStringLiteral("PROGRAM ERROR")) != platform::IDCANCEL;
+}
+
+bool isAlphabet(char c)
+{
+    return SextetValue(c) != 255 && c != '=';
+}
+
+} // namespace
+
+void SetBadGroupHandler(BadGroupHandler handler)
+{
+    badGroupHandler() = std::move(handler);
+}
+
+char SextetChar(int value)
+{
+    static const char alphabet[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+    if (value < 0 || value > 63)
+        return '?';
+    return alphabet[value];
+}
+
+int SextetValue(char c)
+{
+    if (c >= 'A' && c <= 'Z')
+        return c - 'A';
+    if (c >= 'a' && c <= 'z')
+        return 26 + c - 'a';
+    if (c >= '0' && c <= '9')
+        return 52 + c - '0';
+    if (c == '+')
+        return 62;
+    if (c == '/')
+        return 63;
+    if (c == '=')
+        return 0;
+    return 255;
+}
+
+QByteArray EncodeTriple(const QByteArray& three)
+{
+    const auto byte = [&three](int i) { return i < three.size() ? static_cast<uchar>(three.at(i)) : 0u; };
+    const quint32 v = byte(0) * 65536u + byte(1) * 256u + byte(2);
+    QByteArray out(4, '\0');
+    out[0] = SextetChar(static_cast<int>((v >> 18) & 63));
+    out[1] = SextetChar(static_cast<int>((v >> 12) & 63));
+    out[2] = SextetChar(static_cast<int>((v >> 6) & 63));
+    out[3] = SextetChar(static_cast<int>(v & 63));
+    return out;
+}
+
+QByteArray Encode64(const QByteArray& text)
+{
+    QByteArray out;
+    out.reserve(text.size() * 4 / 3 + text.size() / 24 + 4);
+    const qsizetype n = text.size();
+    int lineCounter = 0;
+    for (qsizetype i = 0; i < n; i += 3) {
+        QByteArray group = text.mid(i, 3);
+        const int r = static_cast<int>(group.size() % 3);
+        const int pad = r > 0 ? 3 - r : 0;
+        group.append(pad, '\0');
+        QByteArray four = EncodeTriple(group);
+        if (pad > 0)
+            four.truncate(4 - pad);
+        out += four;
+        lineCounter += 4; // even for a short last group
+        if (lineCounter >= 64) {
+            out += "\r\n";
+            lineCounter = 0;
+        }
+    }
+    return out;
+}
+
+QByteArray StripBlanks(const QByteArray& text)
+{
+    QByteArray out;
+    out.reserve(text.size());
+    for (char c : text) {
+        if (c != '\r' && c != '\n' && c != '\t' && c != ' ')
+            out.append(c);
+    }
+    return out;
+}
+
+bool CheckBase64(const QByteArray& text, bool showMessages)
+{
+    if (text.isEmpty())
+        return false;
+    const QByteArray stripped = StripBlanks(text);
+    const qsizetype n = stripped.size();
+    bool accepted = true;
+    for (qsizetype i = 1; i <= n; ++i) {
+        const char c = stripped.at(i - 1);
+        if (isAlphabet(c) || c == '\r' || c == '\n')
+            continue;
+        if (c == '=') {
+            // At n - 1 the next character is looked at, but what it is changes nothing.
+            if (i == n || i == n - 1)
+                continue;
+            if (showMessages)
+                platform::MsgBox(QStringLiteral("Text Error."), platform::MB_OK, QStringLiteral("?"));
+            accepted = false;
+            continue;
+        }
+        if (showMessages) {
+            const QString shown = i - 1 < text.size() ? platform::FromCodePage(text.mid(i - 1, 1)) : QString();
+            platform::MsgBox(QStringLiteral("r <") + shown + QStringLiteral("> found in b.") + QStringLiteral(" text"),
+                platform::MB_OK, QStringLiteral("?"));
+        }
+        accepted = false;
+    }
+    return accepted;
+}
+
+QByteArray DecodeQuad(const QByteArray& four)
+{
+    if (!CheckBase64(four, false) || four.size() != 4)
+        return QByteArray();
+    quint32 v = 0;
+    for (char c : four) {
+        const int s = SextetValue(c);
+        if (s == 255)
+            return QByteArray();
+        v = v * 64u + static_cast<quint32>(s);
+    }
+    QByteArray out(3, '\0');
+    out[0] = static_cast<char>((v >> 16) & 0xFF);
+    out[1] = static_cast<char>((v >> 8) & 0xFF);
+    out[2] = static_cast<char>(v & 0xFF);
+    return out;
+}
+
+QByteArray Decode64(const QByteArray& text)
+{
+    const QByteArray stripped = StripBlanks(text);
+    const qsizetype n = stripped.size();
+    QByteArray out;
+    out.reserve(n * 3 / 4 + 3);
+    for (qsizetype i = 0; i < n; i += 4) {
+        QByteArray four = stripped.mid(i, 4);
+        while (four.size() < 4)
+            four.append('=');
+        const QByteArray r = DecodeQuad(four);
+        if (r.size() == 3) {
+            out += r;
+        } else {
+            if (!askAboutBadGroup(four))
+                break;
+            out += "???";
+        }
+    }
+    return out;
+}

@@ -1,0 +1,604 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "tool/ProfileCommands.h"
+
+#include "platform/Clipboard.h"
+#include "platform/CodePage.h"
+#include "platform/Files.h"
+#include "platform/Paths.h"
+#include "platform/Runtime.h"
+#include "platform/Terminal.h"
+#include "widgets/ClipboardCopy.h"
+#include "widgets/ListBox.h"
+#include "core/LoginOffer.h"
+#include "core/ProfileMarkers.h"
+#include "core/DataRoot.h"
+#include "core/DataTree.h"
+#include "core/ListControl.h"
+#include "core/VaultFile.h"
+#include "core/PasswordRecipe.h"
+#include "core/EntrySearch.h"
+
+#include <QClipboard>
+#include <QCoreApplication>
+#include <QGuiApplication>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QTimer>
+
+#include <algorithm>
+#include <cstdio>
+
+namespace {
+
+// The fields as the vault window shows them, top to bottom, with the names the command line and
+// the JSON use.
+struct Field
+{
+    const char* name;
+    QByteArray Entry::*member;
+    const char* label;
+};
+constexpr Field fields[] = {
+    { "title", &Entry::title, "Title" },
+    { "user", &Entry::userName, "User name" },
+    { "passphrase", &Entry::passphrase, "Passphrase" },
+    { "password", &Entry::password, "Password" },
+    { "url", &Entry::url, "URL" },
+    { "document", &Entry::document, "Document" },
+    { "note", &Entry::note, "Note" },
+};
+
+const Field* fieldNamed(const QString& name)
+{
+    for (const Field& f : fields) {
+        if (name == QLatin1String(f.name))
+            return &f;
+    }
+    return nullptr;
+}
+
+// A value as the boxes show it: the codec's padding zeros end it.
+QString shown(const QByteArray& value)
+{
+    const QString text = Shown(value);
+    return text.left(text.indexOf(QChar(0)));
+}
+
+const QString masked = QStringLiteral("********");
+
+void print(const QString& text)
+{
+    std::fputs(text.toLocal8Bit().constData(), stdout);
+}
+
+void printJson(const QJsonDocument& document)
+{
+    print(QString::fromUtf8(document.toJson(QJsonDocument::Indented)));
+}
+
+int refuse(const QString& message)
+{
+    std::fprintf(stderr, "tolvane-vault: %s\n", message.toLocal8Bit().constData());
+    return 1;
+}
+
+void warn(const QString& message)
+{
+    std::fprintf(stderr, "tolvane-vault: warning: %s\n", message.toLocal8Bit().constData());
+}
+
+const QStringList flagNames = { QStringLiteral("json"), QStringLiteral("show-password"), QStringLiteral("ask-password"),
+    QStringLiteral("generate"), QStringLiteral("letters"), QStringLiteral("digits"), QStringLiteral("mixed"),
+    QStringLiteral("help") };
+const QStringList optionNames = { QStringLiteral("profile"), QStringLiteral("seconds"), QStringLiteral("length"),
+    QStringLiteral("user"), QStringLiteral("password"), QStringLiteral("passphrase"), QStringLiteral("url"),
+    QStringLiteral("document"), QStringLiteral("note") };
+
+} // namespace
+
+ProfileCommands::ProfileCommands(const QStringList& arguments)
+{
+    bool optionsEnded = false;
+    for (qsizetype i = 0; i < arguments.size(); ++i) {
+        const QString& a = arguments.at(i);
+        if (a == QLatin1String("-h") && !optionsEnded) {
+            flags.insert(QStringLiteral("help"));
+            continue;
+        }
+        if (optionsEnded || !a.startsWith(QLatin1String("--")) || a == QLatin1String("--")) {
+            if (a == QLatin1String("--") && !optionsEnded)
+                optionsEnded = true;
+            else if (command.isEmpty())
+                command = a;
+            else
+                positional.append(a);
+            continue;
+        }
+        QString name = a.mid(2);
+        std::optional<QString> value;
+        if (const qsizetype eq = name.indexOf(QLatin1Char('=')); eq >= 0) {
+            value = name.mid(eq + 1);
+            name.truncate(eq);
+        }
+        if (flagNames.contains(name) && !value) {
+            flags.insert(name);
+        } else if (optionNames.contains(name)) {
+            if (!value) {
+                if (++i >= arguments.size()) {
+                    parseError = QStringLiteral("--%1 needs a value").arg(name);
+                    return;
+                }
+                value = arguments.at(i);
+            }
+            options.insert(name, *value);
+        } else {
+            parseError = QStringLiteral("unknown option %1").arg(a);
+            return;
+        }
+    }
+}
+
+const ProfileCommands::Verb ProfileCommands::verbs[] = {
+    { "ls", 0, 0, &ProfileCommands::list },
+    { "search", 1, 1, &ProfileCommands::search },
+    { "show", 1, 1, &ProfileCommands::show },
+    { "clip", 1, 2, &ProfileCommands::clip },
+    { "generate", 0, 0, &ProfileCommands::generate },
+    { "add", 1, 1, &ProfileCommands::add },
+    { "edit", 1, 1, &ProfileCommands::edit },
+    { "rm", 1, 1, &ProfileCommands::remove },
+};
+
+const ProfileCommands::Verb* ProfileCommands::verbNamed(const QString& name)
+{
+    for (const Verb& verb : verbs) {
+        if (name == QLatin1String(verb.name))
+            return &verb;
+    }
+    return nullptr;
+}
+
+bool ProfileCommands::Handles(const QString& command)
+{
+    return verbNamed(command) != nullptr;
+}
+
+bool ProfileCommands::NeedsClipboard(const QString& command)
+{
+    return command == QLatin1String("clip");
+}
+
+const char* ProfileCommands::Usage()
+{
+    return R"(Commands on a profile of your data tree, with the program's own rules:
+  ls                      the titles, in the order of the program's list
+  search TEXT             the program's search: the rows it lists, in its order
+  show TITLE              every field of the entry; the password masked
+  clip TITLE [FIELD]      the field (default: password) on the clipboard for a while
+  generate                a password from the program's generator
+  add TITLE               a new entry, with the field options below
+  edit TITLE              change the fields given below
+  rm TITLE                remove the entry
+
+Options of the profile commands:
+  --profile NAME          the profile; without it, the one the program's login offers.
+                          A profile with a password asks for it (without echo on a
+                          terminal; otherwise the first line of standard input)
+  --json                  ls, search and show print JSON
+  --show-password         show prints the password in clear
+  --seconds N             clip: clear the clipboard after N seconds (default 10),
+                          unless something else was copied meanwhile
+  --letters, --digits, --mixed
+                          generate: letters a to y, digits 0 to 8, or both (default)
+  --length N              generate: 4 to 15 characters (default 5)
+  --user TEXT             add, edit: the user name
+  --password TEXT         add, edit: the password (seen by other users' process lists;
+                          --ask-password is safer)
+  --passphrase TEXT       add, edit: the pass phrase
+  --url TEXT              add, edit: the web address
+  --document TEXT         add, edit: the path of a document
+  --note TEXT             add, edit: the note
+  --ask-password          add, edit: the password typed without echo
+  --generate              add, edit: a password from the generator (--length, --letters...)
+FIELD is one of title, user, passphrase, password, url, document, note.
+A write is refused while the program runs on the data tree (from its login on, whatever
+folder it was started from): it writes the vault when it ends. Writes of several tools at
+once wait for each other. Titles hold no line break or tab, and only letters of the files'
+code page.
+)";
+}
+
+std::optional<QString> ProfileCommands::option(const char* name) const
+{
+    const auto found = options.find(QLatin1String(name));
+    if (found == options.end())
+        return std::nullopt;
+    return *found;
+}
+
+int ProfileCommands::usageError(const QString& message) const
+{
+    std::fprintf(stderr, "tolvane-vault: %s\n\n%s", message.toLocal8Bit().constData(), Usage());
+    return 2;
+}
+
+int ProfileCommands::run()
+{
+    if (!parseError.isEmpty())
+        return usageError(parseError);
+    const Verb* verb = verbNamed(command);
+    if (positional.size() < verb->fewest || positional.size() > verb->most)
+        return usageError(QStringLiteral("%1: wrong number of arguments").arg(command));
+    // Every argument but search's text is a title.
+    if (!positional.isEmpty() && command != QLatin1String("search")) {
+        if (const QString fault = TitleFault(positional.at(0)); !fault.isEmpty())
+            return refuse(fault);
+    }
+    DetectUsbMode();
+    return (this->*verb->run)();
+}
+
+std::optional<ProfileCommands::Profile> ProfileCommands::openProfile()
+{
+    QString name;
+    if (const std::optional<QString> given = option("profile")) {
+        // A name goes through the code page once, as the program takes it where it is typed.
+        name = Shown(Stored(*given));
+        if (!ProfileMarkerExists(name)) {
+            refuse(QStringLiteral("there is no profile \"%1\"").arg(name));
+            return std::nullopt;
+        }
+    } else {
+        StringListControl listed;
+        LoadComboFile(DataFolder() + QStringLiteral("users.txt"), listed);
+        const LoginOffer offer = OfferedLogin(listed.items);
+        if (offer.kind == LoginOffer::Kind::FirstStart) {
+            refuse(QStringLiteral("no profile yet: start Tolvane once, and it lays down the data tree"));
+            return std::nullopt;
+        }
+        if (offer.kind == LoginOffer::Kind::DefaultLost)
+            warn(QStringLiteral("the default profile is missing; the login offers Administrator"));
+        if (offer.profile.isEmpty()) {
+            refuse(QStringLiteral("the login offers no profile; name one with --profile"));
+            return std::nullopt;
+        }
+        name = offer.profile;
+    }
+    const QString stored = StoredPassword(name);
+    // A profile without a password opens without asking, as the login opens the one it offers,
+    // also when the default profile is lost and Administrator is offered.
+    if (!stored.isEmpty()) {
+        bool tooLong = false;
+        const std::optional<QString> typed
+            = platform::ReadSecretLine(QStringLiteral("Password for %1: ").arg(name), &tooLong);
+        if (!typed) {
+            refuse(tooLong
+                    ? QStringLiteral("the password line is longer than %1 bytes").arg(platform::LongestSecretLine)
+                    : QStringLiteral("no password given for profile \"%1\"").arg(name));
+            return std::nullopt;
+        }
+        if (!PasswordOpens(stored, *typed)) {
+            refuse(QStringLiteral("wrong password for profile \"%1\"").arg(name));
+            return std::nullopt;
+        }
+    }
+    return Profile { name, DataFolder() + name + QStringLiteral("\\list.dat") };
+}
+
+std::optional<ProfileCommands::OpenVault> ProfileCommands::openVault(bool toWrite)
+{
+    std::optional<Profile> profile = openProfile();
+    if (!profile)
+        return std::nullopt;
+    if (toWrite) {
+        if (!takeNewPassword())
+            return std::nullopt;
+        // Taken after the passwords, so that a tool waiting at its prompt holds nothing; held
+        // from the read to the write, so that no other writer's change falls between.
+        writeLock = std::make_unique<platform::TreeWriteLock>(DataFolder());
+        switch (writeLock->State()) {
+        case platform::TreeLock::Taken:
+            break;
+        case platform::TreeLock::ProgramRuns:
+            refuse(QStringLiteral("Tolvane is running: it writes the vault when it ends and would overwrite "
+                                  "this change. End it (File > Close) and try again; nothing was written"));
+            return std::nullopt;
+        case platform::TreeLock::Unavailable:
+            refuse(
+                QStringLiteral("can't lock the data tree of profile \"%1\"; nothing was written").arg(profile->name));
+            return std::nullopt;
+        }
+    }
+    QByteArray bytes;
+    // Nothing a vault can be is larger; a missing file is an empty vault, as the load makes it.
+    const platform::ReadOutcome read = platform::ReadFileBounded(profile->vault, LargestVaultFile, bytes);
+    if (read != platform::ReadOutcome::Read && read != platform::ReadOutcome::Missing) {
+        refuse(QStringLiteral("can't read the vault of profile \"%1\"").arg(profile->name));
+        return std::nullopt;
+    }
+    return OpenVault { *profile, bytes.isEmpty() ? QList<Entry>() : ParseInnerText(LayerOff(bytes)) };
+}
+
+std::optional<ProfileCommands::OpenVault> ProfileCommands::openEntry(bool toWrite)
+{
+    std::optional<OpenVault> vault = openVault(toWrite);
+    if (!vault)
+        return std::nullopt;
+    vault->index = lastIndexOf(vault->entries, positional.at(0));
+    if (vault->index < 0) {
+        refuse(QStringLiteral("no entry titled \"%1\"").arg(positional.at(0)));
+        return std::nullopt;
+    }
+    return vault;
+}
+
+QStringList ProfileCommands::sortedRows(QStringList rows)
+{
+    for (QString& row : rows)
+        row = row.left(row.indexOf(QChar(0)));
+    // The list puts each row after those that sort the same: a stable sort gives that order.
+    std::stable_sort(
+        rows.begin(), rows.end(), [](const QString& a, const QString& b) { return ListBox::CompareRows(a, b) < 0; });
+    return rows;
+}
+
+int ProfileCommands::lastIndexOf(const QList<Entry>& entries, const QString& title)
+{
+    const QByteArray key = Stored(title);
+    for (qsizetype i = entries.size() - 1; i >= 0; --i) {
+        if (entries.at(i).title == key)
+            return static_cast<int>(i);
+    }
+    return -1;
+}
+
+int ProfileCommands::list()
+{
+    const std::optional<OpenVault> vault = openVault();
+    if (!vault)
+        return 1;
+    QStringList titles;
+    for (const Entry& e : vault->entries)
+        titles.append(Shown(e.title));
+    titles = sortedRows(titles);
+    if (flag("json"))
+        printJson(QJsonDocument(QJsonArray::fromStringList(titles)));
+    else
+        print(titles.join(QLatin1Char('\n')) + (titles.isEmpty() ? QString() : QStringLiteral("\n")));
+    return 0;
+}
+
+int ProfileCommands::search()
+{
+    const QString needle = positional.at(0).toLower(); // not trimmed: blanks count
+    if (needle.isEmpty())
+        return refuse(QStringLiteral("the search text is empty"));
+    const std::optional<OpenVault> vault = openVault();
+    if (!vault)
+        return 1;
+    QStringList rows;
+    for (const Entry& e : vault->entries) {
+        if (const std::optional<QString> row = SearchRow(e, needle))
+            rows.append(*row);
+    }
+    rows = sortedRows(rows);
+    if (flag("json")) {
+        QJsonArray array;
+        for (const QString& row : rows)
+            array.append(QJsonObject { { QStringLiteral("row"), row }, { QStringLiteral("title"), RowTitle(row) } });
+        printJson(QJsonDocument(array));
+    } else {
+        print(rows.join(QLatin1Char('\n')) + (rows.isEmpty() ? QString() : QStringLiteral("\n")));
+    }
+    return 0;
+}
+
+int ProfileCommands::show()
+{
+    const std::optional<OpenVault> vault = openEntry();
+    if (!vault)
+        return 1;
+    const Entry& e = vault->entries.at(vault->index);
+    const bool clear = flag("show-password");
+    QJsonObject object;
+    QString text;
+    for (const Field& f : fields) {
+        const bool hidden = f.member == &Entry::password && !clear && !(e.*f.member).isEmpty();
+        const QString value = hidden ? masked : shown(e.*f.member);
+        object.insert(QLatin1String(f.name), value);
+        text += QStringLiteral("%1:").arg(QLatin1String(f.label)).leftJustified(12) + value + QLatin1Char('\n');
+    }
+    flag("json") ? printJson(QJsonDocument(object)) : print(text);
+    return 0;
+}
+
+int ProfileCommands::clip()
+{
+    const QString fieldName = positional.value(1, QStringLiteral("password"));
+    const Field* field = fieldNamed(fieldName);
+    if (!field)
+        return usageError(QStringLiteral("no field \"%1\"").arg(fieldName));
+    bool ok = true;
+    const int seconds = option("seconds").value_or(QStringLiteral("10")).toInt(&ok);
+    if (!ok || seconds < 1 || seconds > 86400)
+        return usageError(QStringLiteral("--seconds takes a whole number of seconds, 1 to 86400 (a day)"));
+    if (!qobject_cast<QGuiApplication*>(QCoreApplication::instance()))
+        return refuse(QStringLiteral("clip needs a desktop session's clipboard, and there is no display"));
+    const std::optional<OpenVault> vault = openEntry();
+    if (!vault)
+        return 1;
+    // The program's own copy: 8-bit text, marked secret for clipboard managers.
+    QString text = shown(vault->entries.at(vault->index).*field->member);
+    SetClipboardText(text);
+    const QString copied = platform::ClipboardText();
+    std::fprintf(stderr, "The %s of \"%s\" is on the clipboard for %d seconds (Ctrl+C clears it now).\n",
+        QByteArray(field->label).toLower().constData(), positional.at(0).toLocal8Bit().constData(), seconds);
+    // Cleared only while it is still ours and still this text: a later copy elsewhere stays.
+    const auto clearIfOurs = [copied] {
+        QClipboard* clipboard = QGuiApplication::clipboard();
+        if (clipboard->ownsClipboard() && clipboard->text() == copied)
+            platform::ClipboardClear();
+        QCoreApplication::quit();
+    };
+    platform::OnTerminationRequest(clearIfOurs);
+    QTimer::singleShot(seconds * 1000, clearIfOurs);
+    QCoreApplication::exec();
+    return 0;
+}
+
+std::optional<QString> ProfileCommands::generatedPassword()
+{
+    bool ok = true;
+    const int length = option("length").value_or(QStringLiteral("5")).toInt(&ok);
+    if (!ok || length < 4 || length > 15) {
+        refuse(QStringLiteral("--length takes 4 to 15, as the generator does"));
+        return std::nullopt;
+    }
+    if (int(flag("letters")) + int(flag("digits")) + int(flag("mixed")) > 1) {
+        refuse(QStringLiteral("choose one of --letters, --digits and --mixed"));
+        return std::nullopt;
+    }
+    const PasswordAlphabet alphabet = flag("letters") ? PasswordAlphabet::Letters
+        : flag("digits")                              ? PasswordAlphabet::Digits
+                                                      : PasswordAlphabet::DigitsAndLetters;
+    SystemRandomSource source;
+    return GeneratePassword(alphabet, length, source);
+}
+
+int ProfileCommands::generate()
+{
+    const std::optional<QString> password = generatedPassword();
+    if (!password)
+        return 1;
+    print(*password + QLatin1Char('\n'));
+    return 0;
+}
+
+bool ProfileCommands::takeNewPassword()
+{
+    const int passwordSources
+        = int(options.contains(QStringLiteral("password"))) + int(flag("ask-password")) + int(flag("generate"));
+    if (passwordSources > 1) {
+        refuse(QStringLiteral("choose one of --password, --ask-password and --generate"));
+        return false;
+    }
+    if (flag("ask-password")) {
+        bool tooLong = false;
+        const std::optional<QString> typed = platform::ReadSecretLine(QStringLiteral("New password: "), &tooLong);
+        if (!typed) {
+            refuse(tooLong
+                    ? QStringLiteral("the password line is longer than %1 bytes").arg(platform::LongestSecretLine)
+                    : QStringLiteral("no password given"));
+            return false;
+        }
+        newPassword = *typed;
+    } else if (flag("generate")) {
+        newPassword = generatedPassword();
+        if (!newPassword)
+            return false;
+        std::fprintf(stderr, "Generated password: %s\n", newPassword->toLocal8Bit().constData());
+    }
+    return true;
+}
+
+void ProfileCommands::applyFieldOptions(Entry& entry)
+{
+    for (const Field& f : fields) {
+        const std::optional<QString> value = f.member == &Entry::title ? std::nullopt : option(f.name);
+        if (!value)
+            continue;
+        entry.*f.member = Stored(*value);
+        if (Shown(entry.*f.member) != *value)
+            warn(QStringLiteral(
+                "the %1 of \"%2\" holds characters that the files' code page lacks: it is kept as \"%3\"")
+                     .arg(QLatin1String(f.name), Shown(entry.title), Shown(entry.*f.member)));
+    }
+    if (newPassword)
+        entry.password = Stored(*newPassword);
+}
+
+int ProfileCommands::writeEntries(const Profile& profile, QList<Entry> entries, const QString& changedTitle)
+{
+    // What the next load will give back of the entry: the format keeps 48 characters of a value,
+    // escapes "&", "=", "[", "]" and line breaks, and a save escapes what an earlier one did.
+    const int changed = lastIndexOf(entries, changedTitle);
+    QList<Entry> copy = entries;
+    const QList<Entry> readBack = ParseInnerText(ComposeInnerText(copy));
+    const int back = lastIndexOf(readBack, changedTitle);
+    if (changed >= 0 && back >= 0) {
+        for (const Field& f : fields) {
+            if (shown(readBack.at(back).*f.member) != shown(entries.at(changed).*f.member))
+                warn(QStringLiteral("the %1 of \"%2\" will read back as \"%3\"")
+                         .arg(QLatin1String(f.name), changedTitle, shown(readBack.at(back).*f.member)));
+        }
+    }
+    switch (SaveVault(profile.vault, entries)) {
+    case VaultSave::Saved:
+        return 0;
+    case VaultSave::TooLarge:
+        return refuse(QStringLiteral("the vault would pass %1 bytes, which the program can't keep; nothing was written")
+                          .arg(MaxVaultText));
+    case VaultSave::WriteFailed:
+        break;
+    }
+    return refuse(QStringLiteral("can't write the vault of profile \"%1\"; it is as it was").arg(profile.name));
+}
+
+QString ProfileCommands::TitleFault(const QString& title)
+{
+    if (title.contains(QLatin1Char('\r')) || title.contains(QLatin1Char('\n')) || title.contains(QLatin1Char('\t')))
+        return QStringLiteral("a title can't hold a line break or a tab");
+    if (!platform::CodePageHolds(title))
+        return QStringLiteral("the title \"%1\" holds letters that the files' code page (Windows-%2) can't hold")
+            .arg(title)
+            .arg(platform::CodePageNumber());
+    return QString();
+}
+
+int ProfileCommands::add()
+{
+    const QString title = Shown(Stored(positional.at(0)));
+    if (title.isEmpty())
+        return refuse(QStringLiteral("the title of the entry must not be empty"));
+    std::optional<OpenVault> vault = openVault(true);
+    if (!vault)
+        return 1;
+    // The new-entry dialog refuses a title that stands as a row of the full list.
+    if (lastIndexOf(vault->entries, title) >= 0)
+        return refuse(QStringLiteral("an entry titled \"%1\" is already in the list").arg(title));
+    Entry entry;
+    entry.title = Stored(title);
+    applyFieldOptions(entry);
+    vault->entries.append(entry);
+    return writeEntries(vault->profile, vault->entries, title);
+}
+
+int ProfileCommands::edit()
+{
+    // Every save escapes escaped values once more: a write that changes nothing is no write.
+    const bool anyField = std::any_of(std::begin(fields) + 1, std::end(fields),
+                              [this](const Field& f) { return options.contains(QLatin1String(f.name)); })
+        || flag("ask-password") || flag("generate");
+    if (!anyField)
+        return usageError(QStringLiteral("edit: give at least one field to change"));
+    std::optional<OpenVault> vault = openEntry(true);
+    if (!vault)
+        return 1;
+    applyFieldOptions(vault->entries[vault->index]);
+    return writeEntries(vault->profile, vault->entries, positional.at(0));
+}
+
+int ProfileCommands::remove()
+{
+    std::optional<OpenVault> vault = openEntry(true);
+    if (!vault)
+        return 1;
+    vault->entries.removeAt(vault->index);
+    // The program saves only a list with rows: its last entry, deleted, comes back at the next start.
+    if (vault->entries.isEmpty())
+        return refuse(QStringLiteral("\"%1\" is the last entry: the program saves no empty list, so it would be back "
+                                     "at the next start; nothing was changed")
+                          .arg(positional.at(0)));
+    return writeEntries(vault->profile, vault->entries, QString());
+}

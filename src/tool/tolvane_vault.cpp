@@ -1,0 +1,300 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// tolvane-vault: the vaults without the window, through the program's own code: a vault file in and out
+// (dump, save, unwrap, rescue) here, the commands on a profile of the data tree in ProfileCommands.
+#include "platform/CodePage.h"
+#include "platform/Display.h"
+#include "platform/Files.h"
+#include "platform/Paths.h"
+#include "platform/TreeLock.h"
+#include "core/InstallerLanguage.h"
+#include "tool/ProfileCommands.h"
+#include "core/Base64Codec.h"
+#include "core/DataRoot.h"
+#include "core/VaultFile.h"
+#include "core/VaultRescue.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <memory>
+#include <optional>
+
+namespace {
+
+const char* usage = R"(Usage: tolvane-vault COMMAND [ARGUMENT...] [OPTION...]
+Read and change the vaults of Tolvane without the window, through the program's own code.
+
+Commands on a vault file:
+  dump FILE      print the entries as the program loads them, as JSON
+  save FILE      write a vault from JSON on standard input, as the program saves
+  unwrap FILE    print the inner text (the outer layer taken off); the file is not changed
+  rescue FILE    print the entries with what the program's reading loses: long values whole,
+                 escapes undone, padding cut
+
+FILE is a list.dat or an exported .tvd file. JSON texts are the fields' bytes in the
+program's 8-bit code page (Windows-1250 or -1252, chosen at its first start and kept;
+TOLVANE_CODEPAGE overrides it), so every byte survives a dump and a save unchanged.
+
+Only regular files are read and written, and none larger than any vault (1 MiB). A save
+into a data tree takes the tree's lock, as the profile commands' writes do, and writes
+through no link inside the tree.
+
+Options:
+  -h, --help     print this help and end (also after any command)
+  --version      print the version and end
+)";
+
+const char* exitCodes = R"(
+Exit codes: 0 done, 1 refused or bad input (a wrong password, a write while the program
+runs, a missing or unreadable file, bad JSON, a vault too large), 2 usage.
+)";
+
+// The JSON of an entry speaks the file's language: "title", then the file's own keys.
+QList<EntryKey> jsonFields()
+{
+    QList<EntryKey> fields { { "title", &Entry::title } };
+    for (const EntryKey& k : EncodedKeys)
+        fields.append(k);
+    fields.append(PictureKey);
+    return fields;
+}
+
+void printJson(QList<Entry> entries)
+{
+    QJsonArray array;
+    for (Entry& e : entries) {
+        QJsonObject object;
+        for (const EntryKey& k : jsonFields())
+            object.insert(QLatin1String(k.key), platform::FromCodePage(e.*k.field));
+        array.append(object);
+    }
+    const QByteArray out = QJsonDocument(array).toJson(QJsonDocument::Indented);
+    std::fwrite(out.constData(), 1, static_cast<size_t>(out.size()), stdout);
+}
+
+int fail(const QString& message)
+{
+    std::fprintf(stderr, "tolvane-vault: %s\n", qPrintable(message));
+    return 1;
+}
+
+QString pathArgument(const QString& given)
+{
+    // A native path as typed; the storage code takes Windows-form paths.
+    return platform::ToWindows(QDir::current().absoluteFilePath(given));
+}
+
+// A JSON vault on standard input: every byte of a full vault escaped six times over, and more.
+constexpr qint64 largestInput = 4 * 1024 * 1024;
+
+// What is wrong with a path the tool can't read, in words.
+QString unreadable(platform::ReadOutcome outcome, const QString& given)
+{
+    const QFileInfo info(given);
+    switch (outcome) {
+    case platform::ReadOutcome::Missing:
+        return QStringLiteral("no such file: %1").arg(given);
+    case platform::ReadOutcome::NotAFile:
+        return info.isDir() ? QStringLiteral("%1 is a folder, not a vault file").arg(given)
+                            : QStringLiteral("%1 is not a regular file (a pipe, a device or a socket)").arg(given);
+    case platform::ReadOutcome::NotPermitted:
+        return QStringLiteral("no permission to read %1").arg(given);
+    case platform::ReadOutcome::TooLarge:
+        return QStringLiteral("%1 is larger than %2 bytes, more than any vault file: it was not read")
+            .arg(given)
+            .arg(LargestVaultFile);
+    case platform::ReadOutcome::Read:
+    case platform::ReadOutcome::Failed:
+        break;
+    }
+    return QStringLiteral("can't read %1").arg(given);
+}
+
+// Reads standard input up to the bound; false when there is more.
+bool readInput(QByteArray& input)
+{
+    QFile in;
+    if (!in.open(stdin, QIODevice::ReadOnly))
+        return false;
+    input.clear();
+    for (;;) {
+        const QByteArray chunk = in.read(largestInput + 1 - input.size());
+        if (chunk.isEmpty()) // standard input blocks: nothing more is its end
+            break;
+        input += chunk;
+        if (input.size() > largestInput)
+            return false;
+    }
+    return true;
+}
+
+// The command, found before the application object is made: a clipboard needs a GUI one.
+QString commandOf(int argc, char* argv[])
+{
+    QStringList arguments;
+    for (int i = 1; i < argc; ++i)
+        arguments.append(QString::fromLocal8Bit(argv[i]));
+    return ProfileCommands(arguments).Command();
+}
+
+void printUsage(FILE* stream)
+{
+    std::fputs(usage, stream);
+    std::fputs("\n", stream);
+    std::fputs(ProfileCommands::Usage(), stream);
+    std::fputs(exitCodes, stream);
+}
+
+} // namespace
+
+namespace {
+
+// The data tree a file lies in (its top folder, native), or nothing: the tool's own tree, found
+// also through a link above it, or any tree of the program's making, ".../Brenmark/Tolvane/data".
+QString dataTreeOf(const QString& nativeFile)
+{
+    DetectUsbMode();
+    const QString own = QFileInfo(platform::ToNative(DataFolder())).canonicalFilePath();
+    QStringList parts = QFileInfo(nativeFile).absoluteFilePath().split(QLatin1Char('/'), Qt::SkipEmptyParts);
+    for (parts.removeLast(); !parts.isEmpty(); parts.removeLast()) {
+        const QString folder = QLatin1Char('/') + parts.join(QLatin1Char('/'));
+        const bool named
+            = parts.size() >= 3 && parts.mid(parts.size() - 3) == QStringList { "Brenmark", "Tolvane", "data" };
+        if (named || (!own.isEmpty() && QFileInfo(folder).canonicalFilePath() == own))
+            return folder;
+    }
+    return QString();
+}
+
+int save(const QString& given, const QString& path)
+{
+    // Only a regular file is replaced; a folder, a pipe or a device is left alone, and so is a
+    // file larger than any vault.
+    const QFileInfo target(given);
+    if (target.exists() && !target.isFile())
+        return fail(unreadable(platform::ReadOutcome::NotAFile, given));
+    if (target.isFile() && target.size() > LargestVaultFile)
+        return fail(unreadable(platform::ReadOutcome::TooLarge, given) + QStringLiteral("; nothing was written"));
+    if (!QFileInfo(target.absolutePath()).isDir())
+        return fail(QStringLiteral("no such folder: %1").arg(target.absolutePath()));
+    QByteArray input;
+    if (!readInput(input))
+        return fail(QStringLiteral("standard input is longer than %1 bytes: no vault is that large").arg(largestInput));
+    QJsonParseError error {};
+    const QJsonDocument doc = QJsonDocument::fromJson(input, &error);
+    if (error.error != QJsonParseError::NoError || !doc.isArray())
+        return fail(QStringLiteral("standard input is not a JSON array of entries: %1").arg(error.errorString()));
+    QList<Entry> entries;
+    for (const QJsonValue& v : doc.array()) {
+        if (!v.isObject())
+            return fail(QStringLiteral("an entry is not a JSON object"));
+        const QString title = v.toObject().value(QLatin1String("title")).toString();
+        if (const QString fault = ProfileCommands::TitleFault(title); !fault.isEmpty())
+            return fail(fault);
+        Entry e;
+        for (const EntryKey& k : jsonFields())
+            e.*k.field = platform::ToCodePage(v.toObject().value(QLatin1String(k.key)).toString());
+        entries.append(e);
+    }
+    // Inside a data tree the program's rules hold: no write through a link below its top folder,
+    // and none while the program holds the tree (it would write its own copy over this one).
+    std::optional<platform::TreeWriteLock> lock;
+    if (const QString tree = dataTreeOf(platform::ToNative(path)); !tree.isEmpty()) {
+        platform::AddWorkingFolder(platform::ToWindows(tree));
+        lock.emplace(platform::ToWindows(tree));
+        if (lock->State() == platform::TreeLock::ProgramRuns)
+            return fail(QStringLiteral("Tolvane is running on this data tree: it writes the vault when it ends and "
+                                       "would overwrite this file. End it and try again; nothing was written"));
+        if (lock->State() == platform::TreeLock::Unavailable)
+            return fail(QStringLiteral("can't lock the data tree %1; nothing was written").arg(tree));
+    }
+    switch (SaveVault(path, entries)) {
+    case VaultSave::Saved:
+        return 0;
+    case VaultSave::TooLarge:
+        return fail(QStringLiteral("the entries make a vault text over %1 bytes, which the program can't keep; "
+                                   "nothing was written")
+                        .arg(MaxVaultText));
+    case VaultSave::WriteFailed:
+        break;
+    }
+    return fail(QStringLiteral("can't write %1").arg(given));
+}
+
+int run(int argc, char* argv[])
+{
+    const QString command = commandOf(argc, argv);
+    // The desktop's clipboard needs a GUI application, which ends the process when the display
+    // can't be reached; without one, clip checks its arguments and then says so.
+    std::unique_ptr<QCoreApplication> app;
+    if (ProfileCommands::NeedsClipboard(command) && platform::DisplayAnswers())
+        app = std::make_unique<QGuiApplication>(argc, argv);
+    else
+        app = std::make_unique<QCoreApplication>(argc, argv);
+    const QStringList args = QCoreApplication::arguments().mid(1);
+    UseKeptCodePage(false); // the program's, whatever the locale says
+    const ProfileCommands parsed(args);
+    // --help on any command: the whole help, exit codes included.
+    if (parsed.HelpAsked()) {
+        printUsage(stdout);
+        return 0;
+    }
+    if (ProfileCommands::Handles(command))
+        return ProfileCommands(args).run();
+    if (args.contains(QStringLiteral("--version"))) {
+        std::puts("tolvane-vault " TOLVANE_VERSION);
+        return 0;
+    }
+    const std::optional<QStringList> files = parsed.PlainArguments();
+    if (!files || files->size() != 1) {
+        printUsage(stderr);
+        return 2;
+    }
+    const QString given = files->at(0);
+    const QString path = pathArgument(given);
+    SetBadGroupHandler([](const QByteArray& four) {
+        std::fprintf(stderr, "tolvane-vault: Illegal Characters <%s> found; the program would ask, going on as OK\n",
+            four.constData());
+        return true;
+    });
+
+    if (command == QLatin1String("save"))
+        return save(given, path);
+    if (command != QLatin1String("dump") && command != QLatin1String("unwrap") && command != QLatin1String("rescue")) {
+        printUsage(stderr);
+        return 2;
+    }
+    QByteArray bytes;
+    const platform::ReadOutcome read = platform::ReadFileBounded(path, LargestVaultFile, bytes);
+    if (read != platform::ReadOutcome::Read)
+        return fail(unreadable(read, given));
+    const QByteArray inner = LayerOff(bytes);
+    if (command == QLatin1String("unwrap")) {
+        std::fwrite(inner.constData(), 1, static_cast<size_t>(inner.size()), stdout);
+        return 0;
+    }
+    printJson(command == QLatin1String("dump") ? ParseInnerText(inner) : RescueInnerText(inner));
+    return 0;
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    const int code = run(argc, argv);
+    // What could not be written out (a full disk, a closed pipe) is no success.
+    if (std::fflush(stdout) != 0 || std::ferror(stdout)) {
+        std::fprintf(stderr, "tolvane-vault: can't write to standard output: %s\n", std::strerror(errno));
+        return code == 0 ? 1 : code;
+    }
+    return code;
+}

@@ -1,0 +1,369 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "widgets/SkinnedButton.h"
+
+#include "platform/Twips.h"
+#include "widgets/Accessibility.h"
+#include "widgets/ProgramPictures.h"
+
+#include <QFocusEvent>
+#include <QLabel>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QTimer>
+
+QVariant PropertyBag::ReadProperty(const QString& name, const QVariant& defaultValue) const
+{
+    for (const auto& [key, value] : values) {
+        if (key == name)
+            return value;
+    }
+    return defaultValue;
+}
+
+void PropertyBag::WriteProperty(const QString& name, const QVariant& value, const QVariant& defaultValue)
+{
+    values.removeIf([&name](const QPair<QString, QVariant>& stored) { return stored.first == name; });
+    if (value != defaultValue)
+        values.append({ name, value });
+}
+
+QStringList PropertyBag::Names() const
+{
+    QStringList names;
+    for (const auto& stored : values)
+        names.append(stored.first);
+    return names;
+}
+
+namespace {
+
+// The runtime's mouse button values.
+constexpr int vbLeftButton = 1;
+constexpr int vbRightButton = 2;
+constexpr int vbMiddleButton = 4;
+
+int ButtonValue(Qt::MouseButton button)
+{
+    switch (button) {
+    case Qt::LeftButton:
+        return vbLeftButton;
+    case Qt::RightButton:
+        return vbRightButton;
+    case Qt::MiddleButton:
+        return vbMiddleButton;
+    default:
+        return 0;
+    }
+}
+
+// Focus that the window takes back when it is active again, or that a menu borrows, is no
+// focus change to the controls.
+bool MovesBetweenControls(const QFocusEvent* event)
+{
+    return event->reason() != Qt::ActiveWindowFocusReason && event->reason() != Qt::PopupFocusReason;
+}
+
+// A toggle tells assistive tools whether it is checked.
+class SkinnedButtonAccessible : public ClickableAccessible
+{
+public:
+    explicit SkinnedButtonAccessible(SkinnedButton* control)
+        : ClickableAccessible(
+            control, [control] { control->click(); }, [control] { return control->Caption(); })
+    {
+    }
+    // The backgrounds, frame parts, icon and caption are the button's look, not controls.
+    int childCount() const override { return 0; }
+    QAccessibleInterface* child(int) const override { return nullptr; }
+    QAccessible::State state() const override
+    {
+        QAccessible::State state = ClickableAccessible::state();
+        const auto* control = static_cast<const SkinnedButton*>(widget());
+        state.checkable = control->CanBeChecked();
+        state.checked = control->CanBeChecked() && control->IsChecked();
+        return state;
+    }
+};
+
+QAccessibleInterface* SkinnedButtonAccessibleFactory(const QString& className, QObject* object)
+{
+    if (className == QLatin1String("SkinnedButton") && object && object->isWidgetType())
+        return new SkinnedButtonAccessible(static_cast<SkinnedButton*>(object));
+    return nullptr;
+}
+
+// The frame parts at design time: 30 twips thick, the top and bottom ones as wide as the
+// backgrounds, the left and right ones as high as the control.
+constexpr int frameThickness = 30;
+constexpr int backgroundWidth = 2250;
+constexpr int controlHeight = 375;
+
+} // namespace
+
+SkinnedButton::SkinnedButton(QWidget* parent, const PropertyBag& stored)
+    : QWidget(parent)
+{
+    static const bool accessibleInstalled = (QAccessible::installFactory(&SkinnedButtonAccessibleFactory), true);
+    Q_UNUSED(accessibleInstalled);
+    // A click gives the focus, as does the mouse passing over; the Tab key passes the button by,
+    // since no key clicks it.
+    setFocusPolicy(Qt::ClickFocus);
+    setMouseTracking(true);
+
+    const qreal scale = devicePixelRatioF();
+    auto hiddenPicture = [this](const char* name, const QPixmap& pixmap) {
+        auto* part = Named(new QLabel(this), name);
+        part->setPixmap(pixmap);
+        part->hide();
+        return part;
+    };
+    normalBackground = hiddenPicture("normalBackground", ButtonBackground(ButtonLook::Normal, scale));
+    overBackground = hiddenPicture("overBackground", ButtonBackground(ButtonLook::Over, scale));
+    downBackground = hiddenPicture("downBackground", ButtonBackground(ButtonLook::Down, scale));
+
+    auto edge = [this, scale](const char* name, FrameEdge which, int left, int top, int width, int height) {
+        auto* part = Placed(new QLabel(this), name, left, top, width, height);
+        const bool across = which == FrameEdge::Up || which == FrameEdge::Bottom;
+        part->setPixmap(ButtonFrameEdge(which, Twips(across ? width : height), scale));
+        part->setAttribute(Qt::WA_TransparentForMouseEvents);
+        return part;
+    };
+    frameTop = edge("frameTop", FrameEdge::Up, 0, 0, backgroundWidth, frameThickness);
+    frameBottom
+        = edge("frameBottom", FrameEdge::Bottom, 0, controlHeight - frameThickness, backgroundWidth, frameThickness);
+    frameLeft = edge("frameLeft", FrameEdge::Left, 0, 0, frameThickness, controlHeight);
+    frameRight = edge("frameRight", FrameEdge::Right, controlHeight - frameThickness, 0, frameThickness, controlHeight);
+    ShowFrame(false); // as at design time
+
+    iconLabel = Placed(new QLabel(this), "iconLabel", 50, 60, 240, 240);
+    iconLabel->setAttribute(Qt::WA_TransparentForMouseEvents);
+    captionLabel = Placed(new QLabel(this), "captionLabel", 345, 60, 0, 255);
+    captionLabel->setAttribute(Qt::WA_TransparentForMouseEvents);
+
+    startTimer = Named(new QTimer(this), "startTimer");
+    startTimer->setInterval(10);
+    connect(startTimer, &QTimer::timeout, this, &SkinnedButton::applyStoredProperties);
+
+    initialize();
+    ReadProperties(stored);
+    startTimer->start();
+}
+
+QIcon SkinnedButton::PictureNormal() const
+{
+    return pictureNormal;
+}
+
+void SkinnedButton::SetPictureNormal(const QIcon& picture)
+{
+    pictureNormal = picture;
+    ShowIcon();
+    Q_EMIT PropertyChanged(QStringLiteral("PictureNormal"));
+}
+
+QString SkinnedButton::Caption() const
+{
+    return captionLabel->text();
+}
+
+void SkinnedButton::SetCaption(const QString& caption)
+{
+    captionLabel->setText(caption);
+    captionLabel->adjustSize(); // the caption sizes itself
+    Q_EMIT PropertyChanged(QStringLiteral("CAP"));
+}
+
+bool SkinnedButton::Enabled() const
+{
+    return enabled;
+}
+
+void SkinnedButton::SetEnabled(bool value)
+{
+    enabled = value;
+    Q_EMIT PropertyChanged(QStringLiteral("ENAB"));
+}
+
+bool SkinnedButton::CanBeChecked() const
+{
+    return canBeChecked;
+}
+
+void SkinnedButton::SetCanBeChecked(bool value)
+{
+    canBeChecked = value;
+    Q_EMIT PropertyChanged(QStringLiteral("CHEK"));
+}
+
+bool SkinnedButton::IsChecked() const
+{
+    return isChecked;
+}
+
+void SkinnedButton::SetIsChecked(bool value)
+{
+    isChecked = value;
+    Q_EMIT PropertyChanged(QStringLiteral("CCHEK"));
+}
+
+void SkinnedButton::ReadProperties(const PropertyBag& bag)
+{
+    enabled = bag.ReadProperty(QStringLiteral("ENAB"), true).toBool();
+    canBeChecked = bag.ReadProperty(QStringLiteral("CHEK"), false).toBool();
+    isChecked = bag.ReadProperty(QStringLiteral("CCHEK"), false).toBool();
+    // A picture is an icon; the empty text read by default leaves none.
+    pictureNormal = bag.ReadProperty(QStringLiteral("PictureNormal"), QString()).value<QIcon>();
+    ShowIcon();
+    captionLabel->setText(bag.ReadProperty(QStringLiteral("CAP"), QString()).toString());
+    captionLabel->adjustSize();
+}
+
+void SkinnedButton::WriteProperties(PropertyBag& bag) const
+{
+    bag.WriteProperty(QStringLiteral("ENAB"), enabled, true);
+    bag.WriteProperty(QStringLiteral("PictureNormal"),
+        pictureNormal.isNull() ? QVariant(QString()) : QVariant::fromValue(pictureNormal), QString());
+    bag.WriteProperty(QStringLiteral("CHEK"), canBeChecked, false);
+    bag.WriteProperty(QStringLiteral("CCHEK"), isChecked, false);
+    bag.WriteProperty(QStringLiteral("CAP"), Caption(), QString());
+}
+
+void SkinnedButton::applyStoredProperties()
+{
+    setEnabled(enabled);
+    if (canBeChecked) {
+        ShowBackground(normalBackground);
+        ShowFrame(isChecked);
+    }
+    startTimer->stop();
+}
+
+void SkinnedButton::initialize()
+{
+    ShowBackground(normalBackground);
+    enabled = true;
+    canBeChecked = false;
+    isChecked = false;
+}
+
+void SkinnedButton::showFocus()
+{
+    ShowBackground(overBackground);
+    ShowFrame(true);
+}
+
+void SkinnedButton::hideFocus()
+{
+    ShowBackground(normalBackground);
+    ShowFrame(canBeChecked && isChecked);
+}
+
+void SkinnedButton::pressLook(int button)
+{
+    if (button != vbLeftButton)
+        return;
+    ShowBackground(downBackground);
+    ShowFrame(true);
+}
+
+void SkinnedButton::releaseLook()
+{
+    ShowBackground(overBackground);
+}
+
+void SkinnedButton::click()
+{
+    if (canBeChecked)
+        isChecked = !isChecked;
+    // The host may unload its window here; nothing of the control is touched after it.
+    Q_EMIT Click();
+}
+
+void SkinnedButton::ShowBackground(const QLabel* background)
+{
+    picture = background;
+    update();
+}
+
+void SkinnedButton::ShowFrame(bool shown)
+{
+    for (QLabel* part : { frameTop, frameBottom, frameLeft, frameRight })
+        part->setVisible(shown);
+}
+
+void SkinnedButton::ShowIcon()
+{
+    iconLabel->setPixmap(pictureNormal.isNull() ? QPixmap()
+                                                : pictureNormal.pixmap(iconLabel->size(), devicePixelRatioF(),
+                                                    isEnabled() ? QIcon::Normal : QIcon::Disabled));
+}
+
+void SkinnedButton::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.drawPixmap(0, 0, picture->pixmap());
+}
+
+void SkinnedButton::mouseMoveEvent(QMouseEvent*)
+{
+    setFocus(Qt::MouseFocusReason);
+}
+
+void SkinnedButton::mousePressEvent(QMouseEvent* event)
+{
+    pressed = event->button() == Qt::LeftButton;
+    pressLook(ButtonValue(event->button()));
+}
+
+void SkinnedButton::mouseDoubleClickEvent(QMouseEvent*)
+{
+    // The second press of a double click is a DblClick, which the control does not handle: no
+    // MouseDown, and its release raises no Click.
+    pressed = false;
+}
+
+void SkinnedButton::mouseReleaseEvent(QMouseEvent* event)
+{
+    const bool clicked = pressed && event->button() == Qt::LeftButton && rect().contains(event->position().toPoint());
+    pressed = false;
+    releaseLook();
+    if (clicked)
+        click();
+}
+
+void SkinnedButton::focusInEvent(QFocusEvent* event)
+{
+    QWidget::focusInEvent(event);
+    if (MovesBetweenControls(event))
+        showFocus();
+}
+
+void SkinnedButton::focusOutEvent(QFocusEvent* event)
+{
+    QWidget::focusOutEvent(event);
+    if (MovesBetweenControls(event))
+        hideFocus();
+}
+
+void SkinnedButton::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    if (height() != Twips(controlHeight))
+        resize(width(), Twips(controlHeight));
+    frameRight->move(Twips(PixelsToTwips(width()) - frameThickness), frameRight->y());
+}
+
+void SkinnedButton::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::EnabledChange)
+        ShowIcon();
+}
+
+SkinnedButton* PlacedSkinnedButton(
+    QWidget* parent, const char* name, const QIcon& picture, int left, int top, int width)
+{
+    PropertyBag design;
+    design.WriteProperty(QStringLiteral("PictureNormal"), QVariant::fromValue(picture), QString());
+    return Placed(new SkinnedButton(parent, design), name, left, top, width, controlHeight);
+}

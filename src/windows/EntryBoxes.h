@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+// The seven boxes of an entry, as both the vault window and the new-entry dialog have them.
+#include "core/Entry.h"
+
+class QLabel;
+class QObject;
+class TextBox;
+
+struct EntryBoxes
+{
+    TextBox* title;
+    TextBox* userName;
+    TextBox* passphrase;
+    TextBox* password;
+    TextBox* url;
+    TextBox* document;
+    TextBox* note;
+};
+
+// The captions of the seven boxes: title, user name, passphrase, password, URL, document, note.
+struct EntryLabels
+{
+    QLabel* title;
+    QLabel* userName;
+    QLabel* passphrase;
+    QLabel* password;
+    QLabel* url;
+    QLabel* document;
+    QLabel* note;
+};
+
+// Sets them from their language slots, 241 to 247.
+void SetEntryCaptions(const EntryLabels& labels);
+
+// Each box carries its whole text into its field of currentEntry when it loses the focus.
+void CarryIntoCurrentEntry(QObject* context, const EntryBoxes& boxes);
+
+// Copies the record into the boxes: address, age, title, note, user name, document, phrase.
+void ShowEntry(const EntryBoxes& boxes, const Entry& entry);

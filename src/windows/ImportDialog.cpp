@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "windows/ImportDialog.h"
+
+#include "platform/Dialogs.h"
+#include "platform/Files.h"
+#include "platform/MessageBox.h"
+#include "platform/Runtime.h"
+#include "core/LanguageTable.h"
+#include "widgets/ShellOpen.h"
+#include "widgets/TextBox.h"
+#include "core/DataRoot.h"
+#include "core/ProfileFiles.h"
+#include "core/VaultFile.h"
+
+#include <QLabel>
+
+namespace {
+// The open dialog's title, this text in every language.
+const QString openTitle = QString::fromUtf8("Otwórz...");
+} // namespace
+
+ImportDialog::ImportDialog(QWidget* owner)
+    : TransferDialog(owner, { "Import...", "Importuj...", "Import danych użytkownika:", "C:\\", "&Importuj..." })
+{
+    setObjectName(QStringLiteral("ImportDialog"));
+    parts.actionButton->setEnabled(false);
+    connect(parts.actionButton, &QPushButton::clicked, this, &ImportDialog::importVault);
+    connect(parts.browseButton, &QPushButton::clicked, this, &ImportDialog::chooseFile);
+}
+
+void ImportDialog::load()
+{
+    SetTransferCaptions(parts, this, 183, 184, openTitle);
+}
+
+void ImportDialog::chooseFile()
+{
+    // A cancel withdraws an earlier choice.
+    const QString chosen = platform::GetOpenFileNameA(
+        this, { false, openTitle, Lang(182), QString(), QStringLiteral("*.tvd"), QStringLiteral("*.tvd"), 0 });
+    parts.pathBox->SetText(chosen.isEmpty() ? QStringLiteral("C:\\") : chosen);
+    parts.actionButton->setEnabled(!chosen.isEmpty());
+}
+
+void ImportDialog::importVault()
+{
+    if (platform::MsgBox(Lang(181), platform::MB_JOINED_QUESTION) != platform::IDYES)
+        return;
+    // Not read, not kept: the chosen file is the vault from now on. One larger than any vault,
+    // which the load would not read, is not copied: that copy fails.
+    const int error = platform::FileCopy(
+        parts.pathBox->Text(), DataFolder() + CurrentProfile() + QStringLiteral("\\list.dat"), LargestVaultFile);
+    if (error != platform::ErrNone)
+        platform::UnhandledError(error);
+    WriteIni(Keys::user, Keys::switchTo, parts.profileName->text(), ConfigFile());
+    RestartProgram();
+}

@@ -1,0 +1,94 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "windows/PasswordChangeDialog.h"
+
+#include "platform/MessageBox.h"
+#include "platform/Twips.h"
+#include "core/LanguageTable.h"
+#include "core/PasswordDigest.h"
+#include "windows/ProfileFields.h"
+#include "core/DataRoot.h"
+#include "core/ProfileFiles.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTimer>
+
+PasswordChangeDialog::PasswordChangeDialog(QWidget* owner)
+    : SingleDialog(owner)
+{
+    setObjectName(QStringLiteral("PasswordChangeDialog"));
+    setFixedSize(Twips(4920), Twips(3960));
+    heading = Placed(new QLabel(this), "heading", 120, 120, 3060, 285);
+    profileName = Placed(new QLabel(this), "profileName", 3240, 120, 1560, 285);
+    MakeBold(heading);
+    MakeBold(profileName);
+    PlaceFieldRows(this,
+        { { &oldPasswordCaption, "oldPasswordCaption", &oldPasswordBox, "oldPasswordBox" },
+            { &newPasswordCaption, "newPasswordCaption", &newPasswordBox, "newPasswordBox" },
+            { &questionCaption, "questionCaption", &questionBox, "questionBox" },
+            { &answerCaption, "answerCaption", &answerBox, "answerBox" },
+            { &emailCaption, "emailCaption", &emailBox, "emailBox" } },
+        540);
+    changeButton = Placed(new QPushButton(this), "changeButton", 2280, 3300, 1200, 375);
+    changeButton->setDefault(true);
+    cancelButton = Placed(new QPushButton(this), "cancelButton", 3600, 3300, 1200, 375);
+    connect(changeButton, &QPushButton::clicked, this, &PasswordChangeDialog::changePassword);
+    connect(cancelButton, &QPushButton::clicked, this, [] { Unload(); });
+    fillTimer = new QTimer(this);
+    fillTimer->setObjectName(QStringLiteral("fillTimer"));
+    fillTimer->setInterval(50);
+    connect(fillTimer, &QTimer::timeout, this, &PasswordChangeDialog::fillFields);
+    setTabOrder(emailBox, changeButton);
+    setTabOrder(changeButton, cancelButton);
+}
+
+void PasswordChangeDialog::Open(QWidget* owner, const QString& profile)
+{
+    PasswordChangeDialog* change = Instance(owner);
+    change->profileName->setText(profile);
+    change->show();
+}
+
+QString PasswordChangeDialog::settingsFile() const
+{
+    return DataFolder() + profileName->text() + QStringLiteral("\\settings.txt");
+}
+
+void PasswordChangeDialog::load()
+{
+    setWindowTitle(Lang(259));
+    heading->setText(Lang(260));
+    oldPasswordCaption->setText(Lang(262));
+    newPasswordCaption->setText(Lang(263));
+    questionCaption->setText(Lang(253));
+    answerCaption->setText(Lang(254));
+    emailCaption->setText(Lang(255));
+    changeButton->setText(Lang(261));
+    cancelButton->setText(Lang(147));
+    fillTimer->start();
+}
+
+void PasswordChangeDialog::fillFields()
+{
+    // The answer is not shown: what answerBox holds at the change is what is stored.
+    questionBox->setText(GetIni(Keys::settings, Keys::question, settingsFile()));
+    emailBox->setText(GetIni(Keys::settings, Keys::email, settingsFile()));
+    fillTimer->stop();
+}
+
+void PasswordChangeDialog::changePassword()
+{
+    storedPassword = GetIni(Keys::settings, Keys::password, settingsFile());
+    // An empty stored value equals no digest text: such a profile can't be given a password here.
+    if (storedPassword != MD5Hex(oldPasswordBox->text())) {
+        platform::MsgBox(Lang(257), platform::MB_ICONINFORMATION);
+        return;
+    }
+    WriteIni(Keys::settings, Keys::password, MD5Hex(newPasswordBox->text()), settingsFile());
+    WriteIni(Keys::settings, Keys::question, questionBox->text(), settingsFile());
+    WriteIni(Keys::settings, Keys::answer, MD5Hex(answerBox->text()), settingsFile());
+    WriteIni(Keys::settings, Keys::email, emailBox->text(), settingsFile());
+    platform::MsgBox(Lang(258), platform::MB_ICONINFORMATION);
+    Unload();
+}

@@ -1,0 +1,172 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "windows/PasswordGenerator.h"
+
+#include "platform/Cursor.h"
+#include "platform/MessageBox.h"
+#include "platform/Twips.h"
+#include "widgets/Accessibility.h"
+#include "widgets/ClickablePicture.h"
+#include "widgets/ClipboardCopy.h"
+#include "core/LanguageTable.h"
+#include "widgets/ProgramPictures.h"
+#include "widgets/TextBox.h"
+#include "core/PasswordRecipe.h"
+
+#include <QApplication>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMouseEvent>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTimer>
+
+PasswordGenerator::PasswordGenerator(QWidget* owner, TextBox* targetBox)
+    : QDialog(owner)
+    , target(targetBox)
+{
+    setObjectName(QStringLiteral("PasswordGenerator"));
+    setWindowModality(Qt::ApplicationModal);
+    setFixedSize(Twips(4200), Twips(3000));
+
+    alphabetFrame = Named(new QGroupBox(this), "alphabetFrame");
+    PlaceTwips(alphabetFrame, 120, 60, 1935, 1335);
+    lettersOption = Named(new QRadioButton(alphabetFrame), "lettersOption");
+    PlaceTwips(lettersOption, 120, 300, 1700, 285);
+    digitsOption = Named(new QRadioButton(alphabetFrame), "digitsOption");
+    PlaceTwips(digitsOption, 120, 630, 1700, 285);
+    bothOption = Named(new QRadioButton(alphabetFrame), "bothOption");
+    PlaceTwips(bothOption, 120, 960, 1700, 285);
+    bothOption->setChecked(true);
+    // The choice counts from the next press: a result on show stays as it is.
+    const std::pair<QRadioButton*, PasswordAlphabet> options[] = { { lettersOption, PasswordAlphabet::Letters },
+        { digitsOption, PasswordAlphabet::Digits }, { bothOption, PasswordAlphabet::DigitsAndLetters } };
+    for (const auto& [option, set] : options)
+        connect(option, &QRadioButton::clicked, this, [this, set = set] { alphabet = set; });
+
+    shorterButton = Named(new QPushButton(QStringLiteral("<"), this), "shorterButton");
+    PlaceTwips(shorterButton, 2280, 300, 375, 375);
+    lengthBox = Named(new TextBox(TextBox::SingleLine, this), "lengthBox");
+    PlaceTwips(lengthBox, 2700, 300, 600, 375);
+    lengthBox->SetText(QStringLiteral("5"));
+    lengthBox->SetLocked(true);
+    lengthBox->LineEditor()->setAlignment(Qt::AlignCenter);
+    longerButton = Named(new QPushButton(QStringLiteral(">"), this), "longerButton");
+    PlaceTwips(longerButton, 3345, 300, 375, 375);
+    connect(shorterButton, &QPushButton::clicked, this, &PasswordGenerator::shorten);
+    longerButton->installEventFilter(this);
+
+    generateButton = Named(new QPushButton(this), "generateButton");
+    PlaceTwips(generateButton, 2280, 900, 1440, 375);
+    connect(generateButton, &QPushButton::clicked, this, &PasswordGenerator::generate);
+
+    resultCaption = Named(new QLabel(this), "resultCaption");
+    PlaceTwips(resultCaption, 120, 1560, 3000, 255);
+    resultBox = Named(new TextBox(TextBox::SingleLine, this), "resultBox");
+    PlaceTwips(resultBox, 120, 1860, 3480, 315);
+    resultBox->SetLocked(true);
+    resultBox->LineEditor()->setAlignment(Qt::AlignCenter);
+    resultCaption->setBuddy(resultBox);
+    copyButton = Named(new ClickablePicture(this), "copyButton");
+    PlaceTwips(copyButton, 3720, 1897, 240, 240);
+    copyButton->SetPicture(CopyPicture());
+    copyButton->SetTabStop(true);
+    connect(copyButton, &ClickablePicture::Click, this, &PasswordGenerator::copyResult);
+    connect(copyButton, &ClickablePicture::MouseMove, this,
+        [this] { platform::SetCursor(copyButton, platform::IDC_HAND); });
+
+    useButton = Named(new QPushButton(this), "useButton");
+    PlaceTwips(useButton, 1320, 2400, 1215, 375);
+    connect(useButton, &QPushButton::clicked, this, &PasswordGenerator::deliver);
+    cancelButton = Named(new QPushButton(this), "cancelButton");
+    PlaceTwips(cancelButton, 2640, 2400, 1215, 375);
+    connect(cancelButton, &QPushButton::clicked, this, &QDialog::reject);
+
+    useButtonTimer = new QTimer(this);
+    useButtonTimer->setObjectName(QStringLiteral("useButtonTimer"));
+    useButtonTimer->setInterval(10);
+    connect(useButtonTimer, &QTimer::timeout, this, &PasswordGenerator::keepUseButtonInStep);
+    useButtonTimer->start();
+
+    load();
+}
+
+void PasswordGenerator::load()
+{
+    alphabet = PasswordAlphabet::DigitsAndLetters;
+    setWindowTitle(Lang(272));
+    alphabetFrame->setTitle(Lang(273));
+    lettersOption->setText(Lang(274));
+    digitsOption->setText(Lang(275));
+    bothOption->setText(Lang(276));
+    generateButton->setText(Lang(277));
+    resultCaption->setText(Lang(278));
+    useButton->setText(Lang(279));
+    cancelButton->setText(Lang(147));
+    copyButton->setAccessibleName(ActionOnBox(Lang(217), Lang(278))); // copy, as the menu entry says
+    // The length has no caption of its own: it counts the characters the frame beside it chooses.
+    lengthBox->Editor()->setAccessibleName(SpokenCaption(Lang(273)));
+}
+
+void PasswordGenerator::shorten()
+{
+    longerButton->setEnabled(true);
+    const int n = lengthBox->Text().toInt();
+    lengthBox->SetText(QString::number(n - 1));
+    if (n < 6)
+        shorterButton->setEnabled(false);
+}
+
+void PasswordGenerator::lengthen()
+{
+    shorterButton->setEnabled(true);
+    const int n = lengthBox->Text().toInt();
+    lengthBox->SetText(QString::number(n + 1));
+    if (n > 13)
+        longerButton->setEnabled(false);
+}
+
+bool PasswordGenerator::eventFilter(QObject* watched, QEvent* event)
+{
+    // Filters see the presses of a disabled button too; the button itself would not. The second
+    // press of a double click comes as a double click, and counts as "<" counts it.
+    const bool press = event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick;
+    if (watched == longerButton && press && longerButton->isEnabled())
+        lengthen();
+    return QDialog::eventFilter(watched, event);
+}
+
+void PasswordGenerator::generate()
+{
+    SystemRandomSource source;
+    resultBox->SetText(GeneratePassword(alphabet, lengthBox->Text().toInt(), source));
+    resultBox->LineEditor()->setCursorPosition(resultBox->Text().size());
+}
+
+void PasswordGenerator::keepUseButtonInStep()
+{
+    useButton->setEnabled(target && !resultBox->Text().isEmpty());
+}
+
+void PasswordGenerator::deliver()
+{
+    if (!target)
+        return;
+    if (!target->Text().isEmpty()
+        && platform::MsgBox(Lang(271), platform::MB_YESNO | platform::MB_ICONQUESTION) == platform::IDNO)
+        return;
+    target->SetText(resultBox->Text());
+    accept();
+}
+
+void PasswordGenerator::copyResult()
+{
+    QString text = resultBox->Text();
+    SetClipboardText(text);
+}
+
+void ShowPasswordGenerator(QWidget* owner, TextBox* target)
+{
+    PasswordGenerator dialog(owner, target);
+    dialog.exec();
+}

@@ -1,0 +1,235 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "windows/ProfilesPage.h"
+
+#include "platform/Files.h"
+#include "platform/MessageBox.h"
+#include "platform/Twips.h"
+#include "core/LanguageTable.h"
+#include "widgets/ListBox.h"
+#include "widgets/ShellOpen.h"
+#include "core/DataRoot.h"
+#include "core/DataTree.h"
+#include "core/ProfileFiles.h"
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QPushButton>
+
+namespace {
+
+const QString administrator = QStringLiteral("Administrator");
+
+ProfilesPage::Dialogs& dialogs()
+{
+    static ProfilesPage::Dialogs connected;
+    return connected;
+}
+
+} // namespace
+
+void ProfilesPage::ConnectDialogs(Dialogs connected)
+{
+    dialogs() = std::move(connected);
+}
+
+ProfilesPage::ProfilesPage(QWidget* parent, std::function<void()> saveOptionsOfWindow)
+    : QGroupBox(QStringLiteral("Profile"), parent)
+    , saveOptions(std::move(saveOptionsOfWindow))
+{
+    profileList = Placed(new ListBox(false, this), "profileList", 240, 360, 2415, 3015);
+    connect(profileList, &ListBox::rowClicked, this, &ProfilesPage::showSelectedProfile);
+    struct Pair
+    {
+        QLabel** caption;
+        const char* captionName;
+        const char* text;
+        QLabel** value;
+        const char* valueName;
+    };
+    const Pair pairs[] = {
+        { &inUseCaption, "inUseCaption", "Aktualny użytkownik:", &inUseName, "inUseName" },
+        { &defaultCaption, "defaultCaption", "Domyślny użytkownik:", &defaultName, "defaultName" },
+        { &selectedCaption, "selectedCaption", "Zaznaczony użytkownik:", &selectedName, "selectedName" },
+    };
+    int top = 360;
+    for (const Pair& p : pairs) {
+        *p.caption = Placed(new QLabel(QString::fromUtf8(p.text), this), p.captionName, 2820, top, 2040, 285);
+        *p.value = Placed(new QLabel(QStringLiteral("???"), this), p.valueName, 4920, top, 2160, 285);
+        MakeBold(*p.value);
+        top += 330;
+    }
+    lastTime = Placed(new QLabel(QStringLiteral("Ostatnio zalogowany : ???"), this), "lastTime", 2820, 1380, 4260, 285);
+    struct Button
+    {
+        QPushButton** button;
+        const char* name;
+        const char* text;
+        int left;
+        int top;
+        int width;
+        void (ProfilesPage::*click)();
+    };
+    const Button buttons[] = {
+        { &addButton, "addButton", "Dodaj...", 2820, 1800, 1380, &ProfilesPage::addProfile },
+        { &deleteButton, "deleteButton", "Usuń", 4260, 1800, 1380, &ProfilesPage::deleteProfile },
+        { &switchButton, "switchButton", "Przełącz", 5700, 1800, 1380, &ProfilesPage::switchProfile },
+        { &remindButton, "remindButton", "Przypomnij hasło", 2820, 2280, 2100, &ProfilesPage::remindPassword },
+        { &changePasswordButton, "changePasswordButton", "Zmień hasło", 4980, 2280, 2100,
+            &ProfilesPage::changePassword },
+        { &makeDefaultButton, "makeDefaultButton", "Ustaw jako domyślny", 2820, 2760, 2100,
+            &ProfilesPage::makeDefaultProfile },
+    };
+    for (const Button& b : buttons) {
+        *b.button = Placed(new QPushButton(QString::fromUtf8(b.text), this), b.name, b.left, b.top, b.width, 375);
+        connect(*b.button, &QPushButton::clicked, this, b.click);
+    }
+    lastProfileDefaultBox = Placed(new QCheckBox(QString::fromUtf8("Ustal ostatni profil jako domyślny"), this),
+        "lastProfileDefaultBox", 240, 3600, 6720, 330);
+}
+
+void ProfilesPage::SetCaptions()
+{
+    setTitle(Lang(309));
+    profileList->setAccessibleName(title()); // the profiles, read by their page's name
+    lastProfileDefaultBox->setText(Lang(319));
+    inUseCaption->setText(Lang(310));
+    defaultCaption->setText(Lang(311));
+    selectedCaption->setText(Lang(312));
+    addButton->setText(Lang(313));
+    deleteButton->setText(Lang(314));
+    switchButton->setText(Lang(315));
+    remindButton->setText(Lang(316));
+    changePasswordButton->setText(Lang(317));
+    makeDefaultButton->setText(Lang(318));
+}
+
+bool ProfilesPage::LastProfileIsDefault() const
+{
+    return lastProfileDefaultBox->isChecked();
+}
+
+void ProfilesPage::SetLastProfileIsDefault(bool on)
+{
+    lastProfileDefaultBox->setChecked(on);
+}
+
+void ProfilesPage::SaveList()
+{
+    SaveListFile(DataFolder() + QStringLiteral("users.txt"), *profileList);
+}
+
+void ProfilesPage::Fill()
+{
+    LoadListFile(DataFolder() + QStringLiteral("users.txt"), *profileList);
+    defaultName->setText(GetIni(Keys::user, Keys::defaultProfile, ConfigFile()));
+    inUseName->setText(CurrentProfile());
+    // A row that holds the name anywhere is selected, and a later one takes over: with "Ann" in
+    // use, "Joanna" below it ends up selected.
+    const QString inUse = inUseName->text().toLower();
+    for (int i = 0; i < profileList->rowCount(); ++i) {
+        if (profileList->rowText(i).toLower().contains(inUse)) {
+            profileList->selectRow(i);
+            showSelectedProfile(); // setting the selection clicks, as the runtime's list does
+        }
+    }
+}
+
+void ProfilesPage::showSelectedProfile()
+{
+    selectedName->setText(profileList->Text());
+    const QString time
+        = GetIni(Keys::settings, Keys::time, DataFolder() + selectedName->text() + QStringLiteral("\\time.txt"));
+    lastTime->setText(Lang(305) + QLatin1Char(' ') + time);
+}
+
+void ProfilesPage::addProfile()
+{
+    if (dialogs().add)
+        dialogs().add(window(), *profileList);
+}
+
+void ProfilesPage::makeDefaultProfile()
+{
+    const QString name = selectedName->text();
+    WriteIni(Keys::user, Keys::defaultProfile, name, ConfigFile());
+    platform::MsgBox(
+        Lang(291) + QStringLiteral(" '") + name + QStringLiteral("' ") + Lang(292), platform::MB_ICONINFORMATION);
+    defaultName->setText(name);
+}
+
+void ProfilesPage::changePassword()
+{
+    // A password can be changed only for the profile in use.
+    if (inUseName->text() != selectedName->text()) {
+        platform::MsgBox(Lang(293), platform::MB_ICONINFORMATION);
+        return;
+    }
+    if (dialogs().changePassword)
+        dialogs().changePassword(window(), selectedName->text());
+}
+
+void ProfilesPage::remindPassword()
+{
+    if (dialogs().remind)
+        dialogs().remind(window(), selectedName->text());
+}
+
+void ProfilesPage::deleteProfile()
+{
+    const QString inUse = inUseName->text();
+    const QString selected = selectedName->text();
+    const auto confirmed = [&selected] {
+        return platform::MsgBox(Lang(295) + QLatin1Char(' ') + selected + QLatin1Char('?'),
+                   platform::MB_YESNO | platform::MB_ICONQUESTION)
+            == platform::IDYES;
+    };
+    // The folder goes, failures or not, and the row with it.
+    const auto removeProfile = [this, &selected] {
+        RemoveDirTree(DataFolder() + selected);
+        if (profileList->selectedRow() >= 0)
+            profileList->removeRow(profileList->selectedRow());
+    };
+    // Whatever the name, no delete takes the folder of Administrator or of the profile in use
+    // (other than that profile's own delete of itself): another spelling, an empty name, "." or
+    // a path through the tree would otherwise reach them.
+    const QString target = DataFolder() + selected;
+    const bool takesAdministrator = platform::FolderHolds(target, DataFolder() + administrator);
+    const bool takesInUse = platform::FolderHolds(target, DataFolder() + inUse);
+    if (inUse == administrator) {
+        if (selected == administrator || takesAdministrator || takesInUse) {
+            platform::MsgBox(Lang(294), platform::MB_ICONERROR);
+            return;
+        }
+        if (!confirmed())
+            return;
+        removeProfile();
+    } else if (inUse == selected) {
+        if (takesAdministrator) {
+            platform::MsgBox(Lang(294), platform::MB_ICONERROR);
+            return;
+        }
+        if (!confirmed())
+            return;
+        removeProfile();
+        // users.txt and config.txt keep naming it: the next start copes with that.
+        RestartProgram();
+    } else {
+        platform::MsgBox(Lang(296), platform::MB_ICONERROR); // and on, though nothing was deleted
+    }
+    if (defaultName->text() == selected || inUseName->text() == selected) {
+        WriteIni(Keys::user, Keys::defaultProfile, administrator, ConfigFile());
+        WriteIni(Keys::user, Keys::current, administrator, ConfigFile());
+    }
+    SaveList();
+}
+
+void ProfilesPage::switchProfile()
+{
+    if (platform::MsgBox(Lang(297), platform::MB_JOINED_QUESTION) != platform::IDYES)
+        return;
+    saveOptions();
+    WriteIni(Keys::user, Keys::current, selectedName->text(), ConfigFile());
+    WriteIni(Keys::user, Keys::switchTo, selectedName->text(), ConfigFile());
+    // The open vault is not saved: the process ends without the vault window's unload.
+    RestartProgram();
+}

@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "windows/ReportWindow.h"
+
+#include "platform/CodePage.h"
+#include "platform/Files.h"
+#include "platform/MessageBox.h"
+#include "platform/Printer.h"
+#include "platform/Runtime.h"
+#include "platform/Twips.h"
+#include "core/LanguageTable.h"
+#include "widgets/ListBox.h"
+#include "widgets/TextBox.h"
+#include "core/DataRoot.h"
+#include "windows/SaveFileDialog.h"
+
+#include <QPushButton>
+
+QString ReportText(const QList<Entry>& entries)
+{
+    const QString crlf = QStringLiteral("\r\n");
+    QString text = QStringLiteral("Tolvane") + crlf + Lang(284) + QLatin1Char(' ') + platform::TimeOfDayText()
+        + QLatin1Char(' ') + platform::DateText() + crlf + Lang(285) + QLatin1Char(' ') + CurrentProfile() + crlf
+        + QStringLiteral("===");
+    for (int i = 1; i <= entries.size(); ++i) {
+        const Entry& e = entries.at(i - 1);
+        text += crlf + QString::number(i) + QStringLiteral(") ") + Lang(286) + QLatin1Char(' ') + Shown(e.title)
+            + QStringLiteral("  ") + Lang(242) + QLatin1Char(' ') + Shown(e.userName) + QStringLiteral("  ") + Lang(244)
+            + QLatin1Char(' ') + Shown(e.password) + QStringLiteral("  ");
+    }
+    return text;
+}
+
+ReportWindow::ReportWindow(QWidget* owner, const QList<Entry>& shown)
+    : SingleDialog(owner)
+    , entries(shown)
+{
+    setObjectName(QStringLiteral("ReportWindow"));
+    setWindowModality(Qt::ApplicationModal);
+    setWindowTitle(QStringLiteral("Raport"));
+    resize(Twips(8400), Twips(6000));
+    reportBox = Placed(new TextBox(TextBox::MultiLine, this), "reportBox", 120, 120, 8160, 5160);
+    reportBox->SetLocked(true);
+    reportBox->SetScrollBars(true, true);
+    printButton = Placed(new QPushButton(QStringLiteral("&Drukuj"), this), "printButton", 4260, 5460, 1215, 375);
+    saveButton = Placed(new QPushButton(QStringLiteral("&Zapisz..."), this), "saveButton", 5595, 5460, 1215, 375);
+    closeButton = Placed(new QPushButton(QStringLiteral("&Anuluj"), this), "closeButton", 6930, 5460, 1215, 375);
+    connect(printButton, &QPushButton::clicked, this, &ReportWindow::print);
+    connect(saveButton, &QPushButton::clicked, this, &ReportWindow::saveAsText);
+    connect(closeButton, &QPushButton::clicked, this, [] { Unload(); });
+}
+
+void ReportWindow::load()
+{
+    setWindowTitle(Lang(280));
+    printButton->setText(Lang(281));
+    saveButton->setText(Lang(282));
+    closeButton->setText(Lang(147));
+    reportBox->Editor()->setAccessibleName(Lang(280)); // the box is the report
+    reportBox->SetText(ReportText(entries));
+}
+
+void ReportWindow::print()
+{
+    // A warning, not a question: the printing follows in any case.
+    platform::MsgBox(Lang(283), platform::MB_ICONERROR);
+    platform::Printer printer;
+    int error = printer.Print(); // the first line, in the printer's own font, starts the page
+    printer.SetFontName(QStringLiteral("Arial"));
+    printer.SetFontSize(8);
+    printer.SetFontBold(false);
+    if (!error)
+        error = printer.Print(platform::DateText() + QLatin1Char(' ') + platform::TimeOfDayText());
+    if (!error)
+        error = printer.Print();
+    if (!error)
+        error = printer.Print(reportBox->Text());
+    if (!error)
+        error = printer.EndDoc();
+    if (error)
+        platform::MsgBox(printer.Description(), platform::MB_ICONERROR);
+}
+
+void ReportWindow::saveAsText()
+{
+    const QString path = ShowSaveDialog(this, QStringLiteral("Text (*.txt)|*.txt"), QString(), QString(), QString());
+    if (path.isEmpty())
+        return;
+    // Nothing is told, whether the file could be written or not.
+    platform::WriteFileAtomic(path, platform::ToCodePage(reportBox->Text() + QStringLiteral("\r\n")));
+}
+
+void ShowReport(QWidget* owner, const QList<Entry>& entries)
+{
+    ReportWindow::Instance(owner, entries)->exec();
+}

@@ -1,0 +1,188 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "windows/SettingsWindow.h"
+
+#include "platform/MessageBox.h"
+#include "platform/Registry.h"
+#include "platform/Runtime.h"
+#include "platform/Twips.h"
+#include "widgets/Accessibility.h"
+#include "core/LanguageTable.h"
+#include "core/RegistryLayer.h"
+#include "windows/ProfilesPage.h"
+#include "windows/RemovableDrivePage.h"
+#include "core/DataRoot.h"
+#include "core/ProfileFiles.h"
+#include "windows/VaultWindow.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QTabBar>
+
+#include <algorithm>
+#include <iterator>
+
+namespace {
+
+// The runtime's values of a check box: 0 clear, 1 ticked, 2 greyed (the toolkit counts 1
+// greyed, 2 ticked).
+constexpr Qt::CheckState checkStates[] = { Qt::Unchecked, Qt::Checked, Qt::PartiallyChecked };
+
+int CheckValue(const QCheckBox* box)
+{
+    return static_cast<int>(
+        std::find(std::begin(checkStates), std::end(checkStates), box->checkState()) - std::begin(checkStates));
+}
+
+} // namespace
+
+SettingsWindow* SettingsWindow::Instance()
+{
+    return SingleDialog::Instance(VaultWindow::Loaded());
+}
+
+SettingsWindow::SettingsWindow(QWidget* owner)
+    : SingleDialog(owner)
+{
+    setObjectName(QStringLiteral("SettingsWindow"));
+    setWindowTitle(QStringLiteral("Ustawienia...")); // never from the language table
+    setFixedSize(Twips(7440), Twips(5520));
+    pageTabs = Placed(new QTabBar(this), "pageTabs", 120, 120, 7200, 375);
+    pageTabs->setExpanding(false);
+    for (int i = 0; i < 3; ++i)
+        pageTabs->addTab(QString());
+    // The tab logic runs with every change of tab, by the mouse, the keyboard or an assistive
+    // tool, and with a click on the tab already chosen.
+    connect(pageTabs, &QTabBar::currentChanged, this, [this] { showSelectedPage(); });
+    connect(pageTabs, &QTabBar::tabBarClicked, this, [this](int index) {
+        if (index == pageTabs->currentIndex())
+            showSelectedPage();
+    });
+    generalPage = Placed(new QGroupBox(this), "generalPage", 120, 480, 7200, 4320);
+    drivePage = Placed(new RemovableDrivePage(this), "drivePage", 120, 480, 7200, 4320);
+    profilesPage = Placed(new ProfilesPage(this, [this] { saveOptions(); }), "profilesPage", 120, 480, 7200, 4320);
+    buildGeneralPage();
+    okButton = Placed(new QPushButton(QStringLiteral("&OK"), this), "okButton", 4680, 4980, 1215, 375);
+    okButton->setDefault(true);
+    cancelButton = Placed(new QPushButton(this), "cancelButton", 6000, 4980, 1215, 375);
+    connect(okButton, &QPushButton::clicked, this, &SettingsWindow::accept);
+    connect(cancelButton, &QPushButton::clicked, this, &SettingsWindow::cancel);
+}
+
+void SettingsWindow::buildGeneralPage()
+{
+    generalPage->setTitle(QStringLiteral("Ogólne"));
+    const char* names[]
+        = { "alwaysOnTopBox", "sortListBox", "clearClipboardBox", "minimiseAfterCopyBox", "hidePasswordsBox" };
+    const char* texts[] = { "Okno programu zawsze na wierzchu", "Sortuj listę z hasłami",
+        "Wyczyść schowek po zamknięciu programu", "Zminimalizuj po przyciśnięciu 'kopiuj'.", "Ukrywaj hasła" };
+    QCheckBox** boxes[]
+        = { &alwaysOnTopBox, &sortListBox, &clearClipboardBox, &minimiseAfterCopyBox, &hidePasswordsBox };
+    for (int i = 0; i < 5; ++i) {
+        QCheckBox* box
+            = Placed(new QCheckBox(QString::fromUtf8(texts[i]), generalPage), names[i], 240, 360 + i * 420, 6720, 330);
+        box->setTristate(true); // a stored 2 shows greyed, as the runtime's box does
+        // A click only ever ticks or clears, as the runtime's box does.
+        connect(box, &QCheckBox::clicked, box,
+            [box](bool checked) { box->setCheckState(checked ? Qt::Checked : Qt::Unchecked); });
+        *boxes[i] = box;
+    }
+    languageCaption = Placed(new QLabel(generalPage), "languageCaption", 240, 2685, 1800, 285);
+    languageList = Placed(new QComboBox(generalPage), "languageList", 2100, 2640, 2400, 330);
+    languageCaption->setBuddy(languageList);
+    saveLanguageButton
+        = Placed(new QPushButton(QStringLiteral("&Zapisz"), generalPage), "saveLanguageButton", 4620, 2618, 1215, 375);
+    connect(saveLanguageButton, &QPushButton::clicked, this, &SettingsWindow::saveLanguage);
+}
+
+void SettingsWindow::setCaptions()
+{
+    const int tabSlots[] = { 307, 308, 309 };
+    for (int i = 0; i < 3; ++i)
+        pageTabs->setTabText(i, Lang(tabSlots[i]));
+    generalPage->setTitle(Lang(307));
+    drivePage->SetCaptions();
+    profilesPage->SetCaptions();
+    for (int n = 1; n <= 5; ++n)
+        optionBox(n)->setText(Lang(319 + n));
+    languageCaption->setText(Lang(325));
+    saveLanguageButton->setText(Lang(248));
+    cancelButton->setText(Lang(147));
+}
+
+QCheckBox* SettingsWindow::optionBox(int n) const
+{
+    QCheckBox* const boxes[]
+        = { alwaysOnTopBox, sortListBox, clearClipboardBox, minimiseAfterCopyBox, hidePasswordsBox };
+    return boxes[n - 1];
+}
+
+void SettingsWindow::load()
+{
+    setCaptions();
+    // From here on a failing step is passed over and the next one runs.
+    pageTabs->setCurrentIndex(0);
+    showSelectedPage();
+    drivePage->SetUp();
+
+    for (const char* row : { "English", "Polish", "Deutsch" })
+        languageList->addItem(QLatin1String(row));
+    // A value that is no row leaves the box as it is.
+    languageList->setCurrentIndex(languageList->findText(GetProgramSetting(QStringLiteral("curLang"))));
+
+    profilesPage->Fill();
+    for (int n = 1; n <= 5; ++n) {
+        // A value that is no number (a missing key) or no state of a box leaves it unticked.
+        const QString cfg = DataFolder() + CurrentProfile() + QStringLiteral("\\cfg.txt");
+        int value = 0;
+        if (platform::CIntText(GetIni(Keys::setts, Keys::option(n), cfg), value) && value >= 0 && value <= 2)
+            optionBox(n)->setCheckState(checkStates[value]);
+    }
+    profilesPage->SetLastProfileIsDefault(
+        GetIni(Keys::user, Keys::tempChangeable, ConfigFile()) == QLatin1String("True"));
+    drivePage->ShowDrive(QStringLiteral("C:\\"));
+}
+
+void SettingsWindow::showSelectedPage()
+{
+    QGroupBox* pages[] = { generalPage, drivePage, profilesPage };
+    for (int i = 0; i < 3; ++i)
+        pages[i]->setVisible(i == pageTabs->currentIndex());
+}
+
+void SettingsWindow::saveOptions()
+{
+    for (int n = 1; n <= 5; ++n) {
+        const QString cfg = DataFolder() + CurrentProfile() + QStringLiteral("\\cfg.txt");
+        WriteIni(Keys::setts, Keys::option(n), QString::number(CheckValue(optionBox(n))), cfg);
+    }
+    WriteIni(Keys::user, Keys::tempChangeable,
+        profilesPage->LastProfileIsDefault() ? QStringLiteral("True") : QStringLiteral("False"), ConfigFile());
+}
+
+void SettingsWindow::accept()
+{
+    saveOptions();
+    profilesPage->SaveList();
+    Unload();
+    // The options take effect through a whole reload: the unload saves the vault, the load
+    // reads everything anew.
+    VaultWindow::Unload();
+    VaultWindow::Instance()->show();
+}
+
+void SettingsWindow::cancel()
+{
+    Unload();
+    VaultWindow::Instance()->show();
+}
+
+void SettingsWindow::saveLanguage()
+{
+    platform::MsgBox(Lang(306), platform::MB_OK);
+    // Written where no reader looks: the choice shows neither at the next start nor here.
+    RegSetValue(QStringLiteral("Tolvane"), QStringLiteral("Settings"), QStringLiteral("curLang"),
+        languageList->currentText(), platform::HKEY_LOCAL_MACHINE, QStringLiteral("SOFTWARE"), platform::REG_SZ);
+}

@@ -1,0 +1,131 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "windows/TrayHost.h"
+
+#include "widgets/WindowSlot.h"
+
+#include "platform/Clipboard.h"
+#include "platform/MessageBox.h"
+#include "platform/Twips.h"
+#include "core/DataRoot.h"
+#include "core/FileExist.h"
+#include "core/ProfileFiles.h"
+#include "core/VaultFile.h"
+
+#include <QCursor>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMouseEvent>
+
+namespace {
+
+TrayHost::VaultSide& vaultSide()
+{
+    static TrayHost::VaultSide side;
+    return side;
+}
+
+WindowSlot<TrayHost>& slot()
+{
+    static WindowSlot<TrayHost> form;
+    return form;
+}
+
+} // namespace
+
+void TrayHost::ConnectVault(VaultSide side)
+{
+    vaultSide() = std::move(side);
+}
+
+TrayHost* TrayHost::Instance()
+{
+    return slot().Touch([] { return new TrayHost; }, [](TrayHost* form) { form->load(); });
+}
+
+TrayHost* TrayHost::Loaded()
+{
+    return slot().Loaded();
+}
+
+void TrayHost::Unload()
+{
+    TrayHost* form = slot().Take();
+    if (!form)
+        return;
+    form->clearClipboardIfAsked();
+    form->deleteLater();
+}
+
+TrayHost::TrayHost()
+{
+    setObjectName(QStringLiteral("TrayHost"));
+    // Small enough to stay wholly outside the screen at -1000 twips when it is shown.
+    setWindowFlags(Qt::Tool | Qt::FramelessWindowHint);
+    // The icon's messages come as moves without a button.
+    setMouseTracking(true);
+    resize(Twips(600), Twips(600));
+}
+
+QString TrayHost::TipText(const QString& profile)
+{
+    QString text = QStringLiteral("Tolvane \r\n") + profile + QChar(0);
+    return text.leftJustified(64, QLatin1Char(' '), true);
+}
+
+void TrayHost::load()
+{
+    move(-Twips(1000), -Twips(1000));
+    // Taking the vault window's icon is its first use: its whole load runs here, before the
+    // options below are looked at.
+    iconRecord.window = this;
+    iconRecord.icon = vaultSide().icon();
+    setWindowIcon(iconRecord.icon);
+    iconRecord.tip = TipText(CurrentProfile());
+    iconShown = platform::AddTrayIcon(iconRecord) != 0;
+    if (!iconShown) { // without a notification area the pop-up menu would be out of reach
+        menuInWindow = true;
+        vaultSide().showMenuInWindow();
+    }
+    const QString cfg = ProfileFile(QStringLiteral("cfg.txt"));
+    if (!FileExist(cfg)) {
+        for (int n = 1; n <= 5; ++n)
+            WriteIni(Keys::setts, Keys::option(n), QStringLiteral("1"), cfg);
+    }
+}
+
+void TrayHost::clearClipboardIfAsked()
+{
+    if (GetIni(Keys::setts, Keys::option(3), ProfileFile(QStringLiteral("cfg.txt"))) == QLatin1String("1"))
+        platform::ClipboardClear();
+}
+
+void TrayHost::mouseMoveEvent(QMouseEvent* event)
+{
+    iconMessage(PixelsToTwips(qRound(event->position().x())));
+}
+
+void TrayHost::iconMessage(int x)
+{
+    // The scale is twips: the message is X over the twips of a pixel.
+    const int message = qRound(x / TwipsPerPixel());
+    if (VaultSaveRunning())
+        return; // the menu would load the vault window anew in the middle of its save
+    QMenu* menu = vaultSide().menu();
+    switch (message) {
+    case platform::TrayLeftButtonUp:
+        menu->popup(QCursor::pos());
+        break;
+    case platform::TrayLeftDoubleClick:
+        setWindowState(Qt::WindowNoState);
+        platform::SetForegroundWindow(this);
+        show();
+        break;
+    case platform::TrayRightButtonUp:
+        // Only the right button brings the host window to the front first.
+        platform::SetForegroundWindow(this);
+        menu->popup(QCursor::pos());
+        break;
+    default:
+        break;
+    }
+}

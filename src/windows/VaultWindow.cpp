@@ -1,0 +1,930 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "windows/VaultWindow.h"
+
+#include "platform/Clipboard.h"
+#include "platform/Cursor.h"
+#include "platform/Dialogs.h"
+#include "platform/MessageBox.h"
+#include "platform/Paths.h"
+#include "platform/Runtime.h"
+#include "platform/Twips.h"
+#include "windows/AboutDialog.h"
+#include "widgets/Accessibility.h"
+#include "widgets/ClickablePicture.h"
+#include "widgets/ClipboardCopy.h"
+#include "core/LanguageTable.h"
+#include "widgets/ListBox.h"
+#include "widgets/ProductLinks.h"
+#include "widgets/ProgramPictures.h"
+#include "widgets/ShellOpen.h"
+#include "windows/SilentUpdateCheck.h"
+#include "widgets/SkinnedButton.h"
+#include "widgets/TextBox.h"
+#include "windows/TrayHost.h"
+#include "windows/UpdateWindow.h"
+#include "widgets/WindowSlot.h"
+#include "core/DataRoot.h"
+#include "core/DataTree.h"
+#include "core/ProfileFiles.h"
+#include "core/VaultFile.h"
+#include "windows/ExportDialog.h"
+#include "windows/ImportDialog.h"
+#include "windows/PasswordGenerator.h"
+#include "windows/ReportWindow.h"
+#include "windows/EntryBoxes.h"
+#include "windows/EntryDialog.h"
+#include "core/EntrySearch.h"
+#include "core/EntryTable.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QLabel>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QScopeGuard>
+#include <QStatusBar>
+#include <QTimer>
+
+#include <functional>
+#include <utility>
+
+namespace {
+
+std::function<void(QWidget*)>& settingsOpener()
+{
+    static std::function<void(QWidget*)> open;
+    return open;
+}
+
+WindowSlot<VaultWindow>& slot()
+{
+    static WindowSlot<VaultWindow> form;
+    return form;
+}
+
+// The end of the run is under way: a second one (a signal, Close again) leaves it to finish.
+bool runEnding = false;
+// An end asked for while the vault was being saved, to run once the save is done.
+bool endAfterSave = false;
+
+} // namespace
+
+VaultWindow* VaultWindow::Instance()
+{
+    return slot().Touch([] { return new VaultWindow; }, [](VaultWindow* form) { form->load(); });
+}
+
+VaultWindow* VaultWindow::Loaded()
+{
+    return slot().Loaded();
+}
+
+void VaultWindow::Unload()
+{
+    VaultWindow* form = slot().Take();
+    if (!form)
+        return;
+    form->unloaded = true;
+    form->save();
+    form->hide();
+    form->deleteLater();
+    if (std::exchange(endAfterSave, false))
+        EndRun();
+}
+
+VaultWindow::VaultWindow()
+{
+    setObjectName(QStringLiteral("VaultWindow"));
+    buildMenus();
+    buildControls();
+    boxLockTimer = new QTimer(this);
+    boxLockTimer->setObjectName(QStringLiteral("boxLockTimer"));
+    boxLockTimer->setInterval(100);
+    connect(boxLockTimer, &QTimer::timeout, this, &VaultWindow::keepBoxesInStep);
+    boxLockTimer->start();
+    updateCheckTimer = new QTimer(this);
+    updateCheckTimer->setObjectName(QStringLiteral("updateCheckTimer"));
+    updateCheckTimer->setInterval(1000);
+    connect(updateCheckTimer, &QTimer::timeout, this, &VaultWindow::startSilentUpdateCheck);
+    // The design client area is 9030 by 6300 twips below the menu bar.
+    SetOuterSize(9030 + frameWidth, 6300 + frameHeight);
+}
+
+void VaultWindow::buildMenus()
+{
+    auto menu = [this](const char* name) {
+        auto* m = menuBar()->addMenu(QString());
+        m->setObjectName(QLatin1String(name));
+        return m;
+    };
+    auto entry = [this](QMenu* m, const char* name) {
+        auto* a = m->addAction(QString());
+        a->setObjectName(QLatin1String(name));
+        return a;
+    };
+    fileMenu = menu("fileMenu");
+    newEntryAction = entry(fileMenu, "newEntryAction");
+    deleteEntryAction = entry(fileMenu, "deleteEntryAction");
+    fileMenu->addSeparator();
+    importAction = entry(fileMenu, "importAction");
+    exportAction = entry(fileMenu, "exportAction");
+    fileMenu->addSeparator();
+    printAction = entry(fileMenu, "printAction");
+    fileMenu->addSeparator();
+    closeAction = entry(fileMenu, "closeAction");
+
+    editMenu = menu("editMenu");
+    undoAction = entry(editMenu, "undoAction");
+    redoAction = entry(editMenu, "redoAction");
+    editMenu->addSeparator();
+    cutAction = entry(editMenu, "cutAction");
+    copyAction = entry(editMenu, "copyAction");
+    pasteAction = entry(editMenu, "pasteAction");
+    editMenu->addSeparator();
+    clearClipboardAction = entry(editMenu, "clearClipboardAction");
+
+    viewMenu = menu("viewMenu");
+    openDocumentAction = entry(viewMenu, "openDocumentAction");
+    openAddressAction = entry(viewMenu, "openAddressAction");
+    viewMenu->addSeparator();
+    refreshAction = entry(viewMenu, "refreshAction");
+
+    reportsMenu = menu("reportsMenu");
+    reportAction = entry(reportsMenu, "reportAction");
+
+    toolsMenu = menu("toolsMenu");
+    generatorAction = entry(toolsMenu, "generatorAction");
+    toolsMenu->addSeparator();
+    settingsAction = entry(toolsMenu, "settingsAction");
+
+    helpMenu = menu("helpMenu");
+    readMeAction = entry(helpMenu, "readMeAction");
+    licenceAction = entry(helpMenu, "licenceAction");
+    updateAction = entry(helpMenu, "updateAction");
+    homePageAction = entry(helpMenu, "homePageAction");
+    helpMenu->addSeparator();
+    aboutAction = entry(helpMenu, "aboutAction");
+
+    trayMenu = new QMenu(this);
+    trayMenu->setObjectName(QStringLiteral("trayMenu"));
+    showWindowAction = entry(trayMenu, "showWindowAction");
+    trayMenu->addSeparator();
+    trayUpdateAction = entry(trayMenu, "trayUpdateAction");
+    trayMenu->addSeparator();
+    trayHomePageAction = entry(trayMenu, "trayHomePageAction");
+    forumAction = entry(trayMenu, "forumAction");
+    trayMenu->addSeparator();
+    trayAboutAction = entry(trayMenu, "trayAboutAction");
+    trayCloseAction = entry(trayMenu, "trayCloseAction");
+    // A window loaded again (Settings > OK, the way back through the icon's menu) has the menu
+    // where the first load put it.
+    if (const TrayHost* host = TrayHost::Loaded(); host && host->MenuInWindow())
+        ShowTrayMenuInBar();
+
+    connect(newEntryAction, &QAction::triggered, this, &VaultWindow::newEntry);
+    connect(deleteEntryAction, &QAction::triggered, this, &VaultWindow::deleteEntryFromMenu);
+    connect(closeAction, &QAction::triggered, this, &VaultWindow::EndRun);
+    connect(refreshAction, &QAction::triggered, this, &VaultWindow::refresh);
+    connect(showWindowAction, &QAction::triggered, this, &VaultWindow::showWindow);
+    connect(trayCloseAction, &QAction::triggered, this, &VaultWindow::EndRun);
+    connect(copyAction, &QAction::triggered, this, &VaultWindow::copyCurrentField);
+    connect(cutAction, &QAction::triggered, this, &VaultWindow::cutCurrentField);
+    connect(pasteAction, &QAction::triggered, this, &VaultWindow::pasteIntoCurrentField);
+    connect(undoAction, &QAction::triggered, this, &VaultWindow::undoCurrentField);
+    connect(redoAction, &QAction::triggered, this, &VaultWindow::undoCurrentField); // a second undo
+    connect(clearClipboardAction, &QAction::triggered, this, &VaultWindow::clearClipboard);
+    connect(openAddressAction, &QAction::triggered, this, &VaultWindow::openAddress);
+    connect(openDocumentAction, &QAction::triggered, this, &VaultWindow::openDocument);
+    connect(generatorAction, &QAction::triggered, this, &VaultWindow::openGenerator);
+    connect(settingsAction, &QAction::triggered, this, &VaultWindow::openSettings);
+    connect(reportAction, &QAction::triggered, this, &VaultWindow::showReport);
+    connect(printAction, &QAction::triggered, this, &VaultWindow::showReport);
+    connect(exportAction, &QAction::triggered, this, &VaultWindow::exportVault);
+    connect(importAction, &QAction::triggered, this, &VaultWindow::importVault);
+    connect(updateAction, &QAction::triggered, this, &VaultWindow::checkForUpdates);
+    connect(trayUpdateAction, &QAction::triggered, this, &VaultWindow::checkForUpdates);
+    connect(aboutAction, &QAction::triggered, this, &VaultWindow::showAbout);
+    connect(trayAboutAction, &QAction::triggered, this, &VaultWindow::showAbout);
+    connect(trayHomePageAction, &QAction::triggered, this, &VaultWindow::openHomePage);
+    connect(homePageAction, &QAction::triggered, this, &VaultWindow::openHomePage);
+    connect(forumAction, &QAction::triggered, this, &VaultWindow::openForum);
+    connect(readMeAction, &QAction::triggered, this, &VaultWindow::openReadMe);
+    connect(licenceAction, &QAction::triggered, this, &VaultWindow::openLicence);
+}
+
+void VaultWindow::buildControls()
+{
+    auto* client = new QWidget(this);
+    client->setObjectName(QStringLiteral("client"));
+    setCentralWidget(client);
+
+    auto label = [&](const char* name) { return Named(new QLabel(client), name); };
+    auto box = [&](const char* name, TextBox::Kind kind) { return Named(new TextBox(kind, client), name); };
+    auto button = [&](const char* name) { return Named(new QPushButton(client), name); };
+
+    // A shaded strip with the list's heading and the entry's title on it, and a line under it.
+    headingStrip = label("headingStrip");
+    headingStrip->setAutoFillBackground(true);
+    headingStrip->setBackgroundRole(QPalette::AlternateBase);
+    PlaceTwips(headingStrip, 0, 360, 9270, 330);
+    headingLine = Named(new QFrame(client), "headingLine");
+    headingLine->setFrameShape(QFrame::HLine);
+    headingLine->setFrameShadow(QFrame::Plain);
+    headingLine->setForegroundRole(QPalette::Mid);
+    PlaceTwips(headingLine, 0, 675, 9270, 15);
+
+    listHeading = label("listHeading");
+    PlaceTwips(listHeading, 120, 405, 2415, 330);
+    showAllButton = button("showAllButton");
+    PlaceTwips(showAllButton, 120, 760, 2415, 375);
+    showAllButton->setVisible(false);
+    connect(showAllButton, &QPushButton::clicked, this, &VaultWindow::showAllEntries);
+    list = Named(new ListBox(true, client), "list");
+    PlaceTwips(list, 120, 840, 2415, 4785);
+    connect(list, &ListBox::rowClicked, this, &VaultWindow::showSelectedEntry);
+
+    searchCaption = label("searchCaption");
+    searchCaption->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    PlaceTwips(searchCaption, 4080, 0, 1000, 330);
+    searchBox = box("searchBox", TextBox::SingleLine);
+    searchCaption->setBuddy(searchBox);
+    PlaceTwips(searchBox, 5160, 20, 2400, 300);
+    searchButton = PlacedSkinnedButton(client, "searchButton", SearchPicture(), 7620, 0, 615);
+    connect(searchButton, &SkinnedButton::Click, this, &VaultWindow::search);
+
+    entryHeading = label("entryHeading");
+    MakeBold(entryHeading);
+    PlaceTwips(entryHeading, 2640, 405, 4335, 330);
+
+    struct Field
+    {
+        QLabel** caption;
+        const char* captionName;
+        int captionLeft;
+        TextBox** control;
+        const char* name;
+        int top;
+        int height;
+        TextBox::Kind kind;
+    };
+    const Field fields[] = {
+        { &titleCaption, "titleCaption", 2640, &titleBox, "titleBox", 840, 330, TextBox::SingleLine },
+        { &userNameCaption, "userNameCaption", 2640, &userNameBox, "userNameBox", 1200, 330, TextBox::SingleLine },
+        { &passphraseCaption, "passphraseCaption", 2520, &passphraseBox, "passphraseBox", 1560, 330,
+            TextBox::SingleLine },
+        { &passwordCaption, "passwordCaption", 2640, &passwordBox, "passwordBox", 1920, 330, TextBox::SingleLine },
+        { &urlCaption, "urlCaption", 2640, &urlBox, "urlBox", 2280, 330, TextBox::SingleLine },
+        { &documentCaption, "documentCaption", 2640, &documentBox, "documentBox", 2640, 330, TextBox::MultiLine },
+        { &noteCaption, "noteCaption", 2640, &noteBox, "noteBox", 3000, 2355, TextBox::MultiLine },
+    };
+    for (const Field& f : fields) {
+        *f.caption = label(f.captionName);
+        PlaceTwips(*f.caption, f.captionLeft, f.top + 45, 3840 - f.captionLeft - 60, 285);
+        *f.control = box(f.name, f.kind);
+        PlaceTwips(*f.control, 3840, f.top, 4335, f.height);
+        (*f.caption)->setBuddy(*f.control);
+    }
+    titleBox->SetLocked(true);
+    // Grey as a read-only field: a line edit paints its ground in the palette's Base colour.
+    QPalette readOnly = titleBox->Editor()->palette();
+    readOnly.setColor(QPalette::Base, readOnly.color(QPalette::Window));
+    titleBox->Editor()->setPalette(readOnly);
+    documentBox->SetScrollBars(false, true);
+    noteBox->SetScrollBars(true, true);
+    noteBox->resize(Twips(5055), noteBox->height());
+
+    CarryIntoCurrentEntry(this, boxes());
+
+    // Only a click into a box makes it the current field: Tab does not, and nothing clears it.
+    for (TextBox* b : { userNameBox, passphraseBox, passwordBox, urlBox, documentBox, noteBox })
+        connect(b, &TextBox::Click, this, [this, b] { currentField = b; });
+
+    buildPictures(client);
+
+    saveButton = button("saveButton");
+    PlaceTwips(saveButton, 7680, 5400, 1215, 375);
+    connect(saveButton, &QPushButton::clicked, this, &VaultWindow::saveChangedEntry);
+
+    // The toolbar: skinned buttons with pictures and no text, at their design Left. They react
+    // to the mouse only; the Tab key passes them by.
+    struct Tool
+    {
+        SkinnedButton** control;
+        const char* name;
+        int left;
+        QIcon (*picture)();
+        void (VaultWindow::*click)();
+    };
+    const Tool tools[] = {
+        { &newEntryButton, "newEntryButton", 120, &NewEntryPicture, &VaultWindow::newEntry },
+        { &deleteEntryButton, "deleteEntryButton", 480, &DeleteEntryPicture, &VaultWindow::deleteEntryFromToolbar },
+        { &printButton, "printButton", 900, &PrintPicture, &VaultWindow::showReport },
+        { &reportButton, "reportButton", 1260, &ReportPicture, &VaultWindow::showReport },
+        { &copyButton, "copyButton", 1690, &CopyPicture, &VaultWindow::copyCurrentField },
+        { &cutButton, "cutButton", 2060, &CutPicture, &VaultWindow::cutCurrentField },
+        { &pasteButton, "pasteButton", 2420, &PastePicture, &VaultWindow::pasteIntoCurrentField },
+        { &undoButton, "undoButton", 2820, &UndoPicture, &VaultWindow::undoCurrentField },
+        { &redoButton, "redoButton", 3180, &RedoPicture, &VaultWindow::undoCurrentField },
+        { &settingsButton, "settingsButton", 3620, &SettingsPicture, &VaultWindow::openSettings },
+    };
+    for (const Tool& t : tools) {
+        *t.control = PlacedSkinnedButton(client, t.name, t.picture(), t.left, 0, 375);
+        connect(*t.control, &SkinnedButton::Click, this, t.click);
+    }
+
+    // The Tab key as the eye goes: the search box at the top, the list, then each box with the
+    // pictures beside it.
+    SetTabOrder({ searchBox, showAllButton, list, titleBox, userNameBox, copyUserNameButton, passphraseBox,
+        copyPassphraseButton, passwordBox, copyPasswordButton, generatorButton, urlBox, copyUrlButton,
+        openAddressButton, documentBox, openDocumentButton, noteBox, saveButton });
+
+    const int stretches[4] = { 1, 1, 2, 2 };
+    for (int i = 0; i < 4; ++i) {
+        statusPanels[i] = new QLabel(this);
+        statusPanels[i]->setObjectName(QStringLiteral("statusPanels%1").arg(i + 1));
+        statusBar()->addWidget(statusPanels[i], stretches[i]);
+    }
+    statusBar()->setSizeGripEnabled(true);
+}
+
+void VaultWindow::buildPictures(QWidget* client)
+{
+    struct Picture
+    {
+        ClickablePicture** control;
+        const char* name;
+        int left;
+        int top;
+        QIcon (*picture)();
+        std::function<void()> click;
+    };
+    // The copy pictures copy the box beside them, whatever field was clicked last.
+    const Picture pictures[] = {
+        { &copyUserNameButton, "copyUserNameButton", 8280, 1250, &CopyPicture, [this] { copyBoxBeside(userNameBox); } },
+        { &copyPassphraseButton, "copyPassphraseButton", 8280, 1610, &CopyPicture,
+            [this] { copyBoxBeside(passphraseBox); } },
+        { &copyPasswordButton, "copyPasswordButton", 8280, 1970, &CopyPicture, [this] { copyBoxBeside(passwordBox); } },
+        { &copyUrlButton, "copyUrlButton", 8280, 2320, &CopyPicture, [this] { copyBoxBeside(urlBox); } },
+        { &openDocumentButton, "openDocumentButton", 8280, 2690, &DocumentPicture, [this] { openDocumentIfAny(); } },
+        { &openAddressButton, "openAddressButton", 8640, 2320, &WebPicture, [this] { openAddressIfAny(); } },
+        { &generatorButton, "generatorButton", 8640, 1970, &GeneratorPicture, [this] { openGeneratorForPassword(); } },
+    };
+    for (const Picture& p : pictures) {
+        auto* image = new ClickablePicture(client);
+        image->setObjectName(QLatin1String(p.name));
+        PlaceTwips(image, p.left, p.top, 240, 240);
+        image->SetPicture(p.picture());
+        image->SetTabStop(true);
+        connect(image, &ClickablePicture::Click, this, p.click);
+        connect(image, &ClickablePicture::MouseMove, this, [image] { platform::SetCursor(image, platform::IDC_HAND); });
+        *p.control = image;
+    }
+}
+
+void VaultWindow::setCaptions()
+{
+    const std::pair<QMenu*, int> menus[] = {
+        { fileMenu, 206 },
+        { editMenu, 213 },
+        { viewMenu, 220 },
+        { reportsMenu, 224 },
+        { toolsMenu, 226 },
+        { helpMenu, 229 },
+    };
+    for (const auto& [menu, slot] : menus)
+        menu->setTitle(Lang(slot));
+    const std::pair<QAction*, int> entries[] = {
+        { newEntryAction, 207 },
+        { deleteEntryAction, 208 },
+        { importAction, 209 },
+        { exportAction, 210 },
+        { printAction, 211 },
+        { closeAction, 212 },
+        { undoAction, 214 },
+        { redoAction, 215 },
+        { cutAction, 216 },
+        { copyAction, 217 },
+        { pasteAction, 218 },
+        { clearClipboardAction, 219 },
+        { openDocumentAction, 221 },
+        { openAddressAction, 222 },
+        { refreshAction, 223 },
+        { reportAction, 225 },
+        { generatorAction, 227 },
+        { settingsAction, 228 },
+        { readMeAction, 232 },
+        { licenceAction, 233 },
+        { updateAction, 234 },
+        { homePageAction, 235 },
+        { aboutAction, 236 },
+        { showWindowAction, 237 },
+        { trayUpdateAction, 234 },
+        { trayHomePageAction, 235 },
+        { forumAction, 238 },
+        { trayAboutAction, 236 },
+        { trayCloseAction, 212 },
+    };
+    for (const auto& [action, slot] : entries)
+        action->setText(Lang(slot));
+    searchCaption->setText(Lang(239));
+    // The toolbar has pictures only; assistive tools name each button after its menu entry.
+    const std::pair<SkinnedButton*, QAction*> tools[] = {
+        { newEntryButton, newEntryAction },
+        { deleteEntryButton, deleteEntryAction },
+        { printButton, printAction },
+        { reportButton, reportAction },
+        { copyButton, copyAction },
+        { cutButton, cutAction },
+        { pasteButton, pasteAction },
+        { undoButton, undoAction },
+        { redoButton, redoAction },
+        { settingsButton, settingsAction },
+    };
+    for (const auto& [tool, action] : tools)
+        tool->setAccessibleName(action->iconText());
+    searchButton->setAccessibleName(SpokenCaption(searchCaption->text()));
+    setListHeading(Lang(201));
+    SetEntryCaptions({ titleCaption, userNameCaption, passphraseCaption, passwordCaption, urlCaption, documentCaption,
+        noteCaption });
+    // The pictures beside the boxes, named by what they do and the box they act on.
+    for (const auto& [image, caption] :
+        { std::pair { copyUserNameButton, userNameCaption }, std::pair { copyPassphraseButton, passphraseCaption },
+            std::pair { copyPasswordButton, passwordCaption }, std::pair { copyUrlButton, urlCaption } })
+        image->setAccessibleName(ActionOnBox(copyAction->text(), caption->text()));
+    openDocumentButton->setAccessibleName(SpokenCaption(openDocumentAction->text()));
+    openAddressButton->setAccessibleName(SpokenCaption(openAddressAction->text()));
+    generatorButton->setAccessibleName(SpokenCaption(generatorAction->text()));
+    showAllButton->setText(Lang(240));
+    saveButton->setText(Lang(248));
+}
+
+void VaultWindow::setListHeading(const QString& heading)
+{
+    listHeading->setText(heading);
+    // The list is read by its heading, which tells a search's results from the whole list.
+    list->setAccessibleName(SpokenCaption(heading));
+}
+
+void VaultWindow::setPanel(int panel, const QString& text)
+{
+    statusPanels[panel - 1]->setText(text);
+}
+
+void VaultWindow::load()
+{
+    setCaptions();
+    // From here on a failing step is passed over and the next one runs.
+    const QString config = ConfigFile();
+    if (GetIni(Keys::user, Keys::defaultProfile, config).isEmpty()) {
+        WriteIni(Keys::user, Keys::current, QStringLiteral("Administrator"), config);
+        WriteIni(Keys::user, Keys::defaultProfile, QStringLiteral("Administrator"), config);
+    }
+    LoadListFile(DataFolder() + QStringLiteral("users.txt"), profileNames);
+    WriteIni(Keys::user, Keys::switchTo, QString(), config);
+    const QString profile = CurrentProfile();
+    setWindowTitle(QStringLiteral("Tolvane - ") + profile);
+    setPanel(3, Lang(202) + QLatin1Char(' ') + profile);
+
+    const VaultLoad load = LoadVault(ProfileFile(QStringLiteral("list.dat")), &platform::YieldStep);
+    if (!load.read)
+        return;
+    // "1 To 0" is refused, so an empty vault leaves the table as it was.
+    entryTable.resize(1, static_cast<int>(load.entries.size()));
+    for (int i = 1; i <= load.entries.size() && entryTable.contains(i); ++i)
+        entryTable[i] = load.entries.at(i - 1);
+    setListHeading(Lang(201));
+    fillWithAllTitles();
+
+    const int rows = list->rowCount();
+    setPanel(1, QString::number(rows) + QLatin1Char(' ') + Lang(rows == 1 ? 203 : 204));
+    const QString cfg = ProfileFile(QStringLiteral("cfg.txt"));
+    passwordBox->SetPasswordChar(
+        GetIni(Keys::setts, Keys::option(5), cfg) == QLatin1String("1") ? QStringLiteral("*") : QString());
+}
+
+void VaultWindow::save()
+{
+    boxLockTimer->stop();
+    updateCheckTimer->stop();
+    WriteIni(Keys::settings, Keys::time, platform::TimeOfDayText() + QLatin1Char(' ') + platform::DateText(),
+        ProfileFile(QStringLiteral("time.txt")));
+    WriteIni(Keys::user, Keys::tempChangeable2, CurrentProfile(), ConfigFile());
+    if (list->rowCount() == 0)
+        return; // a search without matches on the screen saves nothing
+
+    QList<Entry> entries;
+    for (int i = 1; i <= entryTable.upperBound(); ++i)
+        entries.append(entryTable[i]);
+    const QString file = ProfileFile(QStringLiteral("list.dat"));
+    const VaultSave saved = SaveVault(file, entries, &platform::YieldStepHoldingInput);
+    // The escaping of the save changes the values in the table too.
+    for (int i = 1; i <= entryTable.upperBound() && i <= entries.size(); ++i)
+        entryTable[i] = entries.at(i - 1);
+    if (saved == VaultSave::TooLarge) {
+        platform::MsgBox(Lang(OwnSlot::VaultTooLarge), platform::MB_ICONERROR);
+    } else if (saved == VaultSave::WriteFailed) {
+        // Told before the run ends: which file, and that the changes are lost.
+        platform::MsgBox(Lang(OwnSlot::VaultNotSaved) + QLatin1Char('\r') + platform::ToNative(file) + QLatin1Char('\r')
+                + Lang(OwnSlot::ChangesNotSaved),
+            platform::MB_ICONERROR);
+    }
+}
+
+int VaultWindow::OuterWidth() const
+{
+    return PixelsToTwips(width()) + frameWidth;
+}
+
+int VaultWindow::OuterHeight() const
+{
+    return PixelsToTwips(height() - menuBar()->sizeHint().height()) + frameHeight;
+}
+
+void VaultWindow::SetOuterSize(int W, int H)
+{
+    resize(Twips(W - frameWidth), Twips(H - frameHeight) + menuBar()->sizeHint().height());
+}
+
+void VaultWindow::layOut()
+{
+    // Failures are passed over: a minimised or maximised window refuses a new size and stays
+    // as it is, and the rules below then run with the size it has.
+    const bool sizeCanBeSet = !(windowState() & (Qt::WindowMinimized | Qt::WindowMaximized | Qt::WindowFullScreen));
+    const QString minimumWidth = QStringLiteral("9270");
+    const QString minimumHeight = QStringLiteral("7140");
+    int W = OuterWidth();
+    if (W <= minimumWidth.toInt() && sizeCanBeSet)
+        W = minimumWidth.toInt();
+    int H = OuterHeight();
+    if (H <= minimumHeight.toInt() && sizeCanBeSet)
+        H = minimumHeight.toInt();
+    if (W != OuterWidth() || H != OuterHeight())
+        SetOuterSize(W, H);
+    // The button's own Visible, which stays set while the window is hidden, tells the mode.
+    list->resize(list->width(), Twips(!showAllButton->isHidden() ? H - 2350 : H - 2100));
+    for (TextBox* b : { titleBox, userNameBox, passphraseBox, passwordBox, urlBox, documentBox })
+        b->resize(Twips(W - 4750), b->height());
+    noteBox->resize(Twips(W - 4050), Twips(H - 4700));
+    headingStrip->resize(Twips(W), headingStrip->height());
+    headingLine->resize(Twips(W), headingLine->height());
+    saveButton->move(Twips(W - 1400), Twips(H - 1600));
+    for (ClickablePicture* image :
+        { copyUserNameButton, copyPassphraseButton, copyUrlButton, copyPasswordButton, openDocumentButton })
+        image->move(Twips(W - 850), image->y());
+    for (ClickablePicture* image : { generatorButton, openAddressButton })
+        image->move(Twips(W - 450), image->y());
+}
+
+void VaultWindow::resizeEvent(QResizeEvent* event)
+{
+    QMainWindow::resizeEvent(event);
+    layOut();
+}
+
+void VaultWindow::keepBoxesInStep()
+{
+    const bool onShow = !titleBox->Text().isEmpty();
+    saveButton->setEnabled(onShow);
+    for (TextBox* b : { userNameBox, passphraseBox, passwordBox, urlBox, documentBox, noteBox })
+        b->SetLocked(!onShow);
+    setPanel(4, titleBox->Text());
+}
+
+void VaultWindow::startSilentUpdateCheck()
+{
+    // Its one tick starts the silent update check.
+    StartSilentUpdateCheck();
+    updateCheckTimer->stop();
+}
+
+void VaultWindow::fillWithAllTitles()
+{
+    list->Clear();
+    for (int i = 1; i <= entryTable.upperBound(); ++i)
+        list->addRow(Shown(entryTable[i].title));
+}
+
+void VaultWindow::search()
+{
+    if (list->rowCount() == 0) {
+        platform::MsgBox(Lang(195), platform::MB_ICONINFORMATION); // the list is asked, not the table
+    } else if (searchBox->Text().isEmpty()) {
+        platform::MsgBox(Lang(196), platform::MB_ICONINFORMATION);
+    } else {
+        setListHeading(Lang(197));
+        list->Clear();
+        const QString needle = searchBox->Text().toLower();
+        for (int i = 1; i <= entryTable.upperBound(); ++i) {
+            if (const std::optional<QString> row = SearchRow(entryTable[i], needle))
+                list->addRow(*row);
+        }
+        showAllButton->setVisible(true);
+        list->move(list->x(), Twips(1200));
+    }
+    layOut();
+}
+
+void VaultWindow::showAllEntries()
+{
+    setListHeading(Lang(201));
+    list->move(list->x(), Twips(840));
+    showAllButton->setVisible(false);
+    fillWithAllTitles();
+    layOut();
+}
+
+void VaultWindow::refresh()
+{
+    setListHeading(Lang(201));
+    list->move(list->x(), Twips(840));
+    layOut();
+    showAllButton->setVisible(false);
+    fillWithAllTitles();
+    layOut();
+}
+
+EntryBoxes VaultWindow::boxes() const
+{
+    return { titleBox, userNameBox, passphraseBox, passwordBox, urlBox, documentBox, noteBox };
+}
+
+void VaultWindow::loadSelectedEntry()
+{
+    const QString title = RowTitle(list->Text());
+    if (!title.isEmpty()) {
+        const qint16 index = FindEntryByTitle(Stored(title));
+        if (index != 0) {
+            currentEntry = entryTable[index];
+            return;
+        }
+    }
+    platform::Beep();
+}
+
+void VaultWindow::showCurrentEntry()
+{
+    ShowEntry(boxes(), currentEntry);
+    entryHeading->setText(Shown(currentEntry.title));
+}
+
+void VaultWindow::showSelectedEntry()
+{
+    loadSelectedEntry();
+    showCurrentEntry();
+}
+
+void VaultWindow::saveChangedEntry()
+{
+    if (VaultSaveRunning())
+        return; // the table is being saved
+    const Entry copy = currentEntry;
+    if (copy.title.isEmpty()) {
+        platform::MsgBox(Lang(192), platform::MB_ICONERROR);
+        return;
+    }
+    if (StoreWouldOverfill(copy)) {
+        platform::MsgBox(Lang(OwnSlot::VaultTooLarge), platform::MB_ICONERROR);
+        return;
+    }
+    StoreEntry(copy);
+    platform::MsgBox(Lang(193), platform::MB_ICONINFORMATION);
+    fillWithAllTitles(); // the mode stays, the selection is gone
+}
+
+void VaultWindow::newEntry()
+{
+    if (VaultSaveRunning())
+        return; // the table is being saved
+    currentEntry = Entry();
+    QStringList rows;
+    for (int i = 0; i < list->rowCount(); ++i)
+        rows << list->rowText(i);
+    EntryDialog dialog(this, rows, [this] { fillWithAllTitles(); });
+    dialog.exec();
+}
+
+void VaultWindow::deleteSelectedEntry(int noSelectionSlot)
+{
+    if (VaultSaveRunning())
+        return; // the table is being saved
+    const QString title = RowTitle(list->Text());
+    if (title.isEmpty()) {
+        platform::MsgBox(Lang(noSelectionSlot), platform::MB_ICONERROR);
+        return;
+    }
+    if (platform::MsgBox(Lang(199) + QLatin1Char(' ') + title + QLatin1Char(' ') + Lang(200),
+            platform::MB_YESNO | platform::MB_ICONQUESTION)
+        == platform::IDNO)
+        return;
+    const qint16 index = FindEntryByTitle(Stored(title));
+    if (index == 0)
+        return;
+    RemoveEntry(entryTable, index);
+    vaultDirty = true;
+    list->removeRow(list->selectedRow());
+    for (TextBox* b : { titleBox, urlBox, passwordBox, titleBox, noteBox, userNameBox, documentBox, passphraseBox })
+        b->SetText(QString());
+}
+
+void VaultWindow::deleteEntryFromMenu()
+{
+    deleteSelectedEntry(205);
+}
+
+void VaultWindow::deleteEntryFromToolbar()
+{
+    deleteSelectedEntry(198);
+}
+
+TextBox* VaultWindow::currentFieldBox() const
+{
+    return currentField;
+}
+
+void VaultWindow::copyCurrentField()
+{
+    if (TextBox* box = currentFieldBox()) {
+        QString text = box->Text(); // the whole box, whatever is selected
+        SetClipboardText(text);
+    }
+}
+
+void VaultWindow::cutCurrentField()
+{
+    if (TextBox* box = currentFieldBox())
+        box->cut();
+}
+
+void VaultWindow::pasteIntoCurrentField()
+{
+    if (TextBox* box = currentFieldBox())
+        box->paste();
+}
+
+void VaultWindow::undoCurrentField()
+{
+    if (TextBox* box = currentFieldBox())
+        box->undo();
+}
+
+void VaultWindow::clearClipboard()
+{
+    platform::ClipboardClear();
+}
+
+void VaultWindow::copyBoxBeside(TextBox* box)
+{
+    QString text = box->Text(); // a masked password is copied in clear
+    SetClipboardText(text);
+    // Read from the file at each click, whatever the copy did.
+    if (GetIni(Keys::setts, Keys::option(4), ProfileFile(QStringLiteral("cfg.txt"))) == QLatin1String("1"))
+        setWindowState(windowState() | Qt::WindowMinimized);
+}
+
+void VaultWindow::openAddressIfAny()
+{
+    if (!urlBox->Text().isEmpty())
+        openAddress();
+}
+
+void VaultWindow::openDocumentIfAny()
+{
+    if (!documentBox->Text().isEmpty())
+        openDocument();
+}
+
+void VaultWindow::openAddress()
+{
+    QString directory;
+    ShellOpen(this, urlBox->Text(), QString(), directory, 1, true);
+}
+
+void VaultWindow::openDocument()
+{
+    QString directory = QStringLiteral("C:\\");
+    ShellOpen(this, documentBox->Text(), QString(), directory, 1, true);
+}
+
+void VaultWindow::openGeneratorForPassword()
+{
+    ShowPasswordGenerator(this, passwordBox);
+}
+
+void VaultWindow::openGenerator()
+{
+    ShowPasswordGenerator(this, nullptr);
+}
+
+void VaultWindow::openSettings()
+{
+    // Beside this window, not modal: the vault keeps working behind it. Its OK loads the vault
+    // anew, which must wait for a save.
+    if (settingsOpener() && !VaultSaveRunning())
+        settingsOpener()(this);
+}
+
+void VaultWindow::showReport()
+{
+    // The report counts the rows on show but takes the entries from the top of the table.
+    QList<Entry> first;
+    for (int i = 1; i <= list->rowCount() && entryTable.contains(i); ++i)
+        first.append(entryTable[i]);
+    ShowReport(this, first);
+}
+
+void VaultWindow::exportVault()
+{
+    ExportDialog::Instance(this)->exec();
+}
+
+void VaultWindow::importVault()
+{
+    if (VaultSaveRunning())
+        return; // its restart would end the run in the middle of the save
+    ImportDialog::Instance(this)->exec();
+}
+
+void VaultWindow::checkForUpdates()
+{
+    ShowUpdateCheck(this);
+}
+
+void VaultWindow::showAbout()
+{
+    ShowAbout(this);
+}
+
+void VaultWindow::openHomePage()
+{
+    // The Polish home page, whatever the interface language.
+    QString directory;
+    ShellOpen(this, ServerAddress() + QStringLiteral("/pl"), QString(), directory, 1, true);
+}
+
+void VaultWindow::openForum()
+{
+    QString directory;
+    ShellOpen(this, ServerAddress() + QStringLiteral("/forum"), QString(), directory, 1, true);
+}
+
+void VaultWindow::openReadMe()
+{
+    LinkReadMe();
+}
+
+void VaultWindow::openLicence()
+{
+    LinkLicence();
+}
+
+void VaultWindow::ConnectSettings(std::function<void(QWidget*)> open)
+{
+    settingsOpener() = std::move(open);
+}
+
+void VaultWindow::ShowTrayMenuInBar()
+{
+    // The program's title with an access key that no other menu of the bar takes, in any language.
+    trayMenu->setTitle(QStringLiteral("T&olvane"));
+    menuBar()->addMenu(trayMenu);
+}
+
+void VaultWindow::StartUpdateCheckTimer()
+{
+    updateCheckTimer->start();
+}
+
+void VaultWindow::EndRun()
+{
+    if (runEnding)
+        return; // the end under way saves and ends the process, once
+    if (VaultSaveRunning()) {
+        endAfterSave = true; // the save of the close box: the run ends when it is done
+        return;
+    }
+    runEnding = true;
+    const auto ended = qScopeGuard([] { runEnding = false; }); // for a test, whose end of process returns
+    Unload();
+    TrayHost::Unload();
+    platform::EndProcess(0);
+}
+
+void VaultWindow::showWindow()
+{
+    show();
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    raise();
+    activateWindow();
+}
+
+void VaultWindow::closeEvent(QCloseEvent* event)
+{
+    if (!unloaded) {
+        Unload(); // the vault is saved; the icon in the notification area is the way back
+        // Without a notification area there is no way back: the run ends as the File menu ends it.
+        const TrayHost* host = TrayHost::Loaded();
+        if (event->spontaneous() && (!host || !host->IconShown()))
+            EndRun();
+    }
+    event->accept();
+}

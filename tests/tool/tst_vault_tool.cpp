@@ -1,0 +1,380 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The command-line tool, run as a process: over files the storage code wrote, and over a
+// profile's data tree beside the program, whose window must agree with it.
+#include "ProgramRun.h"
+#include "widgets/SkinnedButton.h"
+#include "core/InstallerLanguage.h"
+#include "core/PasswordDigest.h"
+#include "core/VaultFile.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QScopeGuard>
+
+#include <functional>
+#include <sys/stat.h>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+struct Run
+{
+    int code = -1; // -1: it crashed, or hung and was killed
+    QByteArray out, err;
+    QString first(const QString& key) const { return QJsonDocument::fromJson(out).array().first()[key].toString(); }
+};
+
+// The tool as built, or the one of an installed copy of the program folder.
+QString toolPath = QStringLiteral(TOLVANE_BUILT_PROGRAM_DIR "/tolvane-vault");
+
+Run tool(
+    const QStringList& args, const QByteArray& input = QByteArray(), const std::function<void(QProcess&)>& setUp = {})
+{
+    QProcess p;
+    if (setUp)
+        setUp(p);
+    p.start(toolPath, args);
+    p.waitForStarted();
+    p.write(input);
+    p.closeWriteChannel();
+    const bool ended = p.waitForFinished(10000) && p.exitStatus() == QProcess::NormalExit;
+    return { ended ? p.exitCode() : -1, p.readAllStandardOutput(), p.readAllStandardError() };
+}
+QStringList titles(const QList<Entry>& entries)
+{
+    QStringList all;
+    for (const Entry& e : entries)
+        all.append(QString::fromLatin1(e.title));
+    return all;
+}
+
+// A program's run as a process, on the test's data tree, its message boxes logged.
+void startProgram(QProcess& program, const QString& executable, const QString& log)
+{
+    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+    env.insert(u"TOLVANE_MSGBOX_LOG"_s, log);
+    program.setProcessEnvironment(env);
+    program.start(executable, {});
+}
+} // namespace
+
+class tst_vault_tool : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void commandsErrorsAndUsage()
+    {
+        TestWorld world;
+        const QString file = world.path(u"tool.dat"_s);
+        QCOMPARE(tool({ u"save"_s, file }, R"([{"title":"Mail","name":"anna","picture":"\u00ff\u0000x"}])").code, 0);
+        const Run dump = tool({ u"dump"_s, file });
+        QCOMPARE((QStringList { QString::number(dump.code), dump.first(u"name"_s), dump.first(u"picture"_s) }),
+            (QStringList { u"0"_s, u"anna\u0000\u0000"_s, u"\u00ff\u0000x"_s }));
+        QList<Entry> same { Entry { "Mail", {}, {}, "anna", {}, {}, {}, QByteArray("\xff\0x", 3) } };
+        const QByteArray inner = ComposeInnerText(same);
+        QCOMPARE(world.read(u"tool.dat"_s), LayerOn(inner)); // the program's own save, untouched by the dump
+        QCOMPARE(tool({ u"unwrap"_s, file }).out, inner + QByteArray(3, '\0'));
+        QList<Entry> lossy { Entry { "Note", {}, {}, {}, {}, {}, "a\r\nb=" + QByteArray(80, 'z'), {} } };
+        SaveVault(u"C:\\..\\tool.dat"_s, lossy);
+        const Run rescue = tool({ u"rescue"_s, file }); // what the program's reading loses
+        QCOMPARE(QByteArray::number(rescue.code) + rescue.first(u"extra"_s).toLatin1(), "0" + lossy[0].note);
+        QCOMPARE(tool({ u"dump"_s, file }).first(u"extra"_s).size(), 48);
+        world.write(u"bad.dat"_s, LayerOn("[A]\r\nname=YW5u*W5u\r\n"));
+        const Run bad = tool({ u"dump"_s, world.path(u"bad.dat"_s) }); // a bad group: told, read on as OK
+        QVERIFY(bad.err.contains("Illegal Characters <*W5u>"));
+        QCOMPARE(QString::number(bad.code) + bad.first(u"name"_s), u"0ann???"_s);
+
+        QCOMPARE((QList<int> { tool({}).code, tool({ u"frobnicate"_s, u"x"_s }).code, tool({ u"--help"_s }).code }),
+            (QList<int> { 2, 2, 0 }));
+        // Only regular files, and none larger than a vault: each refused at once, with the reason.
+        QCOMPARE(::mkfifo(QFile::encodeName(world.path(u"pipe"_s)).constData(), 0600), 0);
+        world.write(u"huge.dat"_s, QByteArray(2 << 20, '\0'));
+        world.write(u"locked.dat"_s, "x");
+        QFile::setPermissions(world.path(u"locked.dat"_s), QFile::WriteOwner);
+        const QByteArray tooLarge = "[{\"title\":\"Big\",\"extra\":\"" + QByteArray(30000, 'x') + "\"}]";
+        const std::tuple<const char*, const char*, QByteArray, const char*> refusals[]
+            = { { "dump", "none.dat", "", "no such file" }, { "save", "x.dat", tooLarge, "nothing was written" },
+                  { "save", "x.dat", QByteArray(5 << 20, ' '), "longer than" },
+                  { "save", "x.dat", "not json", "JSON array" }, { "dump", "/dev/zero", "[]", "regular file" },
+                  { "dump", "pipe", "[]", "regular file" }, { "save", "pipe", "[]", "regular file" },
+                  { "unwrap", "home", "[]", "a folder" }, { "save", "home", "[]", "a folder" },
+                  { "rescue", "huge.dat", "[]", "any vault file" }, { "save", "none/x.dat", "[]", "no such folder" },
+                  { "dump", "locked.dat", "", "no permission" } };
+        const QDir at(world.dir.path());
+        for (const auto& [command, name, input, reason] : refusals) {
+            if (::geteuid() == 0 && qstrcmp(name, "locked.dat") == 0)
+                continue; // root reads whatever the modes say
+            const Run refused = tool({ QLatin1String(command), at.filePath(QLatin1String(name)) }, input);
+            QVERIFY2(refused.code == 1 && refused.err.contains(reason), refused.err.constData());
+        }
+        QVERIFY(!QFileInfo::exists(world.path(u"x.dat"_s)));
+    }
+
+    // A first start of the program lays the tree down; the tool adds entries; the window shows and
+    // finds what the tool shows and finds, and leaves the bytes the tool wrote; both see a removal.
+    void profileCommandsAndTheWindowAgree()
+    {
+        ProgramRun run; // a window of the program in this process, on the same data tree
+        TestWorld::copyTree(QStringLiteral(TOLVANE_BUILT_PROGRAM_DIR), run.world.path(u"installed"_s));
+        toolPath = run.world.path(u"installed/tolvane-vault"_s);
+        qunsetenv("TOLVANE_PROGRAM_DIR"); // the tool and the program find their folder themselves
+        QCOMPARE(tool({ u"ls"_s }).err,
+            QByteArray("tolvane-vault: no profile yet: start Tolvane once, and it lays "
+                       "down the data tree\n"));
+        QProcess program;
+        program.start(run.world.path(u"installed/tolvane"_s), {});
+        QTRY_VERIFY_WITH_TIMEOUT(QFileInfo::exists(run.data(u"Administrator/list.dat"_s)), 15000);
+        ::kill(static_cast<pid_t>(program.processId()), SIGTERM); // ends the run as File > Close does
+        QVERIFY(program.waitForFinished(10000) && program.exitCode() == 0);
+        QVERIFY(run.vaultOnDisk().isEmpty());
+
+        for (const QStringList& add : { QStringList { u"Shop"_s, u"--user=bob"_s, u"--password=sh0p-pass"_s },
+                 QStringList { u"bank"_s, u"--user"_s, u"ann"_s, u"--url"_s, u"http://bank.example"_s },
+                 QStringList { u"Mail"_s, u"--note"_s, u"for ann"_s, u"--generate"_s, u"--length=9"_s } }) {
+            const Run added = tool(QStringList { u"add"_s } + add);
+            QVERIFY2(added.code == 0, added.err);
+        }
+        QCOMPARE(tool({ u"add"_s, u"Mail"_s }).code, 1); // the title is the entry's key
+        const QString found = QString::fromUtf8(tool({ u"search"_s, u"ANN"_s }).out);
+        QCOMPARE(found, u"bank (ann)\nMail\n"_s);
+        const QString shown = QString::fromUtf8(tool({ u"show"_s, u"Shop"_s }).out);
+        QVERIFY2(
+            shown.contains(u"User name:  bob\n"_s) && shown.contains(u"Password:   ********\n"_s), qPrintable(shown));
+        QCOMPARE(QJsonDocument::fromJson(tool({ u"show"_s, u"Mail"_s, u"--show-password"_s, u"--json"_s }).out)
+                     .object()[u"password"_s]
+                     .toString()
+                     .size(),
+            9);
+        VaultWindow* vault = run.start();
+        QVERIFY(vault);
+        QCOMPARE(ui::rows(vault, Lang(201)).join(u"\n"_s) + u"\n"_s, QString::fromUtf8(tool({ u"ls"_s }).out));
+        ui::get<QLineEdit>(vault, Lang(239))->setText(u"ANN"_s);
+        ui::click<SkinnedButton>(vault, Lang(239));
+        QCOMPARE(ui::rows(vault, Lang(197)).join(u"\n"_s) + u"\n"_s, found);
+        run.close();
+
+        // One entry more, by the tool and by the window's new-entry dialog: the same bytes on disk.
+        const QString vaultFile = u"appdata/Brenmark/Tolvane/data/Administrator/list.dat"_s;
+        const QByteArray before = run.world.read(vaultFile);
+        QCOMPARE(tool({ u"add"_s, u"Extra"_s, u"--user=x"_s, u"--password=a=b"_s }).err,
+            QByteArray("tolvane-vault: warning: the password of \"Extra\" will read back as \"a&1b\"\n"));
+        const QByteArray byTheTool = run.world.read(vaultFile);
+        run.world.write(vaultFile, before);
+        vault = run.start();
+        ui::onNextModal([](QWidget* dialog) {
+            ui::type(dialog, Lang(241), u"Extra"_s);
+            ui::type(dialog, Lang(242), u"x"_s);
+            ui::type(dialog, Lang(244), u"a=b"_s);
+            ui::click(dialog, Lang(248));
+        });
+        ui::click(vault, Lang(207));
+        run.close();
+        QCOMPARE(run.world.read(vaultFile), byTheTool);
+
+        QCOMPARE(tool({ u"rm"_s, u"Shop"_s }).code, 0);
+        QCOMPARE(tool({ u"ls"_s, u"--json"_s }).out, QByteArray("[\n    \"bank\",\n    \"Extra\",\n    \"Mail\"\n]\n"));
+        QCOMPARE(ui::rows(run.start(), Lang(201)), QStringList({ u"bank"_s, u"Extra"_s, u"Mail"_s }));
+        run.close();
+
+        // The login's password: asked on the terminal, here the first line of standard input.
+        run.setIni(u"Administrator/settings.txt"_s, Keys::settings, Keys::password, MD5Hex(u"s3cret"_s));
+        const Run wrong = tool({ u"ls"_s }, "secret\n"), none = tool({ u"ls"_s }),
+                  right = tool({ u"ls"_s }, "s3cret\n");
+        QVERIFY2(wrong.code == 1 && wrong.err.contains("wrong password for profile \"Administrator\""), wrong.err);
+        QVERIFY2(none.code == 1 && none.err.contains("no password given"), none.err);
+        QCOMPARE(right.code, 0);
+        QCOMPARE(right.out, QByteArray("bank\nExtra\nMail\n"));
+        const Run nobody = tool({ u"ls"_s, u"--profile"_s, u"Nobody"_s });
+        QVERIFY2(nobody.code == 1 && nobody.err.contains("no profile \"Nobody\""), nobody.err);
+        QCOMPARE(tool({ u"ls"_s, u"--frobnicate"_s }).code, 2);
+        QCOMPARE(tool({ u"edit"_s, u"Mail"_s }, "s3cret\n").code, 2); // nothing to change: no save, no new layer
+        QVERIFY(tool({ u"show"_s, u"--help"_s }).out.contains("Exit codes: 0 done"));
+        QCOMPARE(tool({ u"generate"_s, u"--length=16"_s }).code, 1);
+        toolPath = QStringLiteral(TOLVANE_BUILT_PROGRAM_DIR "/tolvane-vault");
+    }
+
+    // Writers of one data tree exclude each other through the tree's lock: tools among
+    // themselves, and any tool while a program holds the tree, whatever folder it runs from.
+    void writesTakeTheDataTreesLock()
+    {
+        ProgramRun run;
+        run.provision();
+        run.writeVault({ Entry { "Seed", {}, {}, {}, {}, {}, {}, {} } });
+        std::vector<std::unique_ptr<QProcess>> tools;
+        for (int i = 0; i < 10; ++i) {
+            tools.push_back(std::make_unique<QProcess>());
+            tools.back()->start(toolPath, { u"add"_s, u"T%1"_s.arg(i) });
+        }
+        QStringList done;
+        for (int i = 0; i < 10; ++i) {
+            QVERIFY(tools[i]->waitForFinished(30000));
+            if (tools[i]->exitCode() == 0)
+                done.append(u"T%1"_s.arg(i));
+        }
+        const QStringList onDisk = titles(run.vaultOnDisk());
+        QCOMPARE(done.size(), 10);
+        for (const QString& title : done)
+            QVERIFY2(onDisk.contains(title), qPrintable(title + u" reported done, not in "_s + onDisk.join(u" "_s)));
+
+        // The window's program holds the tree from its login: a tool already waiting at its
+        // password prompt is refused once the password is in, and so is a save onto list.dat.
+        run.setIni(u"Administrator/settings.txt"_s, Keys::settings, Keys::password, MD5Hex(u"pw"_s));
+        QProcess waiting;
+        waiting.start(toolPath, { u"add"_s, u"Late"_s });
+        QVERIFY(waiting.waitForStarted());
+        run.start();
+        QVERIFY(run.login());
+        waiting.write("pw\n");
+        waiting.closeWriteChannel();
+        QVERIFY(waiting.waitForFinished(10000));
+        QVERIFY2(waiting.exitCode() == 1 && waiting.readAllStandardError().contains("Tolvane is running"), "");
+        const Run live = tool({ u"save"_s, run.data(u"Administrator/list.dat"_s) }, R"([{"title":"Lost"}])");
+        QVERIFY2(live.code == 1 && live.err.contains("Tolvane is running"), live.err);
+        QVERIFY(!titles(run.vaultOnDisk()).contains(u"Late"_s) && !titles(run.vaultOnDisk()).contains(u"Lost"_s));
+        run.close();
+        run.setIni(u"Administrator/settings.txt"_s, Keys::settings, Keys::password, QString());
+
+        // No save through a link inside a data tree.
+        QDir().mkpath(run.world.path(u"elsewhere"_s));
+        QVERIFY(QFile::link(run.world.path(u"elsewhere"_s), run.data(u"Linked"_s)));
+        QCOMPARE(tool({ u"save"_s, run.data(u"Linked/list.dat"_s) }, "[]").code, 1);
+        QVERIFY(!QFileInfo::exists(run.world.path(u"elsewhere/list.dat"_s)));
+
+        // A program started from another folder than the tool's holds the tree as well, and a
+        // second copy from a third folder ends with the message to a second copy.
+        TestWorld::copyTree(QStringLiteral(TOLVANE_BUILT_PROGRAM_DIR), run.world.path(u"second"_s));
+        const QByteArray before = run.world.read(u"appdata/Brenmark/Tolvane/data/Administrator/list.dat"_s);
+        QProcess program, second;
+        startProgram(program, QStringLiteral(TOLVANE_BUILT_PROGRAM_DIR "/tolvane"), run.world.path(u"boxes.log"_s));
+        QTRY_VERIFY_WITH_TIMEOUT(
+            run.world.read(u"appdata/Brenmark/Tolvane/data/Administrator/list.dat"_s) != before, 15000);
+        const Run whileRunning = tool({ u"add"_s, u"Early"_s });
+        QVERIFY2(whileRunning.code == 1 && whileRunning.err.contains("Tolvane is running"), whileRunning.err);
+        startProgram(second, run.world.path(u"second/tolvane"_s), run.world.path(u"second.log"_s));
+        const bool secondEnded = second.waitForFinished(15000);
+        second.kill();
+        QVERIFY(secondEnded && run.world.read(u"second.log"_s).contains(Lang(101).section(u'\r', 0, 0).toUtf8()));
+        ::kill(static_cast<pid_t>(program.processId()), SIGTERM);
+        QVERIFY(program.waitForFinished(10000));
+        QVERIFY(!titles(run.vaultOnDisk()).contains(u"Early"_s));
+    }
+
+    // The arguments mean what the help says; a title the file can't keep as given is refused;
+    // every read is bounded and linear in what it reads.
+    void argumentsTitlesAndBoundedReads()
+    {
+        ProgramRun run;
+        run.provision();
+        run.writeVault({ Entry { "Seed", {}, {}, {}, {}, {}, {}, {} } });
+        QCOMPARE(tool({ u"add"_s, u"Foo"_s, u"--note"_s, u"-h"_s }).code, 0);
+        QVERIFY(titles(run.vaultOnDisk()).contains(u"Foo"_s));
+        const Run dashH = tool({ u"show"_s, u"--"_s, u"-h"_s });
+        QVERIFY2(dashH.code == 1 && dashH.err.contains("no entry titled \"-h\""), dashH.err);
+        for (const char* seconds : { "0", "86401" })
+            QCOMPARE(tool({ u"clip"_s, u"Foo"_s, u"--seconds"_s, QLatin1String(seconds) }).code, 2);
+        const Run noDisplay = tool({ u"clip"_s, u"Foo"_s }, {}, [](QProcess& p) {
+            QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+            env.remove(u"QT_QPA_PLATFORM"_s);
+            env.remove(u"WAYLAND_DISPLAY"_s);
+            env.insert(u"DISPLAY"_s, u":4242"_s);
+            p.setProcessEnvironment(env);
+        });
+        QVERIFY2(noDisplay.code == 1 && noDisplay.err.contains("no display"), noDisplay.err);
+        const QString vault = run.data(u"Administrator/list.dat"_s);
+        QCOMPARE(tool({ u"dump"_s, vault }, {}, [](QProcess& p) { p.setStandardOutputFile(u"/dev/full"_s); }).code, 1);
+        run.setConfig(Keys::defaultProfile, u"Nobody"_s); // the login offers Administrator: no password, no prompt
+        QCOMPARE(tool({ u"ls"_s }).code, 0);
+        run.setConfig(Keys::defaultProfile, u"Administrator"_s);
+
+        // Titles: no line break or tab (they would make sections of their own); only letters of
+        // the code page, in every command.
+        qputenv("TOLVANE_CODEPAGE", "1252");
+        const QStringList refusedTitles[] = { { u"add"_s, u"Inj]\r\nage=x\r\n[Entry3"_s }, { u"add"_s, u"a\tb"_s },
+            { u"add"_s, u"Łódź"_s }, { u"show"_s, u"Żódź"_s }, { u"rm"_s, u"Żódź"_s } };
+        for (const QStringList& args : refusedTitles)
+            QCOMPARE(tool(args).code, 1);
+        QCOMPARE(tool({ u"save"_s, run.world.path(u"new.dat"_s) }, "[{\"title\":\"A]\\r\\n[B\"}]").code, 1);
+        qunsetenv("TOLVANE_CODEPAGE");
+        QCOMPARE(titles(run.vaultOnDisk()), (QStringList { u"Seed"_s, u"Foo"_s }));
+
+        // 150,000 sections in 1 MiB, and a value of 500,000 escapes: read in the tool's time limit.
+        QByteArray sections, title;
+        for (int i = 0; i < 150000; ++i) {
+            title.clear();
+            for (int n = i; title.isEmpty() || n > 0; n /= 62)
+                title.prepend("0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz"[n % 62]);
+            sections += '[' + title + "]\r\n";
+        }
+        run.world.write(u"appdata/Brenmark/Tolvane/data/Administrator/list.dat"_s, LayerOn(sections));
+        const Run last = tool({ u"show"_s, QString::fromLatin1(title) });
+        QVERIFY2(last.code == 0 && last.out.startsWith("Title:      " + title + '\n'), last.err);
+        run.world.write(u"escapes.dat"_s, LayerOn("[P]\r\npicture=" + QByteArray("&0").repeated(500000) + "\r\n"));
+        QCOMPARE(tool({ u"dump"_s, run.world.path(u"escapes.dat"_s) }).first(u"picture"_s).size(), 500000);
+        // A save over a file larger than any vault leaves it; a password line is read to a bound.
+        const QByteArray big(2 << 20, 'x');
+        run.world.write(u"big.dat"_s, big);
+        QCOMPARE(tool({ u"save"_s, run.world.path(u"big.dat"_s) }, "[]").code, 1);
+        QVERIFY(run.world.read(u"big.dat"_s) == big);
+        run.setIni(u"Administrator/settings.txt"_s, Keys::settings, Keys::password, MD5Hex(u"pw"_s));
+        const Run endless = tool({ u"ls"_s }, big);
+        QVERIFY2(endless.code == 1 && endless.err.contains("longer than"), endless.err);
+    }
+
+    // The code page is the first start's: a name given under a Polish desktop is the same name
+    // when the program or the tool later runs under an English one.
+    void aProfileNamedUnderOneLocaleIsFoundUnderAnother()
+    {
+        // Last of the tests: it leaves the Polish table loaded in this process.
+        const QByteArray lang = qgetenv("LANG"), language = qgetenv("LANGUAGE");
+        const auto restore = qScopeGuard([&] {
+            qputenv("LANG", lang);
+            qputenv("LANGUAGE", language);
+            toolPath = QStringLiteral(TOLVANE_BUILT_PROGRAM_DIR "/tolvane-vault");
+        });
+        TestWorld world;
+        TestWorld::copyTree(QStringLiteral(TOLVANE_BUILT_PROGRAM_DIR), world.path(u"installed"_s));
+        toolPath = world.path(u"installed/tolvane-vault"_s);
+        qunsetenv("TOLVANE_PROGRAM_DIR");
+        const QByteArray testLocale = qgetenv("LC_ALL");
+        qunsetenv("LC_ALL");
+        qputenv("LANG", "pl_PL.UTF-8");
+        qputenv("LANGUAGE", "pl");
+        QProcess program;
+        program.start(world.path(u"installed/tolvane"_s), {});
+        const QString data = u"appdata/Brenmark/Tolvane/data/"_s;
+        QTRY_VERIFY_WITH_TIMEOUT(QFileInfo::exists(world.path(data + u"Administrator/list.dat"_s)), 15000);
+        ::kill(static_cast<pid_t>(program.processId()), SIGTERM);
+        QVERIFY(program.waitForFinished(10000));
+        // "Łódź", as that run names it in its files (Windows-1250) and as a folder, and the default.
+        const QString lodz = QString::fromUtf8("Łódź");
+        world.write(data + u"users.txt"_s,
+            "Administrator\r\n\xa3\xf3"
+            "d\x9f\r\n");
+        world.write(data + lodz + u"/dummy.dat"_s, "x");
+        world.write(data + u"config.txt"_s,
+            "[user]\r\ncurrent=Administrator\r\ndefault=\xa3\xf3"
+            "d\x9f\r\n");
+
+        qputenv("LANG", "en_US.UTF-8");
+        qputenv("LANGUAGE", "en");
+        const Run added = tool({ u"add"_s, u"Bike"_s, u"--profile"_s, lodz });
+        const Run listed = tool({ u"ls"_s }); // the default, as the login offers it
+        qputenv("LC_ALL", testLocale);
+        QVERIFY2(added.code == 0, added.err.constData());
+        QVERIFY2(listed.code == 0 && listed.out == "Bike\n", listed.err.constData());
+        QVERIFY(QFileInfo::exists(world.path(data + lodz + u"/list.dat"_s)));
+
+        // The Polish captions, read in that code page.
+        qputenv("TOLVANE_PROGRAM_DIR", world.path(u"program"_s).toLocal8Bit());
+        UseKeptCodePage(false);
+        LoadLanguage();
+        platform::UseCodePage(1252);
+        QCOMPARE(Lang(201), QString::fromUtf8("Lista haseł:"));
+    }
+};
+
+QTEST_MAIN(tst_vault_tool)
+#include "tst_vault_tool.moc"
