@@ -7,17 +7,17 @@
 // Run: build/bench/bench_login [rounds]   (offscreen unless DISPLAY is set)
 // The windows are driven as a user drives them: the password box found by its caption.
 #include "Ui.h"
+#include "core/LanguageTable.h"
+#include "core/PasswordDigest.h"
+#include "core/ProfileFiles.h"
+#include "core/RegistryLayer.h"
+#include "core/VaultFile.h"
 #include "platform/MessageBox.h"
 #include "platform/Paths.h"
-#include "core/LanguageTable.h"
-#include "core/RegistryLayer.h"
-#include "windows/TrayHost.h"
-#include "windows/LoginDialog.h"
-#include "core/PasswordDigest.h"
 #include "program/ProgramWiring.h"
+#include "windows/LoginDialog.h"
 #include "windows/SplashWindow.h"
-#include "core/ProfileFiles.h"
-#include "core/VaultFile.h"
+#include "windows/TrayHost.h"
 #include "windows/VaultWindow.h"
 
 #include <QApplication>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Loads and saves a full-size vault through the real routines, yields included, and prints the
 // median time of each; then the tool's ls of it as a profile. Run: build/bench/bench_vault [rounds]
+#include "core/VaultFile.h"
 #include "platform/Paths.h"
 #include "platform/Runtime.h"
-#include "core/VaultFile.h"
 
 #include <QCoreApplication>
 #include <QDir>

@@ -4,15 +4,15 @@
 // as the program connects them, message boxes and beeps answered by script.
 #include "TestWorld.h"
 #include "Ui.h"
-#include "platform/Dialogs.h"
-#include "platform/Paths.h"
+#include "core/EntryTable.h"
 #include "core/LanguageTable.h"
-#include "windows/TrayHost.h"
-#include "windows/LoginDialog.h"
-#include "program/ProgramWiring.h"
 #include "core/ProfileFiles.h"
 #include "core/VaultFile.h"
-#include "core/EntryTable.h"
+#include "platform/Dialogs.h"
+#include "platform/Paths.h"
+#include "program/ProgramWiring.h"
+#include "windows/LoginDialog.h"
+#include "windows/TrayHost.h"
 #include "windows/VaultWindow.h"
 
 #include <QRegularExpression>

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/DataRoot.h"
 
-#include "platform/Files.h"
-#include "platform/Paths.h"
 #include "core/FileExist.h"
 #include "core/ProfileFiles.h"
+#include "platform/Files.h"
+#include "platform/Paths.h"
 
 qint16 UsbMode = 0;
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/DataTree.h"
 
+#include "core/DataRoot.h"
+#include "core/ProfileFiles.h"
 #include "platform/CodePage.h"
 #include "platform/Files.h"
 #include "platform/Paths.h"
-#include "core/DataRoot.h"
-#include "core/ProfileFiles.h"
 
 #include <limits>
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/InstallerLanguage.h"
 
+#include "core/RegistryLayer.h"
 #include "platform/CodePage.h"
 #include "platform/Registry.h"
-#include "core/RegistryLayer.h"
 
 QString InstallerLanguageFor(const QLocale& locale)
 {

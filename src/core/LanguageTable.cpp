@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/LanguageTable.h"
 
+#include "core/RegistryLayer.h"
 #include "platform/CodePage.h"
 #include "platform/Files.h"
 #include "platform/MessageBox.h"
 #include "platform/Paths.h"
 #include "platform/Runtime.h"
-#include "core/RegistryLayer.h"
 
 #include <array>
 #include <cmath>

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/LoginOffer.h"
 
-#include "core/PasswordDigest.h"
-#include "core/ProfileMarkers.h"
 #include "core/DataRoot.h"
+#include "core/PasswordDigest.h"
 #include "core/ProfileFiles.h"
+#include "core/ProfileMarkers.h"
 
 LoginOffer OfferedLogin(const QStringList& listed)
 {

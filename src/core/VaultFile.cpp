@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/VaultFile.h"
 
-#include "platform/Files.h"
 #include "core/Base64Codec.h"
 #include "core/VaultText.h"
+#include "platform/Files.h"
 
 #include <QHash>
 #include <QScopeGuard>

@@ -4,12 +4,12 @@
 #include "platform/Runtime.h"
 #include "widgets/AccessKeyFocus.h"
 #include "widgets/LabelLines.h"
-#include "windows/TrayHost.h"
-#include "windows/ProfilesPage.h"
-#include "windows/SettingsWindow.h"
 #include "windows/NewProfileDialog.h"
 #include "windows/PasswordChangeDialog.h"
 #include "windows/PasswordReminderDialog.h"
+#include "windows/ProfilesPage.h"
+#include "windows/SettingsWindow.h"
+#include "windows/TrayHost.h"
 #include "windows/VaultWindow.h"
 
 #include <QMenu>

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/InstallerLanguage.h"
 #include "platform/Clipboard.h"
 #include "platform/Display.h"
 #include "platform/GuiMessageBox.h"
@@ -6,9 +7,8 @@
 #include "platform/Paths.h"
 #include "platform/Runtime.h"
 #include "platform/Twips.h"
-#include "widgets/ProgramPictures.h"
-#include "core/InstallerLanguage.h"
 #include "program/ProgramWiring.h"
+#include "widgets/ProgramPictures.h"
 #include "windows/SplashWindow.h"
 #include "windows/VaultWindow.h"
 

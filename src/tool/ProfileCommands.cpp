@@ -1,6 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tool/ProfileCommands.h"
 
+#include "core/DataRoot.h"
+#include "core/DataTree.h"
+#include "core/EntrySearch.h"
+#include "core/ListControl.h"
+#include "core/LoginOffer.h"
+#include "core/PasswordRecipe.h"
+#include "core/ProfileMarkers.h"
+#include "core/VaultFile.h"
 #include "platform/Clipboard.h"
 #include "platform/CodePage.h"
 #include "platform/Files.h"
@@ -9,14 +17,6 @@
 #include "platform/Terminal.h"
 #include "widgets/ClipboardCopy.h"
 #include "widgets/ListBox.h"
-#include "core/LoginOffer.h"
-#include "core/ProfileMarkers.h"
-#include "core/DataRoot.h"
-#include "core/DataTree.h"
-#include "core/ListControl.h"
-#include "core/VaultFile.h"
-#include "core/PasswordRecipe.h"
-#include "core/EntrySearch.h"
 
 #include <QClipboard>
 #include <QCoreApplication>

@@ -5,8 +5,8 @@
 // the search and its rows, the generator, the new-entry and save rules, and the save itself.
 // No window of the original has them; they stand beside the vault window so that the two never
 // disagree.
-#include "platform/TreeLock.h"
 #include "core/Entry.h"
+#include "platform/TreeLock.h"
 
 #include <QHash>
 #include <QList>

@@ -1,17 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // tolvane-vault: the vaults without the window, through the program's own code: a vault file in and out
 // (dump, save, unwrap, rescue) here, the commands on a profile of the data tree in ProfileCommands.
+#include "core/Base64Codec.h"
+#include "core/DataRoot.h"
+#include "core/InstallerLanguage.h"
+#include "core/VaultFile.h"
+#include "core/VaultRescue.h"
 #include "platform/CodePage.h"
 #include "platform/Display.h"
 #include "platform/Files.h"
 #include "platform/Paths.h"
 #include "platform/TreeLock.h"
-#include "core/InstallerLanguage.h"
 #include "tool/ProfileCommands.h"
-#include "core/Base64Codec.h"
-#include "core/DataRoot.h"
-#include "core/VaultFile.h"
-#include "core/VaultRescue.h"
 
 #include <QCoreApplication>
 #include <QDir>

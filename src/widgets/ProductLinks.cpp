@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "widgets/ProductLinks.h"
 
+#include "core/RegistryLayer.h"
 #include "platform/Paths.h"
 #include "platform/Shell.h"
-#include "core/RegistryLayer.h"
 
 namespace {
 

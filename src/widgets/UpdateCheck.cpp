@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "widgets/UpdateCheck.h"
 
+#include "core/LanguageTable.h"
 #include "platform/CodePage.h"
 #include "platform/Inet.h"
 #include "platform/MessageBox.h"
 #include "platform/Runtime.h"
-#include "core/LanguageTable.h"
 #include "widgets/ProductLinks.h"
 
 #include <QStringList>

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/AboutDialog.h"
 
+#include "core/LanguageTable.h"
 #include "platform/Cursor.h"
 #include "platform/Runtime.h"
 #include "platform/Twips.h"
 #include "widgets/Accessibility.h"
 #include "widgets/ClickablePicture.h"
-#include "core/LanguageTable.h"
 #include "widgets/ProductLinks.h"
 #include "widgets/UpdateCheck.h"
 

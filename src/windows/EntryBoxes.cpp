@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/EntryBoxes.h"
 
-#include "platform/CodePage.h"
-#include "core/LanguageTable.h"
-#include "widgets/TextBox.h"
 #include "core/EntryTable.h"
+#include "core/LanguageTable.h"
+#include "platform/CodePage.h"
+#include "widgets/TextBox.h"
 
 #include <QLabel>
 

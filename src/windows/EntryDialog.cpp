@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/EntryDialog.h"
 
+#include "core/EntryTable.h"
+#include "core/LanguageTable.h"
+#include "core/VaultFile.h"
 #include "platform/Cursor.h"
 #include "platform/Dialogs.h"
 #include "platform/Files.h"
@@ -10,14 +13,11 @@
 #include "platform/Twips.h"
 #include "widgets/Accessibility.h"
 #include "widgets/ClickablePicture.h"
-#include "core/LanguageTable.h"
 #include "widgets/ListBox.h"
 #include "widgets/ProgramPictures.h"
 #include "widgets/TextBox.h"
-#include "core/VaultFile.h"
-#include "windows/PasswordGenerator.h"
 #include "windows/EntryBoxes.h"
-#include "core/EntryTable.h"
+#include "windows/PasswordGenerator.h"
 
 #include <QLabel>
 #include <QPixmap>

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/ExportDialog.h"
 
+#include "core/DataRoot.h"
+#include "core/LanguageTable.h"
 #include "platform/Dialogs.h"
 #include "platform/Files.h"
 #include "platform/MessageBox.h"
 #include "platform/Runtime.h"
-#include "core/LanguageTable.h"
 #include "widgets/TextBox.h"
-#include "core/DataRoot.h"
 
 namespace {
 const QString defaultTarget = QStringLiteral("C:\\tolvane_data.tvd");

@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/ImportDialog.h"
 
+#include "core/DataRoot.h"
+#include "core/LanguageTable.h"
+#include "core/ProfileFiles.h"
+#include "core/VaultFile.h"
 #include "platform/Dialogs.h"
 #include "platform/Files.h"
 #include "platform/MessageBox.h"
 #include "platform/Runtime.h"
-#include "core/LanguageTable.h"
 #include "widgets/ShellOpen.h"
 #include "widgets/TextBox.h"
-#include "core/DataRoot.h"
-#include "core/ProfileFiles.h"
-#include "core/VaultFile.h"
 
 #include <QLabel>
 

@@ -1,21 +1,21 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/LoginDialog.h"
 
+#include "core/DataRoot.h"
+#include "core/DataTree.h"
+#include "core/LanguageTable.h"
+#include "core/LoginOffer.h"
+#include "core/ProfileFiles.h"
+#include "core/ProfileMarkers.h"
+#include "core/RegistryLayer.h"
 #include "platform/Files.h"
 #include "platform/MessageBox.h"
 #include "platform/Paths.h"
 #include "platform/Runtime.h"
 #include "platform/TreeLock.h"
 #include "platform/Twips.h"
-#include "core/LanguageTable.h"
 #include "widgets/ProgramPictures.h"
-#include "core/RegistryLayer.h"
 #include "windows/TrayHost.h"
-#include "core/LoginOffer.h"
-#include "core/ProfileMarkers.h"
-#include "core/DataRoot.h"
-#include "core/DataTree.h"
-#include "core/ProfileFiles.h"
 #include "windows/VaultWindow.h"
 
 #include <QApplication>

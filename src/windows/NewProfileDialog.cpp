@@ -1,18 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/NewProfileDialog.h"
 
+#include "core/DataRoot.h"
+#include "core/DataTree.h"
+#include "core/LanguageTable.h"
+#include "core/ListControl.h"
+#include "core/ProfileFiles.h"
 #include "platform/CodePage.h"
 #include "platform/Files.h"
 #include "platform/MessageBox.h"
 #include "platform/Paths.h"
 #include "platform/Runtime.h"
 #include "platform/Twips.h"
-#include "core/LanguageTable.h"
 #include "windows/ProfileFields.h"
-#include "core/DataRoot.h"
-#include "core/DataTree.h"
-#include "core/ListControl.h"
-#include "core/ProfileFiles.h"
 
 #include <QLabel>
 #include <QLineEdit>

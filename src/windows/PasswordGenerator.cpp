@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/PasswordGenerator.h"
 
+#include "core/LanguageTable.h"
+#include "core/PasswordRecipe.h"
 #include "platform/Cursor.h"
 #include "platform/MessageBox.h"
 #include "platform/Twips.h"
 #include "widgets/Accessibility.h"
 #include "widgets/ClickablePicture.h"
 #include "widgets/ClipboardCopy.h"
-#include "core/LanguageTable.h"
 #include "widgets/ProgramPictures.h"
 #include "widgets/TextBox.h"
-#include "core/PasswordRecipe.h"
 
 #include <QApplication>
 #include <QGroupBox>

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/PasswordReminderDialog.h"
 
-#include "platform/MessageBox.h"
-#include "platform/Twips.h"
+#include "core/DataRoot.h"
 #include "core/LanguageTable.h"
 #include "core/PasswordDigest.h"
-#include "windows/ProfileFields.h"
-#include "core/DataRoot.h"
 #include "core/ProfileFiles.h"
+#include "platform/MessageBox.h"
+#include "platform/Twips.h"
+#include "windows/ProfileFields.h"
 
 #include <QLabel>
 #include <QLineEdit>

@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/ProfilesPage.h"
 
+#include "core/DataRoot.h"
+#include "core/DataTree.h"
+#include "core/LanguageTable.h"
+#include "core/ProfileFiles.h"
 #include "platform/Files.h"
 #include "platform/MessageBox.h"
 #include "platform/Twips.h"
-#include "core/LanguageTable.h"
 #include "widgets/ListBox.h"
 #include "widgets/ShellOpen.h"
-#include "core/DataRoot.h"
-#include "core/DataTree.h"
-#include "core/ProfileFiles.h"
 
 #include <QCheckBox>
 #include <QLabel>

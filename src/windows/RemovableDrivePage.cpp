@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/RemovableDrivePage.h"
 
+#include "core/DataRoot.h"
+#include "core/DataTree.h"
+#include "core/LanguageTable.h"
 #include "platform/Files.h"
 #include "platform/MessageBox.h"
 #include "platform/Paths.h"
 #include "platform/Twips.h"
 #include "widgets/Accessibility.h"
-#include "core/LanguageTable.h"
 #include "windows/DriveList.h"
-#include "core/DataRoot.h"
-#include "core/DataTree.h"
 
 #include <QLabel>
 #include <QPushButton>

@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/ReportWindow.h"
 
+#include "core/DataRoot.h"
+#include "core/LanguageTable.h"
 #include "platform/CodePage.h"
 #include "platform/Files.h"
 #include "platform/MessageBox.h"
 #include "platform/Printer.h"
 #include "platform/Runtime.h"
 #include "platform/Twips.h"
-#include "core/LanguageTable.h"
 #include "widgets/ListBox.h"
 #include "widgets/TextBox.h"
-#include "core/DataRoot.h"
 #include "windows/SaveFileDialog.h"
 
 #include <QPushButton>

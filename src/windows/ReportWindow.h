@@ -3,8 +3,8 @@
 // The report (the original's frmRaport): the listed entries' titles, user names and passwords
 // as one plain text, made at opening, shown read-only, printed on the default printer after a
 // warning or saved as text.
-#include "widgets/WindowSlot.h"
 #include "core/Entry.h"
+#include "widgets/WindowSlot.h"
 
 #include <QList>
 

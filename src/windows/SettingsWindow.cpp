@@ -1,17 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/SettingsWindow.h"
 
+#include "core/DataRoot.h"
+#include "core/LanguageTable.h"
+#include "core/ProfileFiles.h"
+#include "core/RegistryLayer.h"
 #include "platform/MessageBox.h"
 #include "platform/Registry.h"
 #include "platform/Runtime.h"
 #include "platform/Twips.h"
 #include "widgets/Accessibility.h"
-#include "core/LanguageTable.h"
-#include "core/RegistryLayer.h"
 #include "windows/ProfilesPage.h"
 #include "windows/RemovableDrivePage.h"
-#include "core/DataRoot.h"
-#include "core/ProfileFiles.h"
 #include "windows/VaultWindow.h"
 
 #include <QCheckBox>

@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/SplashWindow.h"
 
+#include "core/DataRoot.h"
+#include "core/LanguageTable.h"
 #include "platform/Instance.h"
 #include "platform/MessageBox.h"
 #include "platform/Paths.h"
 #include "platform/Runtime.h"
 #include "platform/Twips.h"
-#include "core/LanguageTable.h"
 #include "widgets/ProgramPictures.h"
 #include "windows/LoginDialog.h"
-#include "core/DataRoot.h"
 
 #include <QLabel>
 #include <QTimer>

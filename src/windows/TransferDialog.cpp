@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/TransferDialog.h"
 
+#include "core/DataRoot.h"
+#include "core/LanguageTable.h"
 #include "platform/Twips.h"
 #include "widgets/Accessibility.h"
-#include "core/LanguageTable.h"
 #include "widgets/TextBox.h"
-#include "core/DataRoot.h"
 
 #include <QGroupBox>
 #include <QLabel>

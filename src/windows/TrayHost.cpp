@@ -3,13 +3,13 @@
 
 #include "widgets/WindowSlot.h"
 
-#include "platform/Clipboard.h"
-#include "platform/MessageBox.h"
-#include "platform/Twips.h"
 #include "core/DataRoot.h"
 #include "core/FileExist.h"
 #include "core/ProfileFiles.h"
 #include "core/VaultFile.h"
+#include "platform/Clipboard.h"
+#include "platform/MessageBox.h"
+#include "platform/Twips.h"
 
 #include <QCursor>
 #include <QMenu>

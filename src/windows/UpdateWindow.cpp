@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/UpdateWindow.h"
 
+#include "core/LanguageTable.h"
 #include "platform/Inet.h"
 #include "platform/MessageBox.h"
 #include "platform/Runtime.h"
 #include "platform/Twips.h"
-#include "core/LanguageTable.h"
 #include "widgets/UpdateCheck.h"
 
 #include <QLabel>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "TestWorld.h"
-#include "platform/Paths.h"
 #include "core/DataRoot.h"
 #include "core/DataTree.h"
 #include "core/ProfileFiles.h"
+#include "platform/Paths.h"
 
 using namespace Qt::StringLiterals;
 

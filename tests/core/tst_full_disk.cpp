@@ -3,8 +3,8 @@
 // the program goes the failure path of the write (on without a word, but for the vault's save,
 // which is told), never a crash.
 #include "ProgramRun.h"
-#include "platform/Files.h"
 #include "core/PasswordDigest.h"
+#include "platform/Files.h"
 
 class tst_full_disk : public QObject
 {

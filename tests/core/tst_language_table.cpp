@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "TestWorld.h"
-#include "platform/GuiMessageBox.h"
 #include "core/LanguageTable.h"
 #include "core/RegistryLayer.h"
+#include "platform/GuiMessageBox.h"
 
 #include <QAbstractButton>
 #include <QApplication>

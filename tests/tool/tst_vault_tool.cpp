@@ -2,10 +2,10 @@
 // The command-line tool, run as a process: over files the storage code wrote, and over a
 // profile's data tree beside the program, whose window must agree with it.
 #include "ProgramRun.h"
-#include "widgets/SkinnedButton.h"
 #include "core/InstallerLanguage.h"
 #include "core/PasswordDigest.h"
 #include "core/VaultFile.h"
+#include "widgets/SkinnedButton.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Opening addresses and documents: the shell's codes as run-time errors, the chooser, links, the desktop.
 #include "ProgramRun.h"
-#include "widgets/ProductLinks.h"
 #include "core/RegistryLayer.h"
+#include "widgets/ProductLinks.h"
 #include "widgets/ShellOpen.h"
 
 using namespace Qt::StringLiterals;

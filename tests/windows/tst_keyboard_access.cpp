@@ -2,8 +2,8 @@
 // Every window as a keyboard and screen-reader user meets it: Tab walks round it in reading order,
 // each stop named; pictures take keys; menus' access keys differ in every language and work.
 #include "ProgramRun.h"
-#include "core/RegistryLayer.h"
 #include "core/PasswordDigest.h"
+#include "core/RegistryLayer.h"
 
 #include <QRadioButton>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The login: its four outcomes, the one-time reset, the preselection and the password.
 #include "ProgramRun.h"
-#include "core/RegistryLayer.h"
 #include "core/PasswordDigest.h"
+#include "core/RegistryLayer.h"
 
 #include <QComboBox>
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The password generator as a user meets it, and the source behind its results.
 #include "ProgramRun.h"
+#include "core/PasswordRecipe.h"
 #include "platform/Clipboard.h"
 #include "widgets/ClickablePicture.h"
 #include "windows/PasswordGenerator.h"
-#include "core/PasswordRecipe.h"
 
 #include <QPushButton>
 #include <QRegularExpression>

@@ -2,11 +2,11 @@
 // Adding a profile, changing its password and asking for a forgotten one, from the settings
 // window's Users page, and what the login then makes of it.
 #include "ProgramRun.h"
-#include "platform/CodePage.h"
-#include "windows/SettingsWindow.h"
-#include "windows/PasswordChangeDialog.h"
 #include "core/PasswordDigest.h"
+#include "platform/CodePage.h"
+#include "windows/PasswordChangeDialog.h"
 #include "windows/PasswordReminderDialog.h"
+#include "windows/SettingsWindow.h"
 
 #include <QComboBox>
 #include <QTabBar>

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The update check against a small HTTP server on 127.0.0.1, and the about box.
 #include "ProgramRun.h"
+#include "core/PasswordDigest.h"
 #include "widgets/ClickablePicture.h"
 #include "windows/SilentUpdateCheck.h"
 #include "windows/UpdateWindow.h"
-#include "core/PasswordDigest.h"
 
 #include <QImage>
 #include <QLabel>
