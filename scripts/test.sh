@@ -3,6 +3,7 @@
 # Installs what is missing, builds with warnings as errors, runs a short smoke run of each
 # fuzz target under AddressSanitizer and UndefinedBehaviorSanitizer, then every test; then every
 # test once more in a build with those sanitizers (TOLVANE_SANITIZE_TESTS=0 leaves that out).
+# No display is set for the tests: each label brings what it needs, and `unit` needs none.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 scripts/setup.sh
@@ -24,13 +25,13 @@ for target in fuzz_vault_reader fuzz_decode64 fuzz_ini; do
     [ "${PIPESTATUS[0]}" -eq 0 ] || { echo "$target found a failure"; exit 1; }
 done
 
-(cd build && QT_QPA_PLATFORM=offscreen ctest --output-on-failure -j"$jobs")
+(cd build && ctest --output-on-failure -j"$jobs")
 
 if [ "${TOLVANE_SANITIZE_TESTS:-1}" != 0 ]; then
     cmake -S . -B build-sanitize -DCMAKE_BUILD_TYPE=RelWithDebInfo -DTOLVANE_SANITIZE=ON -DTOLVANE_WERROR=ON
     cmake --build build-sanitize -j"$jobs"
     # The package and the journey through it test the packaging, which the sanitized build adds
     # nothing to; every other test runs.
-    (cd build-sanitize && QT_QPA_PLATFORM=offscreen UBSAN_OPTIONS=halt_on_error=1:print_stacktrace=1 \
+    (cd build-sanitize && UBSAN_OPTIONS=halt_on_error=1:print_stacktrace=1 \
         ASAN_OPTIONS=detect_leaks=0 ctest --output-on-failure -j"$jobs" -LE package)
 fi
