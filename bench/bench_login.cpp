@@ -90,7 +90,7 @@ int main(int argc, char* argv[])
     qputenv("TOLVANE_MEDIA", "");
     QApplication app(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
-    ConnectWindows(); // as the program's start does
+    Program program; // as the program's start has it
     const int rounds = argc > 1 ? std::max(1, atoi(argv[1])) : 21;
     platform::SetMessageBoxBackend([](const platform::MessageBoxCall& call) {
         std::fprintf(stderr, "box: %s\n", qPrintable(call.text));
@@ -123,7 +123,7 @@ int main(int argc, char* argv[])
         return 1;
     const qint64 vaultBytes = QFileInfo(data + QStringLiteral("Administrator/list.dat")).size();
 
-    SplashWindow* splash = SplashWindow::Start();
+    SplashWindow* splash = program.start();
     for (int tick = 0; tick < 3; ++tick)
         splash->tick();
     LoginDialog* login = shownLogin();
@@ -136,7 +136,7 @@ int main(int argc, char* argv[])
     long rss = 0;
     for (int r = 0; r < rounds; ++r) {
         if (!login) {
-            ShowLogin();
+            program.showLogin();
             login = shownLogin();
             if (!login || !QTest::qWaitForWindowExposed(login))
                 return 3;

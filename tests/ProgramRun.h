@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // A run of the program inside a test: a fresh world, the English table, the windows connected
-// as the program connects them, message boxes and beeps answered by script.
+// by the program's own wiring (a fresh one for each run, with its own vault), message boxes and
+// beeps answered by script.
 #include "TestWorld.h"
 #include "Ui.h"
-#include "core/EntryTable.h"
 #include "core/LanguageTable.h"
 #include "core/ProfileFiles.h"
 #include "core/VaultFile.h"
@@ -24,7 +24,6 @@ public:
     {
         // A click on a control that isn't there fails the test rather than passing by.
         QTest::failOnWarning(QRegularExpression(u"^no control named"_s));
-        ConnectWindows();
         LoadLanguage(); // a fresh registry: the one unnumbered message, then English
         boxes.shown.clear();
         platform::SetBeepHook([this] { ++beeps; });
@@ -37,18 +36,16 @@ public:
         platform::SetFileDialogBackend({});
     }
 
-    // Ends whatever a run left in memory.
-    static void Reset()
+    // Ends whatever a run left in memory; the next start is a new process, with a new program.
+    void Reset()
     {
         VaultWindow::Unload();
         TrayHost::Unload();
         for (QWidget* w : QApplication::topLevelWidgets())
             w->hide();
         platform::ReleaseTreeForRun(); // the end of the process lets the data tree go
-        entryTable.clear();
-        currentEntry = Entry();
-        vaultDirty = false;
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        program.emplace();
     }
 
     QString data(const QString& relative) const { return world.path(u"appdata/Brenmark/Tolvane/data/"_s + relative); }
@@ -85,7 +82,7 @@ public:
     // The splash handed over: the login's load runs, and maybe the vault window comes up.
     VaultWindow* start()
     {
-        ShowLogin();
+        program->showLogin();
         return VaultWindow::Loaded();
     }
     // The vault window over these entries, active; null when it did not come up.
@@ -131,6 +128,7 @@ public:
     }
 
     TestWorld world;
+    std::optional<Program> program;
     MessageBoxScript boxes;
     int beeps = 0;
 };

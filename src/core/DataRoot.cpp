@@ -6,16 +6,14 @@
 #include "platform/Files.h"
 #include "platform/Paths.h"
 
-qint16 UsbMode = 0;
-
-void DetectUsbMode()
+bool PortableMode()
 {
-    UsbMode = FileExist(platform::AppPath() + QStringLiteral("\\usb.inf")) ? 1 : 0;
+    return FileExist(platform::AppPath() + QStringLiteral("\\usb.inf")) != 0;
 }
 
 QString DataRoot()
 {
-    if (UsbMode != 0)
+    if (PortableMode())
         return platform::AppPath();
     return platform::LocalAppDataFolder();
 }

@@ -1,13 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // Where the data tree hangs. Nothing here is stored: every caller works the root out anew,
-// from UsbMode and the platform, and reads `current` again when it needs a profile's file.
+// from the platform, and reads `current` again when it needs a profile's file.
 #include <QString>
 
-// 1 when the program runs from a removable drive (usb.inf beside it), else 0. Set once at start.
-extern qint16 UsbMode;
-// Sets UsbMode: 1 when a file usb.inf lies beside the program.
-void DetectUsbMode();
+// Portable mode: the program runs from a removable drive, with a file usb.inf beside it.
+bool PortableMode();
 
 // The program's folder in portable mode, else the per-user local application data folder.
 QString DataRoot();

@@ -6,7 +6,6 @@
 #include "platform/Files.h"
 
 #include <QHash>
-#include <QScopeGuard>
 
 #include <limits>
 
@@ -123,21 +122,8 @@ VaultLoad LoadVault(const QString& path, const Yield& yield)
     return result;
 }
 
-namespace {
-
-int savesRunning = 0;
-
-} // namespace
-
-bool VaultSaveRunning()
-{
-    return savesRunning > 0;
-}
-
 VaultSave SaveVault(const QString& path, QList<Entry>& entries, const Yield& yield)
 {
-    ++savesRunning;
-    const auto done = qScopeGuard([] { --savesRunning; });
     // Nor is such a file replaced: whatever it is, it is not the program's to overwrite.
     if (platform::FileLen(path) > LargestVaultFile)
         return VaultSave::WriteFailed;

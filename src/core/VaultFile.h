@@ -61,7 +61,3 @@ enum class VaultSave
 // The save: the old layer comes off for nothing (it always has), the file is written anew
 // from the entries with the layer on.
 VaultSave SaveVault(const QString& path, QList<Entry>& entries, const Yield& yield = {});
-
-// True while a save runs. Its walks yield to pending events, and what would change the entry
-// table, load the vault anew or end the run must not act in the middle of it.
-bool VaultSaveRunning();

@@ -9,8 +9,6 @@
 #include "platform/Twips.h"
 #include "program/ProgramWiring.h"
 #include "widgets/ProgramPictures.h"
-#include "windows/SplashWindow.h"
-#include "windows/VaultWindow.h"
 
 #include <QApplication>
 
@@ -35,14 +33,14 @@ int main(int argc, char* argv[])
     platform::SetCommandLine(QApplication::arguments());
     platform::InstallWindowMessageBoxes();
     platform::KeepClipboardAfterExit();
-    ConnectWindows();
+    Program program;
 
     // Ending the session or the process by a signal ends the run as File > Close does: the vault
     // is written and the clipboard emptied as the options say.
-    platform::OnTerminationRequest(&VaultWindow::EndRun);
+    platform::OnTerminationRequest([&program] { program.endRun(); });
 
     ChooseLanguageAsInstallerWould();
     UseKeptCodePage(true);
-    SplashWindow::Start();
+    program.start();
     return QApplication::exec();
 }

@@ -235,7 +235,6 @@ int ProfileCommands::run()
         if (const QString fault = TitleFault(positional.at(0)); !fault.isEmpty())
             return refuse(fault);
     }
-    DetectUsbMode();
     return (this->*verb->run)();
 }
 
@@ -310,14 +309,14 @@ std::optional<ProfileCommands::OpenVault> ProfileCommands::openVault(bool toWrit
             return std::nullopt;
         }
     }
-    QByteArray bytes;
+    OpenVault opened { *profile, {} };
     // Nothing a vault can be is larger; a missing file is an empty vault, as the load makes it.
-    const platform::ReadOutcome read = platform::ReadFileBounded(profile->vault, LargestVaultFile, bytes);
+    const platform::ReadOutcome read = opened.entries.read(profile->vault);
     if (read != platform::ReadOutcome::Read && read != platform::ReadOutcome::Missing) {
         refuse(QStringLiteral("can't read the vault of profile \"%1\"").arg(profile->name));
         return std::nullopt;
     }
-    return OpenVault { *profile, bytes.isEmpty() ? QList<Entry>() : ParseInnerText(LayerOff(bytes)) };
+    return opened;
 }
 
 std::optional<ProfileCommands::OpenVault> ProfileCommands::openEntry(bool toWrite)
@@ -325,7 +324,7 @@ std::optional<ProfileCommands::OpenVault> ProfileCommands::openEntry(bool toWrit
     std::optional<OpenVault> vault = openVault(toWrite);
     if (!vault)
         return std::nullopt;
-    vault->index = lastIndexOf(vault->entries, positional.at(0));
+    vault->index = lastIndexOf(vault->entries.all(), positional.at(0));
     if (vault->index < 0) {
         refuse(QStringLiteral("no entry titled \"%1\"").arg(positional.at(0)));
         return std::nullopt;
@@ -518,12 +517,12 @@ void ProfileCommands::applyFieldOptions(Entry& entry)
         entry.password = Stored(*newPassword);
 }
 
-int ProfileCommands::writeEntries(const Profile& profile, QList<Entry> entries, const QString& changedTitle)
+int ProfileCommands::writeEntries(const Profile& profile, Vault& entries, const QString& changedTitle)
 {
     // What the next load will give back of the entry: the format keeps 48 characters of a value,
     // escapes "&", "=", "[", "]" and line breaks, and a save escapes what an earlier one did.
-    const int changed = lastIndexOf(entries, changedTitle);
-    QList<Entry> copy = entries;
+    const int changed = lastIndexOf(entries.all(), changedTitle);
+    QList<Entry> copy = entries.all();
     const QList<Entry> readBack = ParseInnerText(ComposeInnerText(copy));
     const int back = lastIndexOf(readBack, changedTitle);
     if (changed >= 0 && back >= 0) {
@@ -533,7 +532,7 @@ int ProfileCommands::writeEntries(const Profile& profile, QList<Entry> entries, 
                          .arg(QLatin1String(f.name), changedTitle, shown(readBack.at(back).*f.member)));
         }
     }
-    switch (SaveVault(profile.vault, entries)) {
+    switch (entries.save(profile.vault)) {
     case VaultSave::Saved:
         return 0;
     case VaultSave::TooLarge:
@@ -565,12 +564,12 @@ int ProfileCommands::add()
     if (!vault)
         return 1;
     // The new-entry dialog refuses a title that stands as a row of the full list.
-    if (lastIndexOf(vault->entries, title) >= 0)
+    if (lastIndexOf(vault->entries.all(), title) >= 0)
         return refuse(QStringLiteral("an entry titled \"%1\" is already in the list").arg(title));
     Entry entry;
     entry.title = Stored(title);
     applyFieldOptions(entry);
-    vault->entries.append(entry);
+    vault->entries.insert(vault->entries.count(), entry);
     return writeEntries(vault->profile, vault->entries, title);
 }
 
@@ -594,9 +593,9 @@ int ProfileCommands::remove()
     std::optional<OpenVault> vault = openEntry(true);
     if (!vault)
         return 1;
-    vault->entries.removeAt(vault->index);
+    vault->entries.remove(vault->index);
     // The program saves only a list with rows: its last entry, deleted, comes back at the next start.
-    if (vault->entries.isEmpty())
+    if (vault->entries.count() == 0)
         return refuse(QStringLiteral("\"%1\" is the last entry: the program saves no empty list, so it would be back "
                                      "at the next start; nothing was changed")
                           .arg(positional.at(0)));

@@ -6,6 +6,7 @@
 // No window of the original has them; they stand beside the vault window so that the two never
 // disagree.
 #include "core/Entry.h"
+#include "core/Vault.h"
 #include "platform/TreeLock.h"
 
 #include <QHash>
@@ -78,7 +79,7 @@ private:
     struct OpenVault
     {
         Profile profile;
-        QList<Entry> entries;
+        Vault entries;
         int index = -1; // of the entry named on the command line
     };
 
@@ -92,7 +93,7 @@ private:
     // lookup); refused when there is none.
     std::optional<OpenVault> openEntry(bool toWrite = false);
     // The program's save of these entries, refused while the program runs.
-    int writeEntries(const Profile& profile, QList<Entry> entries, const QString& changedTitle);
+    int writeEntries(const Profile& profile, Vault& entries, const QString& changedTitle);
     // The new password of --ask-password or --generate, asked before the vault is read.
     bool takeNewPassword();
     // Field options given on the command line, written into the entry.

@@ -162,7 +162,6 @@ namespace {
 // also through a link above it, or any tree of the program's making, ".../Brenmark/Tolvane/data".
 QString dataTreeOf(const QString& nativeFile)
 {
-    DetectUsbMode();
     const QString own = QFileInfo(platform::ToNative(DataFolder())).canonicalFilePath();
     QStringList parts = QFileInfo(nativeFile).absoluteFilePath().split(QLatin1Char('/'), Qt::SkipEmptyParts);
     for (parts.removeLast(); !parts.isEmpty(); parts.removeLast()) {

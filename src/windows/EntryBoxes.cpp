@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/EntryBoxes.h"
 
-#include "core/EntryTable.h"
 #include "core/LanguageTable.h"
 #include "platform/CodePage.h"
 #include "widgets/TextBox.h"
 
 #include <QLabel>
 
-void CarryIntoCurrentEntry(QObject* context, const EntryBoxes& boxes)
+void CarryIntoWorkingCopy(QObject* context, const EntryBoxes& boxes, Entry& working)
 {
     const std::pair<TextBox*, QByteArray Entry::*> carried[] = {
         { boxes.title, &Entry::title },
@@ -20,8 +19,8 @@ void CarryIntoCurrentEntry(QObject* context, const EntryBoxes& boxes)
         { boxes.note, &Entry::note },
     };
     for (const auto& [control, field] : carried) {
-        QObject::connect(
-            control, &TextBox::LostFocus, context, [control, field] { currentEntry.*field = Stored(control->Text()); });
+        QObject::connect(control, &TextBox::LostFocus, context,
+            [control, field, &working] { working.*field = Stored(control->Text()); });
     }
 }
 

@@ -33,8 +33,9 @@ struct EntryLabels
 // Sets them from their language slots, 241 to 247.
 void SetEntryCaptions(const EntryLabels& labels);
 
-// Each box carries its whole text into its field of currentEntry when it loses the focus.
-void CarryIntoCurrentEntry(QObject* context, const EntryBoxes& boxes);
+// Each box carries its whole text into its field of the working copy when it loses the focus.
+// The vault window and its new-entry dialog share one working copy, the vault window's.
+void CarryIntoWorkingCopy(QObject* context, const EntryBoxes& boxes, Entry& working);
 
 // Copies the record into the boxes: address, age, title, note, user name, document, phrase.
 void ShowEntry(const EntryBoxes& boxes, const Entry& entry);

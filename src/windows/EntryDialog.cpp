@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/EntryDialog.h"
 
-#include "core/EntryTable.h"
 #include "core/LanguageTable.h"
-#include "core/VaultFile.h"
+#include "core/Vault.h"
 #include "platform/Cursor.h"
 #include "platform/Dialogs.h"
 #include "platform/Files.h"
@@ -23,8 +22,11 @@
 #include <QPixmap>
 #include <QPushButton>
 
-EntryDialog::EntryDialog(QWidget* owner, const QStringList& rows, std::function<void()> refill)
+EntryDialog::EntryDialog(
+    QWidget* owner, Vault& vault, Entry& working, const QStringList& rows, std::function<void()> refill)
     : QDialog(owner)
+    , vault(vault)
+    , working(working)
     , listedRows(rows)
     , refillList(std::move(refill))
 {
@@ -64,7 +66,7 @@ EntryDialog::EntryDialog(QWidget* owner, const QStringList& rows, std::function<
     documentBox->SetScrollBars(false, false);
     noteBox->SetScrollBars(true, true);
 
-    CarryIntoCurrentEntry(this, boxes());
+    CarryIntoWorkingCopy(this, boxes(), working);
 
     generatorButton = Named(new ClickablePicture(this), "generatorButton");
     PlaceTwips(generatorButton, 5340, 1222, 240, 240);
@@ -102,7 +104,7 @@ EntryDialog::EntryDialog(QWidget* owner, const QStringList& rows, std::function<
 
 void EntryDialog::load()
 {
-    ShowEntry(boxes(), currentEntry);
+    ShowEntry(boxes(), working);
     setWindowTitle(Lang(290));
     SetEntryCaptions({ titleCaption, userNameCaption, passphraseCaption, passwordCaption, urlCaption, documentCaption,
         noteCaption });
@@ -119,9 +121,9 @@ EntryBoxes EntryDialog::boxes() const
 
 void EntryDialog::storeNewEntry()
 {
-    if (VaultSaveRunning())
-        return; // the table is being saved: the dialog stays as it is
-    const Entry copy = currentEntry;
+    if (vault.saveRunning())
+        return; // the vault is being saved: the dialog stays as it is
+    const Entry copy = working;
     if (copy.title.isEmpty()) {
         platform::MsgBox(Lang(192), platform::MB_ICONERROR);
         return;
@@ -132,11 +134,11 @@ void EntryDialog::storeNewEntry()
         platform::MsgBox(Lang(288), platform::MB_ICONINFORMATION);
         return;
     }
-    if (StoreWouldOverfill(copy)) {
+    if (vault.storeWouldOverfill(copy)) {
         platform::MsgBox(Lang(OwnSlot::VaultTooLarge), platform::MB_ICONERROR);
         return;
     }
-    StoreEntry(copy);
+    vault.store(copy);
     platform::MsgBox(Lang(193), platform::MB_ICONINFORMATION);
     refillList();
     reject();
@@ -174,7 +176,7 @@ void EntryDialog::loadPicture()
         fail(platform::ErrPermissionDenied);
         return;
     }
-    currentEntry.picture = bytes;
+    working.picture = bytes;
 }
 
 void EntryDialog::openGenerator()

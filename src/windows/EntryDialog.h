@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
-// The dialog that writes a new entry (the original's frmView). It works on the working copy,
-// which its boxes fill as they lose the focus, and stores it in the entry table.
+// The dialog that writes a new entry (the original's frmView). It works on the vault window's
+// working copy, which its boxes fill as they lose the focus, and stores it in the vault.
 #include "windows/EntryBoxes.h"
 
 #include <QDialog>
@@ -10,6 +10,7 @@
 #include <functional>
 
 class ClickablePicture;
+class Vault;
 class QFrame;
 class QLabel;
 class QPushButton;
@@ -22,7 +23,8 @@ public:
     // For a new entry: the boxes empty, the title open to typing. `listedRows` are the rows the
     // vault window shows, against which a title counts as taken; `refillList` puts every title
     // back into that list once the entry is stored.
-    EntryDialog(QWidget* owner, const QStringList& listedRows, std::function<void()> refillList);
+    EntryDialog(
+        QWidget* owner, Vault& vault, Entry& working, const QStringList& listedRows, std::function<void()> refillList);
 
 private:
     void load();
@@ -32,6 +34,8 @@ private:
     void openGenerator();
     EntryBoxes boxes() const;
 
+    Vault& vault;
+    Entry& working;
     QStringList listedRows;
     std::function<void()> refillList;
 

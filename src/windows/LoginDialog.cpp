@@ -15,7 +15,6 @@
 #include "platform/TreeLock.h"
 #include "platform/Twips.h"
 #include "widgets/ProgramPictures.h"
-#include "windows/TrayHost.h"
 #include "windows/VaultWindow.h"
 
 #include <QApplication>
@@ -170,11 +169,7 @@ void LoginDialog::logIn()
 
 void LoginDialog::openVault(bool typedLogin)
 {
-    TrayHost::Instance();
-    VaultWindow* main = VaultWindow::Instance();
-    main->show();
-    if (typedLogin)
-        main->StartUpdateCheckTimer();
+    Q_EMIT vaultRequested(typedLogin);
     unload();
 }
 
@@ -211,7 +206,7 @@ void LoginDialog::reject()
         cancel(); // Escape
 }
 
-void ShowLogin()
+LoginDialog* MakeLogin()
 {
     // From the login on the data tree is this run's: the command-line tool writes nothing into it
     // meanwhile, and a copy of the program started from another folder ends here as a second copy.
@@ -223,8 +218,12 @@ void ShowLogin()
         platform::MsgBox(Lang(101), platform::MB_ICONERROR);
         platform::EndProcess(0);
     }
-    auto* login = new LoginDialog;
-    login->load();
-    if (!login->Unloaded())
-        login->show();
+    return new LoginDialog;
+}
+
+void LoginDialog::Start()
+{
+    load();
+    if (!unloaded)
+        show();
 }

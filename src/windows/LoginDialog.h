@@ -17,20 +17,26 @@ public:
     LoginDialog();
 
     // The load: the profile preselected, and the vault opened at once when no password is
-    // asked (the window is then gone before it was ever shown).
-    void load();
+    // asked (the window is then gone before it was ever shown); shown when it is not.
+    void Start();
     bool Unloaded() const { return unloaded; }
+
+Q_SIGNALS:
+    // The login is through (typed, or a profile without a password): the host window and the
+    // vault window come up, and then this window goes. Only a typed login starts the update check.
+    void vaultRequested(bool typedLogin);
 
 protected:
     void closeEvent(QCloseEvent* event) override;
     void reject() override;
 
 private:
+    void load();
     void logIn();
     void cancel();
     // Sets the list to a listed name; a name that is not listed leaves it as it was.
     void selectProfile(const QString& name);
-    // The tray host, then the vault window shown, then this window gone.
+    // The vault asked for, then this window gone.
     void openVault(bool typedLogin);
     void unload();
 
@@ -43,5 +49,6 @@ private:
     QLabel *heading, *profileCaption, *passwordCaption, *picture;
 };
 
-// Creates the login window and runs its load; shows it unless the load already went on.
-void ShowLogin();
+// Takes the data tree for this run (a second copy of the program ends here) and makes the login
+// window, to be connected and started.
+LoginDialog* MakeLogin();

@@ -19,18 +19,7 @@ namespace {
 
 const QString administrator = QStringLiteral("Administrator");
 
-ProfilesPage::Dialogs& dialogs()
-{
-    static ProfilesPage::Dialogs connected;
-    return connected;
-}
-
 } // namespace
-
-void ProfilesPage::ConnectDialogs(Dialogs connected)
-{
-    dialogs() = std::move(connected);
-}
 
 ProfilesPage::ProfilesPage(QWidget* parent, std::function<void()> saveOptionsOfWindow)
     : QGroupBox(QStringLiteral("Profile"), parent)
@@ -144,8 +133,7 @@ void ProfilesPage::showSelectedProfile()
 
 void ProfilesPage::addProfile()
 {
-    if (dialogs().add)
-        dialogs().add(window(), *profileList);
+    Q_EMIT newProfileRequested(profileList);
 }
 
 void ProfilesPage::makeDefaultProfile()
@@ -164,14 +152,12 @@ void ProfilesPage::changePassword()
         platform::MsgBox(Lang(293), platform::MB_ICONINFORMATION);
         return;
     }
-    if (dialogs().changePassword)
-        dialogs().changePassword(window(), selectedName->text());
+    Q_EMIT passwordChangeRequested(selectedName->text());
 }
 
 void ProfilesPage::remindPassword()
 {
-    if (dialogs().remind)
-        dialogs().remind(window(), selectedName->text());
+    Q_EMIT passwordReminderRequested(selectedName->text());
 }
 
 void ProfilesPage::deleteProfile()

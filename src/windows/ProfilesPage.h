@@ -2,12 +2,13 @@
 #pragma once
 // The settings window's third page (the original's Frame6 of frmSettings): the profiles, with
 // the default, deletion, the switch through a restart, and the password dialogs.
+#include "core/ListControl.h"
+
 #include <QGroupBox>
 
 #include <functional>
 
 class ListBox;
-class ListControl;
 class QCheckBox;
 class QLabel;
 class QPushButton;
@@ -16,17 +17,6 @@ class ProfilesPage : public QGroupBox
 {
     Q_OBJECT
 public:
-    // The profile dialogs lie above the settings window: whoever starts the program says how
-    // they open. `add` runs modally over the page's list of names, which it may extend; the two
-    // others are shown beside the settings window for the profile named.
-    struct Dialogs
-    {
-        std::function<void(QWidget* owner, ListControl& names)> add;
-        std::function<void(QWidget* owner, const QString& profile)> changePassword;
-        std::function<void(QWidget* owner, const QString& profile)> remind;
-    };
-    static void ConnectDialogs(Dialogs dialogs);
-
     // `saveOptions` stores the first page's boxes: the switch does that before the restart.
     ProfilesPage(QWidget* parent, std::function<void()> saveOptions);
 
@@ -38,6 +28,14 @@ public:
     void SaveList();
     bool LastProfileIsDefault() const;
     void SetLastProfileIsDefault(bool on);
+
+Q_SIGNALS:
+    // The user asked for a profile dialog, which lies above the settings window. The new
+    // profile's runs modally over the page's list of names, which it may extend; the two others
+    // are shown beside the settings window for the profile named.
+    void newProfileRequested(ListControl* names);
+    void passwordChangeRequested(const QString& profile);
+    void passwordReminderRequested(const QString& profile);
 
 private:
     void showSelectedProfile();

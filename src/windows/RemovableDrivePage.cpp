@@ -82,7 +82,7 @@ void RemovableDrivePage::SetCaptions()
 void RemovableDrivePage::SetUp()
 {
     status->setText(Lang(302));
-    const bool portable = UsbMode != 0;
+    const bool portable = PortableMode();
     for (QWidget* w :
         { static_cast<QWidget*>(driveCaption), static_cast<QWidget*>(driveList), static_cast<QWidget*>(statusCaption),
             static_cast<QWidget*>(status), static_cast<QWidget*>(installButton), static_cast<QWidget*>(removeButton) })

@@ -167,16 +167,13 @@ void SettingsWindow::accept()
     saveOptions();
     profilesPage->SaveList();
     Unload();
-    // The options take effect through a whole reload: the unload saves the vault, the load
-    // reads everything anew.
-    VaultWindow::Unload();
-    VaultWindow::Instance()->show();
+    Q_EMIT reloadRequested();
 }
 
 void SettingsWindow::cancel()
 {
     Unload();
-    VaultWindow::Instance()->show();
+    Q_EMIT vaultWindowRequested();
 }
 
 void SettingsWindow::saveLanguage()

@@ -24,6 +24,15 @@ public:
     // Owned by the vault window. Its close box and Escape are Cancel without showing that window.
     static SettingsWindow* Instance();
 
+    // The third page, whose profile dialogs lie above this window.
+    ProfilesPage* Profiles() const { return profilesPage; }
+
+Q_SIGNALS:
+    // OK: the options are stored and take effect through a whole reload of the vault window
+    // (its unload saves the vault, its load reads everything anew). Cancel: back to that window.
+    void reloadRequested();
+    void vaultWindowRequested();
+
 private:
     explicit SettingsWindow(QWidget* owner);
     void buildGeneralPage();

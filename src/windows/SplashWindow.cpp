@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "windows/SplashWindow.h"
 
-#include "core/DataRoot.h"
 #include "core/LanguageTable.h"
 #include "platform/Instance.h"
 #include "platform/MessageBox.h"
@@ -9,7 +8,6 @@
 #include "platform/Runtime.h"
 #include "platform/Twips.h"
 #include "widgets/ProgramPictures.h"
-#include "windows/LoginDialog.h"
 
 #include <QLabel>
 #include <QTimer>
@@ -65,7 +63,6 @@ void SplashWindow::load()
     tickTimer->setInterval(1000);
     tickTimer->start();
     ticks = 0;
-    DetectUsbMode();
 }
 
 void SplashWindow::tick()
@@ -75,6 +72,6 @@ void SplashWindow::tick()
         return;
     tickTimer->stop();
     // The login is up before the splash goes, so that the run never has no window at all.
-    ShowLogin();
+    Q_EMIT loginDue();
     close();
 }

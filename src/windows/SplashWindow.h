@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The first window (the original's frmSplash): the language table, the refusal of a second
-// copy, portable mode, then three ticks of a second before the login.
+// copy, then three ticks of a second before the login.
 #include <QWidget>
 
 class QLabel;
@@ -17,6 +17,10 @@ public:
     // A tick of the timer (1000 ms; tests call it instead of waiting): the third hands over to
     // the login.
     void tick();
+
+Q_SIGNALS:
+    // Time for the login; the splash closes once it is up.
+    void loginDue();
 
 private:
     SplashWindow();

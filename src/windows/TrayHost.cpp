@@ -6,7 +6,7 @@
 #include "core/DataRoot.h"
 #include "core/FileExist.h"
 #include "core/ProfileFiles.h"
-#include "core/VaultFile.h"
+#include "core/Vault.h"
 #include "platform/Clipboard.h"
 #include "platform/MessageBox.h"
 #include "platform/Twips.h"
@@ -18,12 +18,6 @@
 
 namespace {
 
-TrayHost::VaultSide& vaultSide()
-{
-    static TrayHost::VaultSide side;
-    return side;
-}
-
 WindowSlot<TrayHost>& slot()
 {
     static WindowSlot<TrayHost> form;
@@ -32,14 +26,9 @@ WindowSlot<TrayHost>& slot()
 
 } // namespace
 
-void TrayHost::ConnectVault(VaultSide side)
+TrayHost* TrayHost::Open(const Vault& vault, const QIcon& icon)
 {
-    vaultSide() = std::move(side);
-}
-
-TrayHost* TrayHost::Instance()
-{
-    return slot().Touch([] { return new TrayHost; }, [](TrayHost* form) { form->load(); });
+    return slot().Touch([&vault] { return new TrayHost(vault); }, [&icon](TrayHost* form) { form->load(icon); });
 }
 
 TrayHost* TrayHost::Loaded()
@@ -56,7 +45,8 @@ void TrayHost::Unload()
     form->deleteLater();
 }
 
-TrayHost::TrayHost()
+TrayHost::TrayHost(const Vault& vault)
+    : vault(vault)
 {
     setObjectName(QStringLiteral("TrayHost"));
     // Small enough to stay wholly outside the screen at -1000 twips when it is shown.
@@ -72,20 +62,19 @@ QString TrayHost::TipText(const QString& profile)
     return text.leftJustified(64, QLatin1Char(' '), true);
 }
 
-void TrayHost::load()
+void TrayHost::load(const QIcon& icon)
 {
     move(-Twips(1000), -Twips(1000));
-    // Taking the vault window's icon is its first use: its whole load runs here, before the
-    // options below are looked at.
+    // The vault window's icon: that window's whole load has run, before the options below are
+    // looked at.
     iconRecord.window = this;
-    iconRecord.icon = vaultSide().icon();
+    iconRecord.icon = icon;
     setWindowIcon(iconRecord.icon);
     iconRecord.tip = TipText(CurrentProfile());
     iconShown = platform::AddTrayIcon(iconRecord) != 0;
-    if (!iconShown) { // without a notification area the pop-up menu would be out of reach
-        menuInWindow = true;
-        vaultSide().showMenuInWindow();
-    }
+    // Without a notification area the pop-up menu would be out of reach: it goes to the vault
+    // window's menu bar.
+    menuInWindow = !iconShown;
     const QString cfg = ProfileFile(QStringLiteral("cfg.txt"));
     if (!FileExist(cfg)) {
         for (int n = 1; n <= 5; ++n)
@@ -108,9 +97,12 @@ void TrayHost::iconMessage(int x)
 {
     // The scale is twips: the message is X over the twips of a pixel.
     const int message = qRound(x / TwipsPerPixel());
-    if (VaultSaveRunning())
+    if (vault.saveRunning())
         return; // the menu would load the vault window anew in the middle of its save
-    QMenu* menu = vaultSide().menu();
+    Q_EMIT menuWanted();
+    QMenu* menu = popupMenu;
+    if (!menu)
+        return;
     switch (message) {
     case platform::TrayLeftButtonUp:
         menu->popup(QCursor::pos());

@@ -2,34 +2,28 @@
 #pragma once
 // The host window that the user is not meant to see (the original's frmContainer). It owns the
 // notification-area icon and hosts its pop-up menu; its load takes the vault window's icon
-// (which creates and loads the vault window) and gives a profile its default options; its
-// unload empties the clipboard when `s3` asks for it. It lives until the run ends.
+// (so the vault window is loaded first) and gives a profile its default options; its unload
+// empties the clipboard when `s3` asks for it. It lives until the run ends.
 #include "platform/NotifyIcon.h"
 
+#include <QMenu>
+#include <QPointer>
 #include <QWidget>
 
-#include <functional>
-
-class QMenu;
+class Vault;
 
 class TrayHost : public QWidget
 {
     Q_OBJECT
 public:
-    // What the host takes from the vault window, which lies above it: the icon (asking for it
-    // loads the window), the pop-up menu (asked at each use), and where that menu stands when
-    // there is no notification area (the window's menu bar).
-    struct VaultSide
-    {
-        std::function<QIcon()> icon;
-        std::function<QMenu*()> menu;
-        std::function<void()> showMenuInWindow;
-    };
-    static void ConnectVault(VaultSide side);
-
-    static TrayHost* Instance();
+    // The one host of a run, loaded with the vault window's icon at its first use. Nothing
+    // happens at the icon while that vault is being saved.
+    static TrayHost* Open(const Vault& vault, const QIcon& icon);
     static TrayHost* Loaded();
     static void Unload();
+
+    // The pop-up menu of the vault window loaded now.
+    void UseMenu(QMenu* menu) { popupMenu = menu; }
 
     // False when the desktop has no notification area: then the pop-up menu stands in the
     // vault window's menu bar, and closing the vault window ends the run.
@@ -45,14 +39,22 @@ public:
     // "Tolvane ", CR LF, the profile, a zero, blanks: a field of 64 characters.
     static QString TipText(const QString& profile);
 
+Q_SIGNALS:
+    // A message from the icon needs the vault window's menu: whoever opened the host loads that
+    // window if it is not loaded (every message does, whatever it asks for) and hands its menu
+    // over through UseMenu.
+    void menuWanted();
+
 protected:
     void mouseMoveEvent(QMouseEvent* event) override;
 
 private:
-    TrayHost();
-    void load();
+    explicit TrayHost(const Vault& vault);
+    void load(const QIcon& icon);
     void clearClipboardIfAsked();
 
+    const Vault& vault;
+    QPointer<QMenu> popupMenu;
     platform::TrayIconRecord iconRecord;
     bool iconShown = false;
     bool menuInWindow = false;

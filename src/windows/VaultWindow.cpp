@@ -4,10 +4,9 @@
 #include "core/DataRoot.h"
 #include "core/DataTree.h"
 #include "core/EntrySearch.h"
-#include "core/EntryTable.h"
 #include "core/LanguageTable.h"
 #include "core/ProfileFiles.h"
-#include "core/VaultFile.h"
+#include "core/Vault.h"
 #include "platform/Clipboard.h"
 #include "platform/Cursor.h"
 #include "platform/Dialogs.h"
@@ -41,7 +40,6 @@
 #include <QLabel>
 #include <QMenuBar>
 #include <QPushButton>
-#include <QScopeGuard>
 #include <QStatusBar>
 #include <QTimer>
 
@@ -50,28 +48,17 @@
 
 namespace {
 
-std::function<void(QWidget*)>& settingsOpener()
-{
-    static std::function<void(QWidget*)> open;
-    return open;
-}
-
 WindowSlot<VaultWindow>& slot()
 {
     static WindowSlot<VaultWindow> form;
     return form;
 }
 
-// The end of the run is under way: a second one (a signal, Close again) leaves it to finish.
-bool runEnding = false;
-// An end asked for while the vault was being saved, to run once the save is done.
-bool endAfterSave = false;
-
 } // namespace
 
-VaultWindow* VaultWindow::Instance()
+VaultWindow* VaultWindow::Open(Vault& vault)
 {
-    return slot().Touch([] { return new VaultWindow; }, [](VaultWindow* form) { form->load(); });
+    return slot().Touch([&vault] { return new VaultWindow(vault); }, [](VaultWindow* form) { form->load(); });
 }
 
 VaultWindow* VaultWindow::Loaded()
@@ -84,15 +71,15 @@ void VaultWindow::Unload()
     VaultWindow* form = slot().Take();
     if (!form)
         return;
-    form->unloaded = true;
+    form->isUnloaded = true;
     form->save();
     form->hide();
     form->deleteLater();
-    if (std::exchange(endAfterSave, false))
-        EndRun();
+    Q_EMIT form->unloaded();
 }
 
-VaultWindow::VaultWindow()
+VaultWindow::VaultWindow(Vault& vault)
+    : vault(vault)
 {
     setObjectName(QStringLiteral("VaultWindow"));
     buildMenus();
@@ -183,10 +170,10 @@ void VaultWindow::buildMenus()
 
     connect(newEntryAction, &QAction::triggered, this, &VaultWindow::newEntry);
     connect(deleteEntryAction, &QAction::triggered, this, &VaultWindow::deleteEntryFromMenu);
-    connect(closeAction, &QAction::triggered, this, &VaultWindow::EndRun);
+    connect(closeAction, &QAction::triggered, this, &VaultWindow::endRequested);
     connect(refreshAction, &QAction::triggered, this, &VaultWindow::refresh);
     connect(showWindowAction, &QAction::triggered, this, &VaultWindow::showWindow);
-    connect(trayCloseAction, &QAction::triggered, this, &VaultWindow::EndRun);
+    connect(trayCloseAction, &QAction::triggered, this, &VaultWindow::endRequested);
     connect(copyAction, &QAction::triggered, this, &VaultWindow::copyCurrentField);
     connect(cutAction, &QAction::triggered, this, &VaultWindow::cutCurrentField);
     connect(pasteAction, &QAction::triggered, this, &VaultWindow::pasteIntoCurrentField);
@@ -293,7 +280,7 @@ void VaultWindow::buildControls()
     noteBox->SetScrollBars(true, true);
     noteBox->resize(Twips(5055), noteBox->height());
 
-    CarryIntoCurrentEntry(this, boxes());
+    CarryIntoWorkingCopy(this, boxes(), working);
 
     // Only a click into a box makes it the current field: Tab does not, and nothing clears it.
     for (TextBox* b : { userNameBox, passphraseBox, passwordBox, urlBox, documentBox, noteBox })
@@ -485,13 +472,9 @@ void VaultWindow::load()
     setWindowTitle(QStringLiteral("Tolvane - ") + profile);
     setPanel(3, Lang(202) + QLatin1Char(' ') + profile);
 
-    const VaultLoad load = LoadVault(ProfileFile(QStringLiteral("list.dat")), &platform::YieldStep);
-    if (!load.read)
+    // A load that reads no entry keeps the run's vault as the last window left it.
+    if (!vault.load(ProfileFile(QStringLiteral("list.dat")), &platform::YieldStep).read)
         return;
-    // "1 To 0" is refused, so an empty vault leaves the table as it was.
-    entryTable.resize(1, static_cast<int>(load.entries.size()));
-    for (int i = 1; i <= load.entries.size() && entryTable.contains(i); ++i)
-        entryTable[i] = load.entries.at(i - 1);
     setListHeading(Lang(201));
     fillWithAllTitles();
 
@@ -512,14 +495,8 @@ void VaultWindow::save()
     if (list->rowCount() == 0)
         return; // a search without matches on the screen saves nothing
 
-    QList<Entry> entries;
-    for (int i = 1; i <= entryTable.upperBound(); ++i)
-        entries.append(entryTable[i]);
     const QString file = ProfileFile(QStringLiteral("list.dat"));
-    const VaultSave saved = SaveVault(file, entries, &platform::YieldStepHoldingInput);
-    // The escaping of the save changes the values in the table too.
-    for (int i = 1; i <= entryTable.upperBound() && i <= entries.size(); ++i)
-        entryTable[i] = entries.at(i - 1);
+    const VaultSave saved = vault.save(file, &platform::YieldStepHoldingInput);
     if (saved == VaultSave::TooLarge) {
         platform::MsgBox(Lang(OwnSlot::VaultTooLarge), platform::MB_ICONERROR);
     } else if (saved == VaultSave::WriteFailed) {
@@ -600,22 +577,22 @@ void VaultWindow::startSilentUpdateCheck()
 void VaultWindow::fillWithAllTitles()
 {
     list->Clear();
-    for (int i = 1; i <= entryTable.upperBound(); ++i)
-        list->addRow(Shown(entryTable[i].title));
+    for (const Entry& e : vault.all())
+        list->addRow(Shown(e.title));
 }
 
 void VaultWindow::search()
 {
     if (list->rowCount() == 0) {
-        platform::MsgBox(Lang(195), platform::MB_ICONINFORMATION); // the list is asked, not the table
+        platform::MsgBox(Lang(195), platform::MB_ICONINFORMATION); // the list is asked, not the vault
     } else if (searchBox->Text().isEmpty()) {
         platform::MsgBox(Lang(196), platform::MB_ICONINFORMATION);
     } else {
         setListHeading(Lang(197));
         list->Clear();
         const QString needle = searchBox->Text().toLower();
-        for (int i = 1; i <= entryTable.upperBound(); ++i) {
-            if (const std::optional<QString> row = SearchRow(entryTable[i], needle))
+        for (const Entry& e : vault.all()) {
+            if (const std::optional<QString> row = SearchRow(e, needle))
                 list->addRow(*row);
         }
         showAllButton->setVisible(true);
@@ -652,9 +629,8 @@ void VaultWindow::loadSelectedEntry()
 {
     const QString title = RowTitle(list->Text());
     if (!title.isEmpty()) {
-        const qint16 index = FindEntryByTitle(Stored(title));
-        if (index != 0) {
-            currentEntry = entryTable[index];
+        if (const qsizetype index = vault.lastIndexOf(Stored(title)); index >= 0) {
+            working = vault.at(index);
             return;
         }
     }
@@ -663,8 +639,8 @@ void VaultWindow::loadSelectedEntry()
 
 void VaultWindow::showCurrentEntry()
 {
-    ShowEntry(boxes(), currentEntry);
-    entryHeading->setText(Shown(currentEntry.title));
+    ShowEntry(boxes(), working);
+    entryHeading->setText(Shown(working.title));
 }
 
 void VaultWindow::showSelectedEntry()
@@ -675,38 +651,38 @@ void VaultWindow::showSelectedEntry()
 
 void VaultWindow::saveChangedEntry()
 {
-    if (VaultSaveRunning())
-        return; // the table is being saved
-    const Entry copy = currentEntry;
+    if (vault.saveRunning())
+        return;
+    const Entry copy = working;
     if (copy.title.isEmpty()) {
         platform::MsgBox(Lang(192), platform::MB_ICONERROR);
         return;
     }
-    if (StoreWouldOverfill(copy)) {
+    if (vault.storeWouldOverfill(copy)) {
         platform::MsgBox(Lang(OwnSlot::VaultTooLarge), platform::MB_ICONERROR);
         return;
     }
-    StoreEntry(copy);
+    vault.store(copy);
     platform::MsgBox(Lang(193), platform::MB_ICONINFORMATION);
     fillWithAllTitles(); // the mode stays, the selection is gone
 }
 
 void VaultWindow::newEntry()
 {
-    if (VaultSaveRunning())
-        return; // the table is being saved
-    currentEntry = Entry();
+    if (vault.saveRunning())
+        return;
+    working = Entry();
     QStringList rows;
     for (int i = 0; i < list->rowCount(); ++i)
         rows << list->rowText(i);
-    EntryDialog dialog(this, rows, [this] { fillWithAllTitles(); });
+    EntryDialog dialog(this, vault, working, rows, [this] { fillWithAllTitles(); });
     dialog.exec();
 }
 
 void VaultWindow::deleteSelectedEntry(int noSelectionSlot)
 {
-    if (VaultSaveRunning())
-        return; // the table is being saved
+    if (vault.saveRunning())
+        return;
     const QString title = RowTitle(list->Text());
     if (title.isEmpty()) {
         platform::MsgBox(Lang(noSelectionSlot), platform::MB_ICONERROR);
@@ -716,11 +692,10 @@ void VaultWindow::deleteSelectedEntry(int noSelectionSlot)
             platform::MB_YESNO | platform::MB_ICONQUESTION)
         == platform::IDNO)
         return;
-    const qint16 index = FindEntryByTitle(Stored(title));
-    if (index == 0)
+    const qsizetype index = vault.lastIndexOf(Stored(title));
+    if (index < 0)
         return;
-    RemoveEntry(entryTable, index);
-    vaultDirty = true;
+    vault.remove(index);
     list->removeRow(list->selectedRow());
     for (TextBox* b : { titleBox, urlBox, passwordBox, titleBox, noteBox, userNameBox, documentBox, passphraseBox })
         b->SetText(QString());
@@ -819,17 +794,14 @@ void VaultWindow::openSettings()
 {
     // Beside this window, not modal: the vault keeps working behind it. Its OK loads the vault
     // anew, which must wait for a save.
-    if (settingsOpener() && !VaultSaveRunning())
-        settingsOpener()(this);
+    if (!vault.saveRunning())
+        Q_EMIT settingsRequested();
 }
 
 void VaultWindow::showReport()
 {
-    // The report counts the rows on show but takes the entries from the top of the table.
-    QList<Entry> first;
-    for (int i = 1; i <= list->rowCount() && entryTable.contains(i); ++i)
-        first.append(entryTable[i]);
-    ShowReport(this, first);
+    // The report counts the rows on show but takes the entries from the top of the vault.
+    ShowReport(this, vault.all().mid(0, list->rowCount()));
 }
 
 void VaultWindow::exportVault()
@@ -839,7 +811,7 @@ void VaultWindow::exportVault()
 
 void VaultWindow::importVault()
 {
-    if (VaultSaveRunning())
+    if (vault.saveRunning())
         return; // its restart would end the run in the middle of the save
     ImportDialog::Instance(this)->exec();
 }
@@ -877,11 +849,6 @@ void VaultWindow::openLicence()
     LinkLicence();
 }
 
-void VaultWindow::ConnectSettings(std::function<void(QWidget*)> open)
-{
-    settingsOpener() = std::move(open);
-}
-
 void VaultWindow::ShowTrayMenuInBar()
 {
     // The program's title with an access key that no other menu of the bar takes, in any language.
@@ -894,21 +861,6 @@ void VaultWindow::StartUpdateCheckTimer()
     updateCheckTimer->start();
 }
 
-void VaultWindow::EndRun()
-{
-    if (runEnding)
-        return; // the end under way saves and ends the process, once
-    if (VaultSaveRunning()) {
-        endAfterSave = true; // the save of the close box: the run ends when it is done
-        return;
-    }
-    runEnding = true;
-    const auto ended = qScopeGuard([] { runEnding = false; }); // for a test, whose end of process returns
-    Unload();
-    TrayHost::Unload();
-    platform::EndProcess(0);
-}
-
 void VaultWindow::showWindow()
 {
     show();
@@ -919,12 +871,12 @@ void VaultWindow::showWindow()
 
 void VaultWindow::closeEvent(QCloseEvent* event)
 {
-    if (!unloaded) {
+    if (!isUnloaded) {
         Unload(); // the vault is saved; the icon in the notification area is the way back
         // Without a notification area there is no way back: the run ends as the File menu ends it.
         const TrayHost* host = TrayHost::Loaded();
         if (event->spontaneous() && (!host || !host->IconShown()))
-            EndRun();
+            Q_EMIT endRequested();
     }
     event->accept();
 }

@@ -2,15 +2,12 @@
 #pragma once
 // The vault window (the original's frmMain; its controls are listed in docs/original-names.md).
 // The list on the left, the boxes of the entry on show on the right. Its load reads the vault of
-// `current` into the entry table and its unload writes the table back; nothing else saves the
-// vault.
+// `current` into the run's vault and its unload writes it back; nothing else saves the vault.
 #include "core/Entry.h"
 #include "core/ListControl.h"
 #include "windows/EntryBoxes.h"
 
 #include <QMainWindow>
-
-#include <functional>
 
 class ClickablePicture;
 class ListBox;
@@ -22,25 +19,19 @@ class QPushButton;
 class QTimer;
 class SkinnedButton;
 class TextBox;
+class Vault;
 
 class VaultWindow : public QMainWindow
 {
     Q_OBJECT
 public:
-    // The one window of a run, created and loaded at its first use, as a form is.
-    static VaultWindow* Instance();
+    // The one window of a run, created and loaded over the run's vault at its first use, as a
+    // form is.
+    static VaultWindow* Open(Vault& vault);
     // The window if it is loaded, else null.
     static VaultWindow* Loaded();
     // Saves (the window's unload) and discards the window.
     static void Unload();
-    // The end of a run: the vault window unloaded (which saves), the host window unloaded (which
-    // empties the clipboard if the option says so), the process ended. It runs once: asked again
-    // while it runs (a signal, Close again) it does nothing, and asked during the save of the
-    // close box it ends the run when that save is done.
-    static void EndRun();
-
-    // The settings window lies above this one: whoever starts the program says how it opens.
-    static void ConnectSettings(std::function<void(QWidget* owner)> open);
 
     // The pop-up menu of the notification area; without one, it stands in the menu bar.
     QMenu* TrayMenu() const { return trayMenu; }
@@ -54,6 +45,9 @@ public:
     // in step with the title on show (every 100 ms; tests call it instead of waiting).
     void keepBoxesInStep();
 
+    // What the boxes have carried into the working copy so far: what Save stores.
+    const Entry& WorkingCopy() const { return working; }
+
     // The outer size of the window in twips, as the layout rules read and set it: the client
     // area below the menu bar and the frame of the original platform around it.
     int OuterWidth() const;
@@ -62,12 +56,21 @@ public:
     static constexpr int frameWidth = 240;
     static constexpr int frameHeight = 840;
 
+Q_SIGNALS:
+    // The user asked for the settings window (never while the vault is being saved).
+    void settingsRequested();
+    // The user asked to end the run: File > Close, the icon menu's Close, or the close box
+    // where there is no notification area to come back through.
+    void endRequested();
+    // The unload's save is done and the window is on its way out.
+    void unloaded();
+
 protected:
     void closeEvent(QCloseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    VaultWindow();
+    explicit VaultWindow(Vault& vault);
     void buildMenus();
     void buildControls();
     void buildPictures(QWidget* client);
@@ -158,7 +161,10 @@ private:
     QTimer* boxLockTimer;
     QTimer* updateCheckTimer;
 
-    bool unloaded = false;
+    Vault& vault;
+    // The working copy between the boxes and the vault (the new-entry dialog's too).
+    Entry working;
+    bool isUnloaded = false;
     // The field clicked last: its box, or none until a box was clicked.
     TextBox* currentField = nullptr;
     // The names of users.txt, read at the load (which provisions the tree when it can't be read).

@@ -49,11 +49,12 @@ private Q_SLOTS:
         QVERIFY(!QFile::exists(world.path(tree + u"users.txt"_s)) && QDir(world.path(profile)).isEmpty());
 
         qputenv("TOLVANE_MEDIA", world.path(u"program"_s).toLocal8Bit());
-        UsbMode = 1; // portable: the tree hangs in the drive's root, behind concatenation's doubled separator
+        QVERIFY(!PortableMode()); // on a drive, but no usb.inf beside the program
+        // Portable: the tree hangs in the drive's root, behind concatenation's doubled separator.
+        world.write(u"program/usb.inf"_s, "x");
         QCOMPARE(DataRoot() + u'|' + DataFolder(), u"D:\\|D:\\\\Brenmark\\Tolvane\\data\\"_s);
         QCOMPARE(MakeDirTree(DataFolder() + u"X"_s), qint16(-1));
         QVERIFY(QFileInfo(world.path(u"program/Brenmark/Tolvane/data/X"_s)).isDir());
-        UsbMode = 0;
     }
 };
 

@@ -72,7 +72,7 @@ private Q_SLOTS:
         name->setCursorPosition(0);
         ui::click(vault, Lang(218)); // paste at the caret, and only the table's copy is old
         QCOMPARE(name->text(), u"annabel"_s);
-        QCOMPARE(currentEntry.userName, QByteArray("annabel"));
+        QCOMPARE(vault->WorkingCopy().userName, QByteArray("annabel"));
 
         // After a delete the locked box stays current: no cut, paste or undo; its copy empties the clipboard.
         ui::type(vault, Lang(247), u"note"_s);

@@ -80,10 +80,10 @@ private Q_SLOTS:
         ui::clickRow(vault, Lang(201), 0);
         vault->keepBoxesInStep(); // the boxes free now, not at the timer's next tick
         ui::type(vault, Lang(242), u"-x"_s);
-        QCOMPARE(currentEntry.userName, QByteArray("ann")); // the box has not been left yet
+        QCOMPARE(vault->WorkingCopy().userName, QByteArray("ann")); // the box has not been left yet
         QTest::mouseMove(ui::get(vault, Lang(214))); // merely passing over a button takes the focus
         QTRY_VERIFY(ui::get(vault, Lang(214))->hasFocus());
-        QCOMPARE(currentEntry.userName, QByteArray("-xann"));
+        QCOMPARE(vault->WorkingCopy().userName, QByteArray("-xann"));
         QCOMPARE(ui::text(vault, Lang(242)), u"-xann"_s); // nothing was clicked
     }
 

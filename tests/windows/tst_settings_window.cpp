@@ -17,7 +17,7 @@ VaultWindow* startWith(ProgramRun& run, const QStringList& more, const QString& 
     run.provision(more);
     run.setConfig(Keys::current, current);
     run.setConfig(Keys::defaultProfile, defaultProfile);
-    VaultWindow* vault = VaultWindow::Instance();
+    VaultWindow* vault = run.program->vaultWindow();
     ui::activate(vault);
     return vault;
 }
@@ -51,6 +51,7 @@ private Q_SLOTS:
         ProgramRun run;
         VaultWindow* vault = startWith(run, {});
         QFile::remove(run.data(u"Administrator/cfg.txt"_s));
+        run.program->vault().store({ "Kept", {}, {}, {}, {}, {}, {}, {} }); // not listed: the unload saves nothing
         ui::click<SkinnedButton>(vault, Lang(228)); // the toolbar opens the same window
         QWidget* settings = ui::window(title);
         QVERIFY(settings && !settings->isModal() && settings->parentWidget() == vault);
@@ -70,6 +71,7 @@ private Q_SLOTS:
         QVERIFY(!ui::window(title));
         VaultWindow* reloaded = VaultWindow::Loaded();
         QVERIFY(reloaded && reloaded != vault && reloaded->isVisible());
+        QCOMPARE(ui::rows(reloaded, Lang(201)), QStringList { u"Kept"_s }); // an empty file keeps the run's vault
         QCOMPARE(ui::get<QLineEdit>(reloaded, Lang(244))->echoMode(), QLineEdit::Password);
         QVERIFY(!(reloaded->windowFlags() & Qt::WindowStaysOnTopHint)); // "on top" is a dead switch
 

@@ -261,11 +261,9 @@ private Q_SLOTS:
         QCOMPARE(run.vaultOnDisk()[0].userName, QByteArray("ba\0", 3)); // read back with its padding
         // More than the walk can carry: the message, and the vault on disk stays as it was.
         run.start();
-        for (int i = 0; i < 200; ++i) {
-            qint16 end = -1;
-            InsertEntry(
-                entryTable, Entry { "Big" + QByteArray::number(i), {}, {}, {}, {}, {}, QByteArray(200, 'x'), {} }, end);
-        }
+        for (int i = 0; i < 200; ++i)
+            run.program->vault().store(
+                Entry { "Big" + QByteArray::number(i), {}, {}, {}, {}, {}, QByteArray(200, 'x'), {} });
         const QString file = u"appdata/Brenmark/Tolvane/data/Administrator/list.dat"_s;
         const QByteArray onDisk = run.world.read(file);
         run.close();
@@ -279,11 +277,9 @@ private Q_SLOTS:
         VaultWindow* vault = run.startActive({});
         QVERIFY(vault);
         // 16 notes of 1,450 characters written in this run: 32,166 bytes of text, 598 short of the limit.
-        for (int i = 0; i < 16; ++i) {
-            qint16 end = -1;
-            InsertEntry(entryTable,
-                Entry { "Big" + QByteArray::number(i), {}, {}, {}, {}, {}, QByteArray(1450, 'x'), {} }, end);
-        }
+        for (int i = 0; i < 16; ++i)
+            run.program->vault().store(
+                Entry { "Big" + QByteArray::number(i), {}, {}, {}, {}, {}, QByteArray(1450, 'x'), {} });
         const QString tooLarge = u"16|Tolvane|"_s + Lang(900);
         const QString more(600, u'y');
         // The new-entry dialog says so and stays open; a small entry still goes in.
@@ -319,7 +315,7 @@ private Q_SLOTS:
         // What a signal's handler runs, in the middle of the save's walk.
         const auto endMidSave = [&] {
             try {
-                VaultWindow::EndRun();
+                run.program->endRun();
             } catch (const ProcessEnded&) {
                 ++endsMidSave;
             }
