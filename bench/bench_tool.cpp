@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The terminal tool's reading commands on a profile of 300 entries, each timed as a whole
-// process (start to exit), median of the rounds, beside the program's own load of that vault.
+// process, median of the rounds, beside the program's own load of that vault: from its start to
+// its end, and the processor time it took (which other work on the machine does not stretch).
 // Other builds of the tool given after the rounds run the same commands in turn with this one,
 // so that their figures come from one run on one machine's load.
 // Run: build/bench/bench_tool [rounds] [other tolvane-vault ...]
@@ -19,6 +20,7 @@
 #include <cstdlib>
 #include <fcntl.h>
 #include <spawn.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 
@@ -32,9 +34,14 @@ double median(QList<double> times)
     return times.at(times.size() / 2);
 }
 
-// One run of the tool, its output into a file: milliseconds from its start to its end, or a
-// negative number when it failed or printed nothing.
-double timedRun(const QByteArray& tool, const QList<QByteArray>& arguments, const QByteArray& output)
+struct Times
+{
+    double wall = -1; // negative when it failed or printed nothing
+    double processor = -1;
+};
+
+// One run of the tool, its output into a file, in milliseconds.
+Times timedRun(const QByteArray& tool, const QList<QByteArray>& arguments, const QByteArray& output)
 {
     std::vector<QByteArray> kept { tool };
     kept.insert(kept.end(), arguments.begin(), arguments.end());
@@ -51,14 +58,18 @@ double timedRun(const QByteArray& tool, const QList<QByteArray>& arguments, cons
     pid_t id = 0;
     const bool started = posix_spawn(&id, tool.constData(), &actions, nullptr, argv.data(), environ) == 0;
     int status = 0;
-    const bool ended = started && waitpid(id, &status, 0) == id;
+    rusage used {};
+    const bool ended = started && wait4(id, &status, 0, &used) == id;
     const double ms = t.nsecsElapsed() / 1e6;
     posix_spawn_file_actions_destroy(&actions);
     struct stat written
     {
     };
     const bool printed = ::stat(output.constData(), &written) == 0 && written.st_size > 0;
-    return ended && WIFEXITED(status) && WEXITSTATUS(status) == 0 && printed ? ms : -1;
+    if (!ended || !WIFEXITED(status) || WEXITSTATUS(status) != 0 || !printed)
+        return {};
+    const auto msOf = [](const timeval& v) { return v.tv_sec * 1e3 + v.tv_usec / 1e3; };
+    return { ms, msOf(used.ru_utime) + msOf(used.ru_stime) };
 }
 
 } // namespace
@@ -92,12 +103,17 @@ int main(int argc, char* argv[])
     qputenv("TOLVANE_APPDATA", dir.path().toLocal8Bit());
     qputenv("TOLVANE_REGISTRY", (dir.path() + QStringLiteral("/registry")).toLocal8Bit());
 
-    // The program's own load of the vault at its login, in its process, yields included.
+    // The program's own load of the vault at its login, in its process, yields included: it reads
+    // the file and writes it back, so a copy of it is loaded, each time afresh.
+    const QString copy = dir.path() + QStringLiteral("/loaded.dat");
     QList<double> loads;
     for (int r = 0; r < rounds; ++r) {
+        QFile::remove(copy);
+        if (!QFile::copy(platform::ToNative(vault), copy))
+            return 1;
         QElapsedTimer t;
         t.start();
-        if (LoadVault(vault, Yield(&platform::YieldStep)).entries.size() != profile.size())
+        if (LoadVault(platform::ToWindows(copy), Yield(&platform::YieldStep)).entries.size() != profile.size())
             return 1;
         loads << t.nsecsElapsed() / 1e6;
     }
@@ -112,34 +128,41 @@ int main(int argc, char* argv[])
         { "generate", { "generate", "--length", "12" } },
     };
     const QByteArray output = QFile::encodeName(dir.path() + QStringLiteral("/output"));
-    // times[command][tool], the tools taking turns within each round.
-    QList<QList<QList<double>>> times(std::size(commands), QList<QList<double>>(tools.size()));
+    // wall[command][tool] and processor[command][tool], the tools taking turns within each round.
+    QList<QList<QList<double>>> wall(std::size(commands), QList<QList<double>>(tools.size()));
+    QList<QList<QList<double>>> processor = wall;
     for (int r = 0; r < rounds; ++r) {
         for (size_t c = 0; c < std::size(commands); ++c) {
             for (qsizetype t = 0; t < tools.size(); ++t) {
-                const double ms = timedRun(tools.at(t), commands[c].second, output);
-                if (ms < 0) {
+                const Times ms = timedRun(tools.at(t), commands[c].second, output);
+                if (ms.wall < 0) {
                     std::fprintf(stderr, "%s %s failed\n", tools.at(t).constData(), commands[c].first);
                     return 1;
                 }
-                times[c][t] << ms;
+                wall[c][t] << ms.wall;
+                processor[c][t] << ms.processor;
             }
         }
     }
 
-    std::printf("a profile of %lld entries, %d rounds; the program's load of its vault: median %.2f ms\n",
+    std::printf("a profile of %lld entries, %d rounds; the program's load of its vault (read and written back): "
+                "median %.2f ms\n",
         static_cast<long long>(profile.size()), rounds, median(loads));
-    std::printf("tolvane-vault, whole process, median ms:\n");
+    std::printf("tolvane-vault, whole process, median ms from start to end and of processor time:\n");
     for (qsizetype t = 0; t < tools.size(); ++t)
         std::printf("  [%lld] %s\n", static_cast<long long>(t + 1), tools.at(t).constData());
     std::printf("%-16s", "command");
-    for (qsizetype t = 0; t < tools.size(); ++t)
-        std::printf("%8s", qPrintable(QStringLiteral("[%1]").arg(t + 1)));
+    for (const char* kind : { "", " cpu" }) {
+        for (qsizetype t = 0; t < tools.size(); ++t)
+            std::printf("%10s", qPrintable(QStringLiteral("[%1]%2").arg(t + 1).arg(QLatin1String(kind))));
+    }
     std::printf("\n");
     for (size_t c = 0; c < std::size(commands); ++c) {
         std::printf("%-16s", commands[c].first);
-        for (qsizetype t = 0; t < tools.size(); ++t)
-            std::printf("%8.2f", median(times[c][t]));
+        for (const auto* times : { &wall, &processor }) {
+            for (qsizetype t = 0; t < tools.size(); ++t)
+                std::printf("%10.2f", median((*times)[c][t]));
+        }
         std::printf("\n");
     }
     return 0;
