@@ -1,15 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Loads and saves a full-size vault through the real routines, yields included, and prints the
-// median time of each; then the tool's ls of it as a profile. Run: build/bench/bench_vault [rounds]
+// median time of each (the tool's commands: bench_tool). Run: build/bench/bench_vault [rounds]
 #include "core/VaultFile.h"
 #include "platform/Paths.h"
 #include "platform/Runtime.h"
 
 #include <QCoreApplication>
-#include <QDir>
 #include <QElapsedTimer>
-#include <QFile>
-#include <QProcess>
 #include <QTemporaryDir>
 
 #include <algorithm>
@@ -82,40 +79,5 @@ int main(int argc, char* argv[])
     std::printf("reading of 150,000 sections (%lld bytes): median %.2f ms\n", static_cast<long long>(sections.size()),
         parses.at(parses.size() / 2));
 
-    // The tool's ls of a profile of 300 short entries (title, user name, password), the whole
-    // process timed.
-    const QString data = dir.path() + QStringLiteral("/Brenmark/Tolvane/data/");
-    QDir().mkpath(data + QStringLiteral("Administrator"));
-    QList<Entry> profile;
-    for (int i = 0; i < 300; ++i)
-        profile.append(Entry { "Site " + QByteArray::number(i), "pw-" + QByteArray::number(i * 7919), {},
-            "user" + QByteArray::number(i), {}, {}, {}, {} });
-    if (SaveVault(platform::ToWindows(data + QStringLiteral("Administrator/list.dat")), profile) != VaultSave::Saved)
-        return 1;
-    for (const auto& [file, text] :
-        { std::pair { "users.txt", "Administrator\r\n" }, { "Administrator/dummy.dat", "x" },
-            { "config.txt", "[user]\r\ncurrent=Administrator\r\ndefault=Administrator\r\n" } }) {
-        QFile f(data + QLatin1String(file));
-        if (!f.open(QIODevice::WriteOnly) || f.write(text) < 0)
-            return 1;
-    }
-    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-    env.insert(QStringLiteral("TOLVANE_APPDATA"), dir.path());
-    env.insert(QStringLiteral("TOLVANE_REGISTRY"), dir.path() + QStringLiteral("/registry"));
-    QList<double> lists;
-    for (int r = 0; r < rounds; ++r) {
-        QProcess tool;
-        tool.setProcessEnvironment(env);
-        QElapsedTimer t;
-        t.start();
-        tool.start(QStringLiteral(TOLVANE_VAULT_TOOL), { QStringLiteral("ls") });
-        if (!tool.waitForFinished() || tool.exitCode() != 0
-            || tool.readAllStandardOutput().count('\n') != profile.size())
-            return 1;
-        lists << t.nsecsElapsed() / 1e6;
-    }
-    std::sort(lists.begin(), lists.end());
-    std::printf("tolvane-vault ls of %lld entries, whole process: median %.2f ms\n",
-        static_cast<long long>(profile.size()), lists.at(lists.size() / 2));
     return 0;
 }

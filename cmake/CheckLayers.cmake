@@ -7,7 +7,7 @@
 cmake_minimum_required(VERSION 3.20)
 set(LAYERS program tool windows widgets core platform)
 set(READS_program program windows widgets core platform)
-set(READS_tool tool widgets core platform)
+set(READS_tool tool core platform)
 set(READS_windows windows widgets core platform)
 set(READS_widgets widgets core platform)
 set(READS_core core platform)

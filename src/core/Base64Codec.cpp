@@ -4,6 +4,9 @@
 #include "platform/CodePage.h"
 #include "platform/MessageBox.h"
 
+#include <algorithm>
+#include <array>
+
 namespace {
 
 BadGroupHandler& badGroupHandler()
@@ -96,12 +99,11 @@ QByteArray Encode64(const QByteArray& text)
 
 QByteArray StripBlanks(const QByteArray& text)
 {
-    QByteArray out;
-    out.reserve(text.size());
-    for (char c : text) {
-        if (c != '\r' && c != '\n' && c != '\t' && c != ' ')
-            out.append(c);
-    }
+    const auto blank = [](char c) { return c == '\r' || c == '\n' || c == '\t' || c == ' '; };
+    if (std::none_of(text.cbegin(), text.cend(), blank))
+        return text;
+    QByteArray out(text.size(), Qt::Uninitialized);
+    out.truncate(std::remove_copy_if(text.cbegin(), text.cend(), out.data(), blank) - out.constData());
     return out;
 }
 
@@ -155,22 +157,48 @@ QByteArray DecodeQuad(const QByteArray& four)
 
 QByteArray Decode64(const QByteArray& text)
 {
+    // The value of each letter of the alphabet ("=" is none), -1 for every other byte.
+    static const std::array<qint8, 256> letterValues = [] {
+        std::array<qint8, 256> values {};
+        for (int c = 0; c < 256; ++c)
+            values[static_cast<size_t>(c)]
+                = isAlphabet(static_cast<char>(c)) ? static_cast<qint8>(SextetValue(static_cast<char>(c))) : qint8(-1);
+        return values;
+    }();
     const QByteArray stripped = StripBlanks(text);
     const qsizetype n = stripped.size();
-    QByteArray out;
-    out.reserve(n * 3 / 4 + 3);
+    // Every group gives three bytes at most.
+    QByteArray out((n + 3) / 4 * 3, Qt::Uninitialized);
+    char* to = out.data();
     for (qsizetype i = 0; i < n; i += 4) {
+        // A whole group of the alphabet passes every check below: it is decoded as it stands, and
+        // only other groups (padding, bad characters, a short end) take the checks' long way.
+        if (i + 4 <= n) {
+            quint32 v = 0;
+            bool plain = true;
+            for (qsizetype k = i; k < i + 4 && plain; ++k) {
+                const int s = letterValues[static_cast<uchar>(stripped.at(k))];
+                plain = s >= 0;
+                v = v * 64u + static_cast<quint32>(s);
+            }
+            if (plain) {
+                *to++ = static_cast<char>((v >> 16) & 0xFF);
+                *to++ = static_cast<char>((v >> 8) & 0xFF);
+                *to++ = static_cast<char>(v & 0xFF);
+                continue;
+            }
+        }
         QByteArray four = stripped.mid(i, 4);
         while (four.size() < 4)
             four.append('=');
-        const QByteArray r = DecodeQuad(four);
-        if (r.size() == 3) {
-            out += r;
-        } else {
+        QByteArray r = DecodeQuad(four);
+        if (r.size() != 3) {
             if (!askAboutBadGroup(four))
                 break;
-            out += "???";
+            r = "???";
         }
+        to = std::copy(r.cbegin(), r.cend(), to);
     }
+    out.truncate(to - out.constData());
     return out;
 }

@@ -87,6 +87,8 @@ QByteArray EscapeValue(QByteArray& text)
 QByteArray UnescapeValue(const QByteArray& text)
 {
     static const char table[] = { '&', '=', '[', ']', '\r', '\n', ' ', ';' };
+    if (!text.contains('&'))
+        return text;
     // One pass: the search for the next "&" goes on behind the character an escape became, so
     // that character is never read again.
     QByteArray out;

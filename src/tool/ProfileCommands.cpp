@@ -5,64 +5,32 @@
 #include "core/DataTree.h"
 #include "core/EntrySearch.h"
 #include "core/ListControl.h"
+#include "core/ListOrder.h"
 #include "core/LoginOffer.h"
 #include "core/PasswordRecipe.h"
 #include "core/ProfileMarkers.h"
 #include "core/VaultFile.h"
-#include "platform/Clipboard.h"
+#include "platform/ClipboardKeeper.h"
 #include "platform/CodePage.h"
+#include "platform/Display.h"
 #include "platform/Files.h"
 #include "platform/Paths.h"
-#include "platform/Runtime.h"
 #include "platform/Terminal.h"
-#include "widgets/ClipboardCopy.h"
-#include "widgets/ListBox.h"
+#include "tool/EntryJson.h"
 
-#include <QClipboard>
-#include <QCoreApplication>
-#include <QGuiApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QTimer>
 
 #include <algorithm>
 #include <cstdio>
 
 namespace {
 
-// The fields as the vault window shows them, top to bottom, with the names the command line and
-// the JSON use.
-struct Field
-{
-    const char* name;
-    QByteArray Entry::*member;
-    const char* label;
-};
-constexpr Field fields[] = {
-    { "title", &Entry::title, "Title" },
-    { "user", &Entry::userName, "User name" },
-    { "passphrase", &Entry::passphrase, "Passphrase" },
-    { "password", &Entry::password, "Password" },
-    { "url", &Entry::url, "URL" },
-    { "document", &Entry::document, "Document" },
-    { "note", &Entry::note, "Note" },
-};
-
-const Field* fieldNamed(const QString& name)
-{
-    for (const Field& f : fields) {
-        if (name == QLatin1String(f.name))
-            return &f;
-    }
-    return nullptr;
-}
-
 // A value as the boxes show it: the codec's padding zeros end it.
 QString shown(const QByteArray& value)
 {
-    const QString text = Shown(value);
-    return text.left(text.indexOf(QChar(0)));
+    return RowText(Shown(value));
 }
 
 const QString masked = QStringLiteral("********");
@@ -162,11 +130,6 @@ const ProfileCommands::Verb* ProfileCommands::verbNamed(const QString& name)
 bool ProfileCommands::Handles(const QString& command)
 {
     return verbNamed(command) != nullptr;
-}
-
-bool ProfileCommands::NeedsClipboard(const QString& command)
-{
-    return command == QLatin1String("clip");
 }
 
 const char* ProfileCommands::Usage()
@@ -332,16 +295,6 @@ std::optional<ProfileCommands::OpenVault> ProfileCommands::openEntry(bool toWrit
     return vault;
 }
 
-QStringList ProfileCommands::sortedRows(QStringList rows)
-{
-    for (QString& row : rows)
-        row = row.left(row.indexOf(QChar(0)));
-    // The list puts each row after those that sort the same: a stable sort gives that order.
-    std::stable_sort(
-        rows.begin(), rows.end(), [](const QString& a, const QString& b) { return ListBox::CompareRows(a, b) < 0; });
-    return rows;
-}
-
 int ProfileCommands::lastIndexOf(const QList<Entry>& entries, const QString& title)
 {
     const QByteArray key = Stored(title);
@@ -360,7 +313,7 @@ int ProfileCommands::list()
     QStringList titles;
     for (const Entry& e : vault->entries)
         titles.append(Shown(e.title));
-    titles = sortedRows(titles);
+    titles = SortedRows(titles);
     if (flag("json"))
         printJson(QJsonDocument(QJsonArray::fromStringList(titles)));
     else
@@ -381,7 +334,7 @@ int ProfileCommands::search()
         if (const std::optional<QString> row = SearchRow(e, needle))
             rows.append(*row);
     }
-    rows = sortedRows(rows);
+    rows = SortedRows(rows);
     if (flag("json")) {
         QJsonArray array;
         for (const QString& row : rows)
@@ -402,7 +355,7 @@ int ProfileCommands::show()
     const bool clear = flag("show-password");
     QJsonObject object;
     QString text;
-    for (const Field& f : fields) {
+    for (const EntryField& f : ShownFields) {
         const bool hidden = f.member == &Entry::password && !clear && !(e.*f.member).isEmpty();
         const QString value = hidden ? masked : shown(e.*f.member);
         object.insert(QLatin1String(f.name), value);
@@ -415,35 +368,32 @@ int ProfileCommands::show()
 int ProfileCommands::clip()
 {
     const QString fieldName = positional.value(1, QStringLiteral("password"));
-    const Field* field = fieldNamed(fieldName);
+    const EntryField* field = ShownFieldNamed(fieldName);
     if (!field)
         return usageError(QStringLiteral("no field \"%1\"").arg(fieldName));
     bool ok = true;
     const int seconds = option("seconds").value_or(QStringLiteral("10")).toInt(&ok);
     if (!ok || seconds < 1 || seconds > 86400)
         return usageError(QStringLiteral("--seconds takes a whole number of seconds, 1 to 86400 (a day)"));
-    if (!qobject_cast<QGuiApplication*>(QCoreApplication::instance()))
+    if (!platform::DisplayAnswers())
         return refuse(QStringLiteral("clip needs a desktop session's clipboard, and there is no display"));
+    // Without the keeper there is nobody to hold the text with its secret mark and empty the
+    // clipboard in time: a copy carried away without it says so rather than copy otherwise.
+    const QString keeper = platform::ClipboardKeeperBeside();
+    if (keeper.isEmpty())
+        return refuse(QStringLiteral("clip needs tolvane-clipboard-keeper beside the tool to hold the clipboard, "
+                                     "and this copy has none"));
     const std::optional<OpenVault> vault = openEntry();
     if (!vault)
         return 1;
-    // The program's own copy: 8-bit text, marked secret for clipboard managers.
-    QString text = shown(vault->entries.at(vault->index).*field->member);
-    SetClipboardText(text);
-    const QString copied = platform::ClipboardText();
-    std::fprintf(stderr, "The %s of \"%s\" is on the clipboard for %d seconds (Ctrl+C clears it now).\n",
-        QByteArray(field->label).toLower().constData(), positional.at(0).toLocal8Bit().constData(), seconds);
-    // Cleared only while it is still ours and still this text: a later copy elsewhere stays.
-    const auto clearIfOurs = [copied] {
-        QClipboard* clipboard = QGuiApplication::clipboard();
-        if (clipboard->ownsClipboard() && clipboard->text() == copied)
-            platform::ClipboardClear();
-        QCoreApplication::quit();
-    };
-    platform::OnTerminationRequest(clearIfOurs);
-    QTimer::singleShot(seconds * 1000, clearIfOurs);
-    QCoreApplication::exec();
-    return 0;
+    // The program's own copy: the code page's text (already 8-bit), marked secret.
+    const QString text = shown(vault->entries.at(vault->index).*field->member);
+    const QByteArray what = QByteArray(field->label).toLower();
+    const bool held = platform::HoldOnClipboard(keeper, text, seconds, [&] {
+        std::fprintf(stderr, "The %s of \"%s\" is on the clipboard for %d seconds (Ctrl+C clears it now).\n",
+            what.constData(), positional.at(0).toLocal8Bit().constData(), seconds);
+    });
+    return held ? 0 : refuse(QStringLiteral("the %1 could not be put on the clipboard").arg(QLatin1String(what)));
 }
 
 std::optional<QString> ProfileCommands::generatedPassword()
@@ -503,7 +453,7 @@ bool ProfileCommands::takeNewPassword()
 
 void ProfileCommands::applyFieldOptions(Entry& entry)
 {
-    for (const Field& f : fields) {
+    for (const EntryField& f : ShownFields) {
         const std::optional<QString> value = f.member == &Entry::title ? std::nullopt : option(f.name);
         if (!value)
             continue;
@@ -526,7 +476,7 @@ int ProfileCommands::writeEntries(const Profile& profile, Vault& entries, const 
     const QList<Entry> readBack = ParseInnerText(ComposeInnerText(copy));
     const int back = lastIndexOf(readBack, changedTitle);
     if (changed >= 0 && back >= 0) {
-        for (const Field& f : fields) {
+        for (const EntryField& f : ShownFields) {
             if (shown(readBack.at(back).*f.member) != shown(entries.at(changed).*f.member))
                 warn(QStringLiteral("the %1 of \"%2\" will read back as \"%3\"")
                          .arg(QLatin1String(f.name), changedTitle, shown(readBack.at(back).*f.member)));
@@ -576,8 +526,8 @@ int ProfileCommands::add()
 int ProfileCommands::edit()
 {
     // Every save escapes escaped values once more: a write that changes nothing is no write.
-    const bool anyField = std::any_of(std::begin(fields) + 1, std::end(fields),
-                              [this](const Field& f) { return options.contains(QLatin1String(f.name)); })
+    const bool anyField = std::any_of(std::begin(ShownFields) + 1, std::end(ShownFields),
+                              [this](const EntryField& f) { return options.contains(QLatin1String(f.name)); })
         || flag("ask-password") || flag("generate");
     if (!anyField)
         return usageError(QStringLiteral("edit: give at least one field to change"));

@@ -42,8 +42,6 @@ public:
     static QString TitleFault(const QString& title);
 
     static bool Handles(const QString& command);
-    // Whether the command needs the desktop's clipboard (and so a GUI application object).
-    static bool NeedsClipboard(const QString& command);
     static const char* Usage();
 
     // 0 done, 1 refused or bad input, 2 usage.
@@ -100,8 +98,6 @@ private:
     void applyFieldOptions(Entry& entry);
     std::optional<QString> generatedPassword();
 
-    // The list's rows in the list's own order.
-    static QStringList sortedRows(QStringList rows);
     static int lastIndexOf(const QList<Entry>& entries, const QString& title);
 
     bool flag(const char* name) const { return flags.contains(QLatin1String(name)); }

@@ -7,17 +7,16 @@
 #include "core/VaultFile.h"
 #include "core/VaultRescue.h"
 #include "platform/CodePage.h"
-#include "platform/Display.h"
 #include "platform/Files.h"
 #include "platform/Paths.h"
 #include "platform/TreeLock.h"
+#include "tool/EntryJson.h"
 #include "tool/ProfileCommands.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QGuiApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -25,7 +24,6 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
-#include <memory>
 #include <optional>
 
 namespace {
@@ -40,9 +38,11 @@ Commands on a vault file:
   rescue FILE    print the entries with what the program's reading loses: long values whole,
                  escapes undone, padding cut
 
-FILE is a list.dat or an exported .tvd file. JSON texts are the fields' bytes in the
-program's 8-bit code page (Windows-1250 or -1252, chosen at its first start and kept;
-TOLVANE_CODEPAGE overrides it), so every byte survives a dump and a save unchanged.
+FILE is a list.dat or an exported .tvd file. An entry in JSON has title, user, password,
+passphrase, url, document, note and picture, as show --json names them. Its texts are the
+fields' bytes in the program's 8-bit code page (Windows-1250 or -1252, chosen at its first
+start and kept; TOLVANE_CODEPAGE overrides it), so every byte survives a dump and a save
+unchanged.
 
 Only regular files are read and written, and none larger than any vault (1 MiB). A save
 into a data tree takes the tree's lock, as the profile commands' writes do, and writes
@@ -58,26 +58,9 @@ Exit codes: 0 done, 1 refused or bad input (a wrong password, a write while the 
 runs, a missing or unreadable file, bad JSON, a vault too large), 2 usage.
 )";
 
-// The JSON of an entry speaks the file's language: "title", then the file's own keys.
-QList<EntryKey> jsonFields()
+void printJson(const QList<Entry>& entries)
 {
-    QList<EntryKey> fields { { "title", &Entry::title } };
-    for (const EntryKey& k : EncodedKeys)
-        fields.append(k);
-    fields.append(PictureKey);
-    return fields;
-}
-
-void printJson(QList<Entry> entries)
-{
-    QJsonArray array;
-    for (Entry& e : entries) {
-        QJsonObject object;
-        for (const EntryKey& k : jsonFields())
-            object.insert(QLatin1String(k.key), platform::FromCodePage(e.*k.field));
-        array.append(object);
-    }
-    const QByteArray out = QJsonDocument(array).toJson(QJsonDocument::Indented);
+    const QByteArray out = EntriesJson(entries);
     std::fwrite(out.constData(), 1, static_cast<size_t>(out.size()), stdout);
 }
 
@@ -137,15 +120,6 @@ bool readInput(QByteArray& input)
     return true;
 }
 
-// The command, found before the application object is made: a clipboard needs a GUI one.
-QString commandOf(int argc, char* argv[])
-{
-    QStringList arguments;
-    for (int i = 1; i < argc; ++i)
-        arguments.append(QString::fromLocal8Bit(argv[i]));
-    return ProfileCommands(arguments).Command();
-}
-
 void printUsage(FILE* stream)
 {
     std::fputs(usage, stream);
@@ -200,8 +174,8 @@ int save(const QString& given, const QString& path)
         if (const QString fault = ProfileCommands::TitleFault(title); !fault.isEmpty())
             return fail(fault);
         Entry e;
-        for (const EntryKey& k : jsonFields())
-            e.*k.field = platform::ToCodePage(v.toObject().value(QLatin1String(k.key)).toString());
+        for (const EntryField& f : EntryFields)
+            e.*f.member = platform::ToCodePage(v.toObject().value(QLatin1String(f.name)).toString());
         entries.append(e);
     }
     // Inside a data tree the program's rules hold: no write through a link below its top folder,
@@ -231,17 +205,11 @@ int save(const QString& given, const QString& path)
 
 int run(int argc, char* argv[])
 {
-    const QString command = commandOf(argc, argv);
-    // The desktop's clipboard needs a GUI application, which ends the process when the display
-    // can't be reached; without one, clip checks its arguments and then says so.
-    std::unique_ptr<QCoreApplication> app;
-    if (ProfileCommands::NeedsClipboard(command) && platform::DisplayAnswers())
-        app = std::make_unique<QGuiApplication>(argc, argv);
-    else
-        app = std::make_unique<QCoreApplication>(argc, argv);
+    QCoreApplication app(argc, argv);
     const QStringList args = QCoreApplication::arguments().mid(1);
     UseKeptCodePage(false); // the program's, whatever the locale says
     const ProfileCommands parsed(args);
+    const QString command = parsed.Command();
     // --help on any command: the whole help, exit codes included.
     if (parsed.HelpAsked()) {
         printUsage(stdout);

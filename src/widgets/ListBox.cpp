@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "widgets/ListBox.h"
 
-#include "platform/CodePage.h"
+#include "core/ListOrder.h"
 
-#include <QCollator>
 #include <QKeyEvent>
 #include <QMouseEvent>
 
@@ -15,23 +14,6 @@ ListBox::ListBox(bool sortedRows, QWidget* parent)
     setUniformItemSizes(true);
 }
 
-int ListBox::CompareRows(const QString& a, const QString& b)
-{
-    // The order of the code page's own language, whatever the machine's locale: Central
-    // European texts (1250) in Polish order, Western ones (1252) in English order, where Ä sorts
-    // with A and Zürich before zz.
-    static const QCollator collator = [] {
-        QCollator c(platform::CodePageNumber() == 1250 ? QLocale(QLocale::Polish, QLocale::Poland)
-                                                       : QLocale(QLocale::English, QLocale::UnitedStates));
-        c.setCaseSensitivity(Qt::CaseInsensitive);
-        return c;
-    }();
-    const int byCollation = collator.compare(a, b);
-    if (byCollation != 0)
-        return byCollation;
-    return QString::compare(a, b, Qt::CaseInsensitive);
-}
-
 void ListBox::Clear()
 {
     clear();
@@ -39,8 +21,7 @@ void ListBox::Clear()
 
 void ListBox::addRow(const QString& value, int index)
 {
-    // A row is a zero-terminated text: a field's padding zeros end it.
-    const QString item = value.left(value.indexOf(QChar(0)));
+    const QString item = RowText(value);
     if (!sorted) {
         if (index < 0 || index > count())
             addItem(item);

@@ -2,8 +2,8 @@
 #pragma once
 // The runtime's list box: rows of text (each ends at a first zero character), one selected at most, and a rowClicked
 // that comes with every mouse click in it and with every change of row by the keyboard. A sorted list keeps its rows in
-// alphabetical order of their whole text without regard to case, whatever order they come in, and the same on every
-// machine (the toolkit's own sorting is case-sensitive and follows the locale, so the order is kept here).
+// the list's order (core/ListOrder.h), whatever order they come in (the toolkit's own sorting is case-sensitive and
+// follows the locale).
 #include "core/ListControl.h"
 
 #include <QListWidget>
@@ -13,9 +13,6 @@ class ListBox : public QListWidget, public ListControl
     Q_OBJECT
 public:
     explicit ListBox(bool sorted, QWidget* parent = nullptr);
-
-    // The row order of a sorted list: negative when a stands before b.
-    static int CompareRows(const QString& a, const QString& b);
 
     void Clear() override;
     // A sorted list puts the row in its place and ignores the index.

@@ -69,23 +69,26 @@ private Q_SLOTS:
     {
         TestWorld world;
         const QString file = world.path(u"tool.dat"_s);
-        QCOMPARE(tool({ u"save"_s, file }, R"([{"title":"Mail","name":"anna","picture":"\u00ff\u0000x"}])").code, 0);
+        // The JSON names the fields as show --json and the options do, whatever the file calls them.
+        const QByteArray json = R"([{"title":"Mail","user":"anna","url":"a\u0022\\\t","picture":"\u00ff\u0000x"}])";
+        QCOMPARE(tool({ u"save"_s, file }, json).code, 0);
         const Run dump = tool({ u"dump"_s, file });
-        QCOMPARE((QStringList { QString::number(dump.code), dump.first(u"name"_s), dump.first(u"picture"_s) }),
-            (QStringList { u"0"_s, u"anna\u0000\u0000"_s, u"\u00ff\u0000x"_s }));
-        QList<Entry> same { Entry { "Mail", {}, {}, "anna", {}, {}, {}, QByteArray("\xff\0x", 3) } };
+        QCOMPARE((QStringList { QString::number(dump.code), dump.first(u"user"_s), dump.first(u"url"_s),
+                     dump.first(u"picture"_s) }),
+            (QStringList { u"0"_s, u"anna\u0000\u0000"_s, u"a\"\\\t\u0000\u0000"_s, u"\u00ff\u0000x"_s }));
+        QList<Entry> same { Entry { "Mail", {}, {}, "anna", "a\"\\\t", {}, {}, QByteArray("\xff\0x", 3) } };
         const QByteArray inner = ComposeInnerText(same);
         QCOMPARE(world.read(u"tool.dat"_s), LayerOn(inner)); // the program's own save, untouched by the dump
         QCOMPARE(tool({ u"unwrap"_s, file }).out, inner + QByteArray(3, '\0'));
         QList<Entry> lossy { Entry { "Note", {}, {}, {}, {}, {}, "a\r\nb=" + QByteArray(80, 'z'), {} } };
         SaveVault(u"C:\\..\\tool.dat"_s, lossy);
         const Run rescue = tool({ u"rescue"_s, file }); // what the program's reading loses
-        QCOMPARE(QByteArray::number(rescue.code) + rescue.first(u"extra"_s).toLatin1(), "0" + lossy[0].note);
-        QCOMPARE(tool({ u"dump"_s, file }).first(u"extra"_s).size(), 48);
+        QCOMPARE(QByteArray::number(rescue.code) + rescue.first(u"note"_s).toLatin1(), "0" + lossy[0].note);
+        QCOMPARE(tool({ u"dump"_s, file }).first(u"note"_s).size(), 48);
         world.write(u"bad.dat"_s, LayerOn("[A]\r\nname=YW5u*W5u\r\n"));
         const Run bad = tool({ u"dump"_s, world.path(u"bad.dat"_s) }); // a bad group: told, read on as OK
         QVERIFY(bad.err.contains("Illegal Characters <*W5u>"));
-        QCOMPARE(QString::number(bad.code) + bad.first(u"name"_s), u"0ann???"_s);
+        QCOMPARE(QString::number(bad.code) + bad.first(u"user"_s), u"0ann???"_s);
 
         QCOMPARE((QList<int> { tool({}).code, tool({ u"frobnicate"_s, u"x"_s }).code, tool({ u"--help"_s }).code }),
             (QList<int> { 2, 2, 0 }));
@@ -94,7 +97,7 @@ private Q_SLOTS:
         world.write(u"huge.dat"_s, QByteArray(2 << 20, '\0'));
         world.write(u"locked.dat"_s, "x");
         QFile::setPermissions(world.path(u"locked.dat"_s), QFile::WriteOwner);
-        const QByteArray tooLarge = "[{\"title\":\"Big\",\"extra\":\"" + QByteArray(30000, 'x') + "\"}]";
+        const QByteArray tooLarge = "[{\"title\":\"Big\",\"note\":\"" + QByteArray(30000, 'x') + "\"}]";
         const std::tuple<const char*, const char*, QByteArray, const char*> refusals[]
             = { { "dump", "none.dat", "", "no such file" }, { "save", "x.dat", tooLarge, "nothing was written" },
                   { "save", "x.dat", QByteArray(5 << 20, ' '), "longer than" },
@@ -283,6 +286,26 @@ private Q_SLOTS:
             p.setProcessEnvironment(env);
         });
         QVERIFY2(noDisplay.code == 1 && noDisplay.err.contains("no display"), noDisplay.err);
+        // The clipboard keeper beside the tool holds its copy, to its time or to a Ctrl+C: the tool
+        // links no GUI library. A copy of the tool without the keeper says so.
+        QFile built(toolPath);
+        QVERIFY(built.open(QIODevice::ReadOnly));
+        const QByteArray binary = built.readAll();
+        QVERIFY(!binary.contains("libQt6Gui") && !binary.contains("libQt6Network") && !binary.contains("libQt6DBus"));
+        const Run held = tool({ u"clip"_s, u"Foo"_s, u"user"_s, u"--seconds=1"_s });
+        QVERIFY2(held.code == 0 && held.err.contains("The user name of \"Foo\" is on the clipboard for 1 seconds"),
+            held.err);
+        QProcess clip;
+        clip.start(toolPath, { u"clip"_s, u"Foo"_s, u"--seconds=60"_s });
+        QByteArray said;
+        QTRY_VERIFY_WITH_TIMEOUT((said += clip.readAllStandardError()).contains("Ctrl+C clears it now"), 10000);
+        ::kill(static_cast<pid_t>(clip.processId()), SIGINT);
+        QVERIFY(clip.waitForFinished(5000) && clip.exitCode() == 0);
+        QVERIFY(QFile::copy(toolPath, run.world.path(u"alone"_s)));
+        toolPath = run.world.path(u"alone"_s);
+        const Run alone = tool({ u"clip"_s, u"Foo"_s });
+        toolPath = built.fileName();
+        QVERIFY2(alone.code == 1 && alone.err.contains("needs tolvane-clipboard-keeper"), alone.err);
         const QString vault = run.data(u"Administrator/list.dat"_s);
         QCOMPARE(tool({ u"dump"_s, vault }, {}, [](QProcess& p) { p.setStandardOutputFile(u"/dev/full"_s); }).code, 1);
         run.setConfig(Keys::defaultProfile, u"Nobody"_s); // the login offers Administrator: no password, no prompt

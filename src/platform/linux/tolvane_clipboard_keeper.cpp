@@ -1,9 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// tolvane-clipboard-keeper: serves the text that Tolvane still owned at its end on the X clipboard,
-// marked secret as every copy of the program is, until another program takes the clipboard.
-// Tolvane starts it with the text on standard input and waits for it: it ends once the clipboard
-// is its own (exit 0) or could not be taken (exit 1), while a child of it goes on serving.
+// tolvane-clipboard-keeper: holds a text on the desktop's clipboard for Tolvane, marked secret as
+// every copy of the program is. The text comes on standard input.
+// - Alone, it serves the text that Tolvane still owned at its end on the X clipboard until
+//   another program takes the clipboard. Tolvane waits for it: it ends once the clipboard is its
+//   own (exit 0) or could not be taken (exit 1), while a child of it goes on serving.
+// - With --hold SECONDS (the clip of tolvane-vault, which has no GUI library of its own), it puts
+//   the text on the clipboard, writes one byte to standard output once it is there, and in the
+//   foreground empties the clipboard after the seconds, or at once on SIGINT, SIGTERM or SIGHUP,
+//   unless something else was copied meanwhile; then it ends.
 #include "platform/Clipboard.h"
+#include "platform/Runtime.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -12,6 +18,7 @@
 
 #include <cerrno>
 #include <cstdlib>
+#include <cstring>
 #include <fcntl.h>
 #include <poll.h>
 #include <string>
@@ -38,13 +45,51 @@ bool readText(std::string& text)
     }
 }
 
-} // namespace
-
-int main(int argc, char* argv[])
+void putSecretText(QClipboard* clipboard, std::string& text)
 {
-    std::string text;
-    if (!readText(text) || text.empty())
-        return 1;
+    auto* data = new QMimeData;
+    data->setText(QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())));
+    data->setData(QString::fromLatin1(platform::secretHintFormat), QByteArrayLiteral("secret"));
+    text.assign(text.size(), '\0');
+    clipboard->setMimeData(data);
+}
+
+// The X window that owns the clipboard, asked of the window system itself: the toolkit does not
+// always notice that another program took the clipboard (its own record of owning it stays).
+// Off X11 there is no such window to ask, and it is always none.
+class ClipboardOwner
+{
+public:
+    explicit ClipboardOwner(QGuiApplication& app)
+    {
+        auto* x11 = app.nativeInterface<QNativeInterface::QX11Application>();
+        connection = x11 ? x11->connection() : nullptr;
+        if (!connection)
+            return;
+        const xcb_intern_atom_cookie_t named = xcb_intern_atom(connection, 0, 9, "CLIPBOARD");
+        xcb_intern_atom_reply_t* atom = xcb_intern_atom_reply(connection, named, nullptr);
+        selection = atom ? atom->atom : xcb_atom_t(XCB_ATOM_NONE);
+        free(atom);
+    }
+    bool onX11() const { return connection != nullptr; }
+    xcb_window_t operator()() const
+    {
+        if (!connection)
+            return XCB_NONE;
+        xcb_get_selection_owner_reply_t* reply
+            = xcb_get_selection_owner_reply(connection, xcb_get_selection_owner(connection, selection), nullptr);
+        const xcb_window_t window = reply ? reply->owner : xcb_window_t(XCB_NONE);
+        free(reply);
+        return window;
+    }
+
+private:
+    xcb_connection_t* connection = nullptr;
+    xcb_atom_t selection = XCB_ATOM_NONE;
+};
+
+int serveUntilTaken(int argc, char* argv[], std::string& text)
+{
     int ready[2];
     if (pipe(ready) != 0)
         return 1;
@@ -70,40 +115,67 @@ int main(int argc, char* argv[])
     }
     QGuiApplication app(argc, argv);
     QClipboard* clipboard = QGuiApplication::clipboard();
-    auto* data = new QMimeData;
-    data->setText(QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())));
-    data->setData(QString::fromLatin1(platform::secretHintFormat), QByteArrayLiteral("secret"));
-    text.assign(text.size(), '\0');
-    clipboard->setMimeData(data);
+    putSecretText(clipboard, text);
     if (!clipboard->ownsClipboard())
         return 1;
     const char byte = 1;
     if (write(ready[1], &byte, 1) != 1)
         return 1;
     close(ready[1]);
-    // The toolkit does not always notice that another program took the clipboard (its own
-    // record of owning it stays), so the window system is asked for the owner each second.
-    auto* x11 = app.nativeInterface<QNativeInterface::QX11Application>();
-    xcb_connection_t* connection = x11 ? x11->connection() : nullptr;
-    if (!connection)
+    const ClipboardOwner owner(app);
+    if (!owner.onX11())
         return 1;
-    const xcb_intern_atom_cookie_t named = xcb_intern_atom(connection, 0, 9, "CLIPBOARD");
-    xcb_intern_atom_reply_t* atom = xcb_intern_atom_reply(connection, named, nullptr);
-    const xcb_atom_t selection = atom ? atom->atom : xcb_atom_t(XCB_ATOM_NONE);
-    free(atom);
-    const auto owner = [connection, selection] {
-        xcb_get_selection_owner_reply_t* reply
-            = xcb_get_selection_owner_reply(connection, xcb_get_selection_owner(connection, selection), nullptr);
-        const xcb_window_t window = reply ? reply->owner : xcb_window_t(XCB_NONE);
-        free(reply);
-        return window;
-    };
     const xcb_window_t ours = owner();
     QTimer check;
-    QObject::connect(&check, &QTimer::timeout, &app, [clipboard, owner, ours] {
+    QObject::connect(&check, &QTimer::timeout, &app, [clipboard, &owner, ours] {
         if (!clipboard->ownsClipboard() || owner() != ours)
             QGuiApplication::quit();
     });
     check.start(1000);
     return QGuiApplication::exec();
+}
+
+int holdFor(int argc, char* argv[], std::string& text, int seconds)
+{
+    QGuiApplication app(argc, argv);
+    QClipboard* clipboard = QGuiApplication::clipboard();
+    putSecretText(clipboard, text);
+    const QString copied = clipboard->text();
+    const ClipboardOwner owner(app);
+    const xcb_window_t ours = owner();
+    const auto clearIfOurs = [clipboard, copied, &owner, ours] {
+        if (clipboard->ownsClipboard() && clipboard->text() == copied && owner() == ours)
+            clipboard->clear();
+        QGuiApplication::quit();
+    };
+    platform::OnTerminationRequest(clearIfOurs);
+    QTimer::singleShot(seconds * 1000, &app, clearIfOurs);
+    const char byte = 1;
+    if (write(STDOUT_FILENO, &byte, 1) != 1)
+        return 1;
+    const int nothing = open("/dev/null", O_WRONLY);
+    if (nothing >= 0) {
+        dup2(nothing, STDOUT_FILENO);
+        close(nothing);
+    }
+    return QGuiApplication::exec();
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    std::string text;
+    if (!readText(text))
+        return 1;
+    if (argc == 3 && std::strcmp(argv[1], "--hold") == 0) {
+        char* end = nullptr;
+        const long seconds = std::strtol(argv[2], &end, 10);
+        if (*end != '\0' || seconds < 1 || seconds > 86400)
+            return 1;
+        return holdFor(argc, argv, text, static_cast<int>(seconds));
+    }
+    if (text.empty())
+        return 1;
+    return serveUntilTaken(argc, argv, text);
 }

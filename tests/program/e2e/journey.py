@@ -237,6 +237,7 @@ try:
     tool.stdin.write(b"s3cret\n")
     tool.stdin.close()
     wait_for("the tool's copy on the X clipboard", lambda: clipboard() == "sh0p-pass", 5)
+    check_marked_secret("the tool's copy, which the keeper holds")
     if tool.wait(10) != 0 or clipboard() != "":
         sys.exit("FAIL: the tool ended with %d, the clipboard holds '%s'" % (tool.returncode, clipboard()))
     wait_for("the keeper gone once another program took the clipboard", lambda: not keepers(), 5)
