@@ -10,13 +10,13 @@ qint16 UsbMode = 0;
 
 void DetectUsbMode()
 {
-    UsbMode = FileExist(platform::AppPath() + QStringLiteral("\\usb.inf")) ? 1 : 0;
+    UsbMode = FileExist(platform::ProgramFolder() + QStringLiteral("\\usb.inf")) ? 1 : 0;
 }
 
 QString DataRoot()
 {
     if (UsbMode != 0)
-        return platform::AppPath();
+        return platform::ProgramFolder();
     return platform::LocalAppDataFolder();
 }
 

@@ -32,7 +32,7 @@ int ListBox::CompareRows(const QString& a, const QString& b)
     return QString::compare(a, b, Qt::CaseInsensitive);
 }
 
-void ListBox::Clear()
+void ListBox::clearRows()
 {
     clear();
 }
@@ -72,7 +72,7 @@ QString ListBox::rowText(int index) const
     return row ? row->text() : QString();
 }
 
-QString ListBox::Text() const
+QString ListBox::selectedText() const
 {
     const int index = selectedRow();
     return index < 0 ? QString() : rowText(index);

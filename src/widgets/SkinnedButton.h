@@ -3,7 +3,7 @@
 // The program's one custom control: a push button drawn from three background pictures, with
 // an icon and a caption, that can act as a two-state toggle. Its hover look is its focus look:
 // a mouse move over the button takes the input focus, so merely passing over a button runs the
-// LostFocus of the box that had it.
+// focusLost of the box that had it.
 #include <QIcon>
 #include <QList>
 #include <QPair>
@@ -13,16 +13,13 @@
 class QLabel;
 class QTimer;
 
-// The property store of the window that holds controls: the values given at design time,
-// under their stored names. A value equal to its default is not stored, as the form's file
-// keeps only what differs.
-class PropertyBag
+// The values a window's design gives its controls, under their stored names. A value equal to
+// its default is not stored, as the form's file keeps only what differs.
+class DesignValues
 {
 public:
-    QVariant ReadProperty(const QString& name, const QVariant& defaultValue) const;
-    void WriteProperty(const QString& name, const QVariant& value, const QVariant& defaultValue);
-    // The stored names, in the order they were written.
-    QStringList Names() const;
+    QVariant value(const QString& name, const QVariant& defaultValue) const;
+    void setValue(const QString& name, const QVariant& value, const QVariant& defaultValue);
 
 private:
     QList<QPair<QString, QVariant>> values;
@@ -32,34 +29,21 @@ class SkinnedButton : public QWidget
 {
     Q_OBJECT
 public:
-    // Initialize, then ReadProperties from the host's store; startTimer is running.
-    explicit SkinnedButton(QWidget* parent, const PropertyBag& stored = PropertyBag());
+    // Initialize, then the values of the host's design; startTimer is running.
+    explicit SkinnedButton(QWidget* parent, const DesignValues& stored = DesignValues());
 
-    // The properties. The writers store the value and announce it under its stored name;
-    // Enabled, CanBeChecked and IsChecked change nothing on the screen (see applyStoredProperties).
-    QIcon PictureNormal() const;
-    void SetPictureNormal(const QIcon& picture);
-    QString Caption() const;
-    void SetCaption(const QString& caption);
-    bool Enabled() const;
-    void SetEnabled(bool enabled);
-    bool CanBeChecked() const;
-    void SetCanBeChecked(bool canBeChecked);
-    bool IsChecked() const;
-    void SetIsChecked(bool isChecked);
-
-    void ReadProperties(const PropertyBag& bag);
-    void WriteProperties(PropertyBag& bag) const;
+    QString caption() const;
+    bool isCheckable() const { return checkable; }
+    bool isChecked() const { return checked; }
 
     // Once, 10 ms after creation: the stored Enabled takes effect, and a toggle shows its state.
     void applyStoredProperties();
 
-    // The click of the control, its icon or its caption: a toggle flips, then Click.
+    // The click of the control, its icon or its caption: a toggle flips, then clicked.
     void click();
 
 Q_SIGNALS:
-    void Click();
-    void PropertyChanged(const QString& name);
+    void clicked();
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -93,8 +77,8 @@ private:
     const QLabel* picture = nullptr; // the background on show
     QIcon pictureNormal;
     bool enabled = true;
-    bool canBeChecked = false;
-    bool isChecked = false;
+    bool checkable = false;
+    bool checked = false;
     // A press whose release may click: not the second press of a double click.
     bool pressed = false;
 };

@@ -21,7 +21,7 @@ void CarryIntoCurrentEntry(QObject* context, const EntryBoxes& boxes)
     };
     for (const auto& [control, field] : carried) {
         QObject::connect(
-            control, &TextBox::LostFocus, context, [control, field] { currentEntry.*field = Stored(control->Text()); });
+            control, &TextBox::focusLost, context, [control, field] { currentEntry.*field = Stored(control->text()); });
     }
 }
 
@@ -35,11 +35,11 @@ void SetEntryCaptions(const EntryLabels& labels)
 
 void ShowEntry(const EntryBoxes& boxes, const Entry& entry)
 {
-    boxes.url->SetText(Shown(entry.url));
-    boxes.password->SetText(Shown(entry.password));
-    boxes.title->SetText(Shown(entry.title));
-    boxes.note->SetText(Shown(entry.note));
-    boxes.userName->SetText(Shown(entry.userName));
-    boxes.document->SetText(Shown(entry.document));
-    boxes.passphrase->SetText(Shown(entry.passphrase));
+    boxes.url->setText(Shown(entry.url));
+    boxes.password->setText(Shown(entry.password));
+    boxes.title->setText(Shown(entry.title));
+    boxes.note->setText(Shown(entry.note));
+    boxes.userName->setText(Shown(entry.userName));
+    boxes.document->setText(Shown(entry.document));
+    boxes.passphrase->setText(Shown(entry.passphrase));
 }
