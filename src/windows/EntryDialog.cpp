@@ -71,8 +71,8 @@ EntryDialog::EntryDialog(QWidget* owner, const QStringList& rows, std::function<
     generatorButton->setPicture(GeneratorPicture());
     generatorButton->setTabStop(true);
     connect(generatorButton, &ClickablePicture::clicked, this, &EntryDialog::openGenerator);
-    connect(generatorButton, &ClickablePicture::mouseMoved, this,
-        [this] { platform::ShowHandCursor(generatorButton); });
+    connect(
+        generatorButton, &ClickablePicture::mouseMoved, this, [this] { platform::ShowHandCursor(generatorButton); });
     hintButton = Named(new QPushButton(QStringLiteral("?"), this), "hintButton");
     PlaceTwips(hintButton, 5040, 1920, 615, 270);
     connect(hintButton, &QPushButton::clicked, this, &EntryDialog::showDocumentHint);

@@ -72,8 +72,7 @@ PasswordGenerator::PasswordGenerator(QWidget* owner, TextBox* targetBox)
     copyButton->setPicture(CopyPicture());
     copyButton->setTabStop(true);
     connect(copyButton, &ClickablePicture::clicked, this, &PasswordGenerator::copyResult);
-    connect(copyButton, &ClickablePicture::mouseMoved, this,
-        [this] { platform::ShowHandCursor(copyButton); });
+    connect(copyButton, &ClickablePicture::mouseMoved, this, [this] { platform::ShowHandCursor(copyButton); });
 
     useButton = Named(new QPushButton(this), "useButton");
     PlaceTwips(useButton, 1320, 2400, 1215, 375);

@@ -376,8 +376,7 @@ void VaultWindow::buildPictures(QWidget* client)
         image->setPicture(p.picture());
         image->setTabStop(true);
         connect(image, &ClickablePicture::clicked, this, p.click);
-        connect(
-            image, &ClickablePicture::mouseMoved, this, [image] { platform::ShowHandCursor(image); });
+        connect(image, &ClickablePicture::mouseMoved, this, [image] { platform::ShowHandCursor(image); });
         *p.control = image;
     }
 }
