@@ -7,7 +7,7 @@
 
 namespace platform {
 
-struct MD5Context;
+struct MD5Context; // MD5_CTX: a digest under way
 
 struct MD5ContextDeleter
 {

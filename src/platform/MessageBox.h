@@ -13,24 +13,24 @@ namespace platform {
 
 enum class MessageButtons
 {
-    Ok,
-    OkCancel,
-    YesNo,
+    Ok, // MB_OK: the box's OK button
+    OkCancel, // MB_OKCANCEL: OK and Cancel
+    YesNo, // MB_YESNO: Yes and No
 };
 
 enum class MessageIcon
 {
     NoIcon,
-    Critical,
-    Question,
-    Warning,
-    Information,
+    Critical, // MB_ICONERROR: the critical icon
+    Question, // MB_ICONQUESTION
+    Warning, // MB_ICONWARNING
+    Information, // MB_ICONINFORMATION
 };
 
 enum class MessageDefault
 {
-    FirstButton,
-    SecondButton,
+    FirstButton, // MB_DEFBUTTON1
+    SecondButton, // MB_DEFBUTTON2
 };
 
 // The button chosen; a scripted answer that is none of these compares equal to none of them.
