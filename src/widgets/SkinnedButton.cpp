@@ -11,22 +11,6 @@
 #include <QPainter>
 #include <QTimer>
 
-QVariant DesignValues::value(const QString& name, const QVariant& defaultValue) const
-{
-    for (const auto& [key, value] : values) {
-        if (key == name)
-            return value;
-    }
-    return defaultValue;
-}
-
-void DesignValues::setValue(const QString& name, const QVariant& value, const QVariant& defaultValue)
-{
-    values.removeIf([&name](const QPair<QString, QVariant>& stored) { return stored.first == name; });
-    if (value != defaultValue)
-        values.append({ name, value });
-}
-
 namespace {
 
 // The runtime's mouse button values.
@@ -55,7 +39,6 @@ bool MovesBetweenControls(const QFocusEvent* event)
     return event->reason() != Qt::ActiveWindowFocusReason && event->reason() != Qt::PopupFocusReason;
 }
 
-// A toggle tells assistive tools whether it is checked.
 class SkinnedButtonAccessible : public ClickableAccessible
 {
 public:
@@ -67,14 +50,6 @@ public:
     // The backgrounds, frame parts, icon and caption are the button's look, not controls.
     int childCount() const override { return 0; }
     QAccessibleInterface* child(int) const override { return nullptr; }
-    QAccessible::State state() const override
-    {
-        QAccessible::State state = ClickableAccessible::state();
-        const auto* control = static_cast<const SkinnedButton*>(widget());
-        state.checkable = control->isCheckable();
-        state.checked = control->isCheckable() && control->isChecked();
-        return state;
-    }
 };
 
 QAccessibleInterface* SkinnedButtonAccessibleFactory(const QString& className, QObject* object)
@@ -92,7 +67,7 @@ constexpr int controlHeight = 375;
 
 } // namespace
 
-SkinnedButton::SkinnedButton(QWidget* parent, const DesignValues& stored)
+SkinnedButton::SkinnedButton(QWidget* parent, const QIcon& picture)
     : QWidget(parent)
 {
     static const bool accessibleInstalled = (QAccessible::installFactory(&SkinnedButtonAccessibleFactory), true);
@@ -137,13 +112,8 @@ SkinnedButton::SkinnedButton(QWidget* parent, const DesignValues& stored)
     connect(startTimer, &QTimer::timeout, this, &SkinnedButton::applyStoredProperties);
 
     initialize();
-    enabled = stored.value(QStringLiteral("ENAB"), true).toBool();
-    checkable = stored.value(QStringLiteral("CHEK"), false).toBool();
-    checked = stored.value(QStringLiteral("CCHEK"), false).toBool();
-    // A picture is an icon; the empty text read by default leaves none.
-    pictureNormal = stored.value(QStringLiteral("PictureNormal"), QString()).value<QIcon>();
+    pictureNormal = picture;
     ShowIcon();
-    captionLabel->setText(stored.value(QStringLiteral("CAP"), QString()).toString());
     captionLabel->adjustSize();
     startTimer->start();
 }
@@ -155,20 +125,13 @@ QString SkinnedButton::caption() const
 
 void SkinnedButton::applyStoredProperties()
 {
-    setEnabled(enabled);
-    if (checkable) {
-        ShowBackground(normalBackground);
-        ShowFrame(checked);
-    }
+    setEnabled(true);
     startTimer->stop();
 }
 
 void SkinnedButton::initialize()
 {
     ShowBackground(normalBackground);
-    enabled = true;
-    checkable = false;
-    checked = false;
 }
 
 void SkinnedButton::showFocus()
@@ -180,7 +143,7 @@ void SkinnedButton::showFocus()
 void SkinnedButton::hideFocus()
 {
     ShowBackground(normalBackground);
-    ShowFrame(checkable && checked);
+    ShowFrame(false);
 }
 
 void SkinnedButton::pressLook(int button)
@@ -198,8 +161,6 @@ void SkinnedButton::releaseLook()
 
 void SkinnedButton::click()
 {
-    if (checkable)
-        checked = !checked;
     // The host may unload its window here; nothing of the control is touched after it.
     Q_EMIT clicked();
 }
@@ -288,7 +249,5 @@ void SkinnedButton::changeEvent(QEvent* event)
 SkinnedButton* PlacedSkinnedButton(
     QWidget* parent, const char* name, const QIcon& picture, int left, int top, int width)
 {
-    DesignValues design;
-    design.setValue(QStringLiteral("PictureNormal"), QVariant::fromValue(picture), QString());
-    return Placed(new SkinnedButton(parent, design), name, left, top, width, controlHeight);
+    return Placed(new SkinnedButton(parent, picture), name, left, top, width, controlHeight);
 }

@@ -1,45 +1,28 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The program's one custom control: a push button drawn from three background pictures, with
-// an icon and a caption, that can act as a two-state toggle. Its hover look is its focus look:
-// a mouse move over the button takes the input focus, so merely passing over a button runs the
-// focusLost of the box that had it.
+// an icon and a caption. Its hover look is its focus look: a mouse move over the button takes
+// the input focus, so merely passing over a button runs the focusLost of the box that had it.
 #include <QIcon>
-#include <QList>
-#include <QPair>
-#include <QVariant>
 #include <QWidget>
 
 class QLabel;
 class QTimer;
 
-// The values a window's design gives its controls, under their stored names. A value equal to
-// its default is not stored, as the form's file keeps only what differs.
-class DesignValues
-{
-public:
-    QVariant value(const QString& name, const QVariant& defaultValue) const;
-    void setValue(const QString& name, const QVariant& value, const QVariant& defaultValue);
-
-private:
-    QList<QPair<QString, QVariant>> values;
-};
-
 class SkinnedButton : public QWidget
 {
     Q_OBJECT
 public:
-    // Initialize, then the values of the host's design; startTimer is running.
-    explicit SkinnedButton(QWidget* parent, const DesignValues& stored = DesignValues());
+    // Initialize, then the picture of the host's design; startTimer is running.
+    explicit SkinnedButton(QWidget* parent, const QIcon& picture = QIcon());
 
+    // Empty: no window's design gives a button a caption.
     QString caption() const;
-    bool isCheckable() const { return checkable; }
-    bool isChecked() const { return checked; }
 
-    // Once, 10 ms after creation: the stored Enabled takes effect, and a toggle shows its state.
+    // Once, 10 ms after creation: the stored Enabled, true in every design, takes effect.
     void applyStoredProperties();
 
-    // The click of the control, its icon or its caption: a toggle flips, then clicked.
+    // The click of the control, its icon or its caption: clicked.
     void click();
 
 Q_SIGNALS:
@@ -76,9 +59,6 @@ private:
     QTimer* startTimer;
     const QLabel* picture = nullptr; // the background on show
     QIcon pictureNormal;
-    bool enabled = true;
-    bool checkable = false;
-    bool checked = false;
     // A press whose release may click: not the second press of a double click.
     bool pressed = false;
 };
