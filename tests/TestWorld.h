@@ -37,7 +37,7 @@ struct MessageBoxScript
         });
     }
     ~MessageBoxScript() { platform::SetMessageBoxBackend({}); }
-    void answer(int result) { answers.append(result); }
+    void answer(platform::MessageAnswer result) { answers.append(result); }
     QString last() const { return all().value(all().size() - 1); }
     QStringList all() const
     {
@@ -47,7 +47,7 @@ struct MessageBoxScript
         return out;
     }
     QList<platform::MessageBoxCall> shown;
-    QList<int> answers;
+    QList<platform::MessageAnswer> answers;
 };
 
 // The shell's calls, each answered with the next result (then 42, a start).

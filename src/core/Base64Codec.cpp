@@ -21,7 +21,8 @@ bool askAboutBadGroup(const QByteArray& four)
         return badGroupHandler()(four);
     const QString text
         = QStringLiteral("Illegal Characters <") + platform::FromCodePage(four) + QStringLiteral("> found");
-    return platform::MsgBox(text, platform::MB_OKCANCEL, QStringLiteral("PROGRAM ERROR")) != platform::IDCANCEL;
+    return platform::ShowMessage(text, platform::MessageButtons::OkCancel, QStringLiteral("PROGRAM ERROR"))
+        != platform::MessageAnswer::Cancel;
 }
 
 bool isAlphabet(char c)
@@ -123,14 +124,15 @@ bool CheckBase64(const QByteArray& text, bool showMessages)
             if (i == n || i == n - 1)
                 continue;
             if (showMessages)
-                platform::MsgBox(QStringLiteral("Text Error."), platform::MB_OK, QStringLiteral("?"));
+                platform::ShowMessage(QStringLiteral("Text Error."), platform::MessageButtons::Ok, QStringLiteral("?"));
             accepted = false;
             continue;
         }
         if (showMessages) {
             const QString shown = i - 1 < text.size() ? platform::FromCodePage(text.mid(i - 1, 1)) : QString();
-            platform::MsgBox(QStringLiteral("r <") + shown + QStringLiteral("> found in b.") + QStringLiteral(" text"),
-                platform::MB_OK, QStringLiteral("?"));
+            platform::ShowMessage(
+                QStringLiteral("r <") + shown + QStringLiteral("> found in b.") + QStringLiteral(" text"),
+                platform::MessageButtons::Ok, QStringLiteral("?"));
         }
         accepted = false;
     }

@@ -8,13 +8,13 @@
 
 bool PortableMode()
 {
-    return FileExist(platform::AppPath() + QStringLiteral("\\usb.inf")) != 0;
+    return FileExist(platform::ProgramFolder() + QStringLiteral("\\usb.inf")) != 0;
 }
 
 QString DataRoot()
 {
     if (PortableMode())
-        return platform::AppPath();
+        return platform::ProgramFolder();
     return platform::LocalAppDataFolder();
 }
 

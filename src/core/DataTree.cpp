@@ -36,11 +36,11 @@ void provisionTree(ListControl& list)
     MakeDirTree(data + QStringLiteral("Administrator"));
     WriteIni(Keys::user, Keys::defaultProfile, QStringLiteral("Administrator"), data + QStringLiteral("config.txt"));
     WriteIni(Keys::user, Keys::current, QStringLiteral("Administrator"), data + QStringLiteral("config.txt"));
-    const QString program = platform::AppPath();
-    if (platform::FileCopy(program + QStringLiteral("\\dummy.dat"), data + QStringLiteral("Administrator\\dummy.dat"))
+    const QString program = platform::ProgramFolder();
+    if (platform::CopyFileTo(program + QStringLiteral("\\dummy.dat"), data + QStringLiteral("Administrator\\dummy.dat"))
         != platform::ErrNone)
         return;
-    if (platform::FileCopy(program + QStringLiteral("\\users.txt"), data + QStringLiteral("users.txt"))
+    if (platform::CopyFileTo(program + QStringLiteral("\\users.txt"), data + QStringLiteral("users.txt"))
         != platform::ErrNone)
         return;
     const QString cfg = data + QStringLiteral("Administrator\\cfg.txt");
@@ -52,7 +52,7 @@ void provisionTree(ListControl& list)
 
 qint16 MakeDirTree(const QString& path)
 {
-    if (!platform::DriveExists(platform::GetDriveName(path)))
+    if (!platform::DriveExists(platform::DriveOfPath(path)))
         return 0;
     QString rest = path;
     if (!rest.endsWith(QLatin1Char('\\')))
@@ -62,7 +62,7 @@ qint16 MakeDirTree(const QString& path)
     while (p >= 0) {
         built += rest.left(p + 1);
         rest = rest.mid(p + 1);
-        platform::MkDir(built); // an existing level fails here, as expected
+        platform::MakeFolder(built); // an existing level fails here, as expected
         if (!platform::DriveExists(built) && !platform::FolderExists(built))
             return 0;
         p = rest.indexOf(QLatin1Char('\\'));
@@ -83,7 +83,7 @@ qint16 RemoveDirTree(const QString& path)
 
 void LoadListFile(const QString& path, ListControl& list)
 {
-    list.Clear();
+    list.clearRows();
     if (readLinesInto(path, list) != 0)
         provisionTree(list);
 }
@@ -98,6 +98,6 @@ void SaveListFile(const QString& path, const ListControl& list)
 
 int LoadComboFile(const QString& path, ListControl& combo)
 {
-    combo.Clear();
+    combo.clearRows();
     return readLinesInto(path, combo);
 }

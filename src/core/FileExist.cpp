@@ -5,6 +5,6 @@
 
 qint16 FileExist(const QString& path)
 {
-    const qint64 size = platform::FileLen(path);
+    const qint64 size = platform::FileSize(path);
     return size >= 0 ? -1 : 0;
 }

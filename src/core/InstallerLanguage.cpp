@@ -19,7 +19,7 @@ QString InstallerLanguageFor(const QLocale& locale)
 
 void ChooseLanguageAsInstallerWould()
 {
-    if (platform::RegistryStoreExists(platform::HKEY_CURRENT_USER))
+    if (platform::RegistryStoreExists(platform::RegistryHive::User))
         return;
     // The language the desktop shows its menus in (LANGUAGE, LC_MESSAGES, LANG), as an
     // installer asks it.
@@ -37,7 +37,7 @@ void UseKeptCodePage(bool mayMakeStore)
     int number = kept.toInt();
     if (number != 1250 && number != 1252) {
         number = platform::LocaleCodePage();
-        if (mayMakeStore || platform::RegistryStoreExists(platform::HKEY_CURRENT_USER))
+        if (mayMakeStore || platform::RegistryStoreExists(platform::RegistryHive::User))
             SaveProgramSetting(QStringLiteral("codePage"), QString::number(number));
     }
     platform::UseCodePage(number);

@@ -122,10 +122,11 @@ void LoadLanguage()
 {
     if (GetProgramSetting(QStringLiteral("curLang")).isEmpty()) {
         // The table can't be there yet, so this is the one text that is no slot.
-        platform::MsgBox(QStringLiteral("Error: Failed loading selected language."), platform::MB_ICONERROR);
+        platform::ShowMessage(
+            QStringLiteral("Error: Failed loading selected language."), platform::MessageIcon::Critical);
         SaveProgramSetting(QStringLiteral("curLang"), QStringLiteral("English"));
     }
-    const QString path = platform::AppPath() + QStringLiteral("\\languages\\")
+    const QString path = platform::ProgramFolder() + QStringLiteral("\\languages\\")
         + GetProgramSetting(QStringLiteral("curLang")) + QLatin1Char('\\')
         + GetProgramSetting(QStringLiteral("curLang")) + QStringLiteral(".txt");
     ReadLanguageFile(path);

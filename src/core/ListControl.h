@@ -8,7 +8,7 @@ class ListControl
 {
 public:
     virtual ~ListControl() = default;
-    virtual void Clear() = 0;
+    virtual void clearRows() = 0;
     // index -1 appends at the end.
     virtual void addRow(const QString& item, int index = -1) = 0;
     virtual int rowCount() const = 0;
@@ -19,7 +19,7 @@ public:
 class StringListControl : public ListControl
 {
 public:
-    void Clear() override { items.clear(); }
+    void clearRows() override { items.clear(); }
     void addRow(const QString& item, int index = -1) override
     {
         if (index < 0 || index > items.size())

@@ -7,9 +7,9 @@
 QString MD5Hex(const QString& text)
 {
     const QByteArray bytes = platform::ToCodePage(text);
-    auto context = platform::MD5Init();
-    platform::MD5Update(*context, bytes.constData(), bytes.size());
-    const QByteArray digest = platform::MD5Final(*context);
+    auto context = platform::Md5Start();
+    platform::Md5Add(*context, bytes.constData(), bytes.size());
+    const QByteArray digest = platform::Md5Finish(*context);
     QString out;
     for (char c : digest) {
         const auto b = static_cast<uchar>(c);

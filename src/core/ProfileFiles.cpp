@@ -8,11 +8,11 @@ QString GetIni(const QString& section, const QString& key, const QString& file)
     // 255 characters of code 0: the call copies at most 254 of them, which is the ceiling of
     // every value the program can read back.
     QString buffer(255, QChar(0));
-    const int n = platform::GetPrivateProfileStringA(section, key, QString(), buffer, 255, file);
+    const int n = platform::ReadIniString(section, key, QString(), buffer, 255, file);
     return buffer.left(n);
 }
 
 void WriteIni(const QString& section, const QString& key, const QString& value, const QString& file)
 {
-    platform::WritePrivateProfileStringA(section, key, value, file);
+    platform::WriteIniString(section, key, value, file);
 }

@@ -108,7 +108,7 @@ VaultLoad LoadVault(const QString& path, const Yield& yield)
     QByteArray file;
     // A file larger than any vault is no vault: it is not read (nor walked, which would keep the
     // window waiting) and stays as it is, as if it could not be read.
-    if (platform::FileLen(path) < 0
+    if (platform::FileSize(path) < 0
         || platform::ReadFileBounded(path, LargestVaultFile, file) != platform::ReadOutcome::Read)
         return result;
     result.read = true;
@@ -125,7 +125,7 @@ VaultLoad LoadVault(const QString& path, const Yield& yield)
 VaultSave SaveVault(const QString& path, QList<Entry>& entries, const Yield& yield)
 {
     // Nor is such a file replaced: whatever it is, it is not the program's to overwrite.
-    if (platform::FileLen(path) > LargestVaultFile)
+    if (platform::FileSize(path) > LargestVaultFile)
         return VaultSave::WriteFailed;
     QByteArray old;
     if (platform::ReadFileBounded(path, MaxWalkLength + 3, old) == platform::ReadOutcome::Read)

@@ -1,21 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/VaultText.h"
 
-#include "platform/Files.h"
-
-#include <QString>
-
-int ReadTextLines(TextLines& lines, const QString& path)
-{
-    if (path.isEmpty() || platform::FileLen(path) < 0)
-        return 0;
-    QByteArray bytes;
-    if (!platform::ReadFileBytes(path, bytes))
-        return 0;
-    lines = SplitTextLines(bytes);
-    return 1;
-}
-
 TextLines SplitTextLines(const QByteArray& text)
 {
     const QByteArray all = "\r\n" + text;
@@ -46,11 +31,6 @@ int FindLine(const QByteArray& target, const TextLines& lines, int start)
             return static_cast<int>(i);
     }
     return 0;
-}
-
-QList<QByteArray> SectionLines(const QByteArray& name, const TextLines& lines)
-{
-    return SectionLinesAt(FindLine('[' + name + ']', lines, 0), lines);
 }
 
 QList<QByteArray> SectionLinesAt(qsizetype p, const TextLines& lines)

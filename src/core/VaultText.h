@@ -7,20 +7,16 @@
 
 using TextLines = QList<QByteArray>;
 
-// 1 with the file's lines (element 0 always empty, so that 0 can mean "not found"); 0 when the
-// path is empty or no file exists.
-int ReadTextLines(TextLines& lines, const QString& path);
-
-// The same split over text already in memory: CR LF in front, then a split at each CR LF.
+// The text's lines, element 0 always empty (so that 0 can mean "not found"): CR LF in front, then
+// a split at each CR LF.
 TextLines SplitTextLines(const QByteArray& text);
 
 // Names of the lines "[...]", element 0 empty.
 void ListSections(QList<QByteArray>& sections, const TextLines& lines);
 
-// The key=value lines of the section, element 0 empty; lines without "=" and lines beginning
-// with ";" are dropped, and a line beginning with "[" ends the section.
-QList<QByteArray> SectionLines(const QByteArray& name, const TextLines& lines);
-// The same for the section whose line is lines[p]; p 0 is no section.
+// The key=value lines of the section whose line is lines[p], element 0 empty; p 0 is no section.
+// Lines without "=" and lines beginning with ";" are dropped, and a line beginning with "["
+// ends the section.
 QList<QByteArray> SectionLinesAt(qsizetype p, const TextLines& lines);
 
 // Index of the first line at or after start equal to target, 0 if none.

@@ -7,27 +7,27 @@
 
 namespace platform {
 
-using HGLOBAL = quintptr;
+using HGLOBAL = quintptr; // HGLOBAL: a block of global memory
 
-constexpr unsigned GHND = 66; // moveable and zero-filled
-constexpr unsigned CF_TEXT = 1;
+constexpr unsigned GHND = 66; // GHND: moveable and zero-filled
+constexpr unsigned CF_TEXT = 1; // CF_TEXT: 8-bit text
 
-// A block of `bytes` bytes, or 0.
+// GlobalAlloc: a block of `bytes` bytes, or 0.
 HGLOBAL GlobalAlloc(unsigned flags, qsizetype bytes);
-// The block's memory, locked once more; null for an unknown block.
+// GlobalLock: the block's memory, locked once more; null for an unknown block.
 char* GlobalLock(HGLOBAL block);
-// The number of locks still held: 0 when the block is no longer locked.
+// GlobalUnlock: the number of locks still held: 0 when the block is no longer locked.
 int GlobalUnlock(HGLOBAL block);
-// Copies the text into a locked block as 8-bit text in the system's code page, with its end
+// lstrcpy: copies the text into a locked block as 8-bit text in the system's code page, with its end
 // zero; never beyond the end of the block.
 char* lstrcpy(char* destination, const QString& source);
 
-// 0 when the clipboard can't be opened: another program holds it, or there is no clipboard.
+// OpenClipboard: 0 when the clipboard can't be opened: another program holds it, or there is no clipboard.
 int OpenClipboard(quintptr owner);
-int EmptyClipboard();
-// Only plain 8-bit text (format 1), only while open; the clipboard then owns the block.
+int EmptyClipboard(); // EmptyClipboard: drops what the clipboard holds
+// SetClipboardData: only plain 8-bit text (format 1), only while open; the clipboard then owns the block.
 HGLOBAL SetClipboardData(unsigned format, HGLOBAL block);
-// 0 when the clipboard was not open.
+// CloseClipboard: 0 when the clipboard was not open.
 int CloseClipboard();
 
 // The classic copy, step by step: a block filled with the text and unlocked, then the clipboard

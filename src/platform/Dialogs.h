@@ -13,11 +13,11 @@ namespace platform {
 // The common file dialogs (GetOpenFileNameA, GetSaveFileNameA). The whole request goes
 // through here: the name the box starts with, the default extension, and the flags whose
 // questions the dialog asks before it lets a name through.
-constexpr int OFN_OVERWRITEPROMPT = 0x2;
-constexpr int OFN_HIDEREADONLY = 0x4;
-constexpr int OFN_PATHMUSTEXIST = 0x800;
-constexpr int OFN_FILEMUSTEXIST = 0x1000;
-constexpr int OFN_CREATEPROMPT = 0x2000;
+constexpr int AskBeforeReplacing = 0x2; // OFN_OVERWRITEPROMPT
+constexpr int NoReadOnlyBox = 0x4; // OFN_HIDEREADONLY: no "open as read-only" box
+constexpr int PathMustExist = 0x800; // OFN_PATHMUSTEXIST
+constexpr int FileMustExist = 0x1000; // OFN_FILEMUSTEXIST
+constexpr int AskBeforeCreating = 0x2000; // OFN_CREATEPROMPT
 
 struct FileDialogCall
 {
@@ -39,8 +39,8 @@ void SetFileDialogBackend(FileDialogBackend backend);
 // The dialog's whole work: the user's name, the default extension added, then the questions
 // its flags ask (each a message box: replace a file that exists, create one that does not, a
 // file that must exist); a No shows the dialog again. The chosen path, or empty for Cancel.
-QString GetOpenFileNameA(QWidget* owner, const FileDialogCall& call);
-QString GetSaveFileNameA(QWidget* owner, const FileDialogCall& call);
+QString ChooseFileToOpen(QWidget* owner, const FileDialogCall& call); // GetOpenFileNameA
+QString ChooseFileToSave(QWidget* owner, const FileDialogCall& call); // GetSaveFileNameA
 
 // The shell's folder browser, opened at `startPath`: the chosen folder (Windows form) or empty.
 struct BrowseFolderCall
@@ -49,7 +49,7 @@ struct BrowseFolderCall
     QString startPath;
 };
 using BrowseFolderBackend = std::function<QString(const BrowseFolderCall&)>;
-QString SHBrowseForFolderA(QWidget* owner, const BrowseFolderCall& call);
+QString ChooseFolder(QWidget* owner, const BrowseFolderCall& call); // SHBrowseForFolderA
 void SetBrowseFolderBackend(BrowseFolderBackend backend);
 
 // The runtime's Beep.

@@ -26,8 +26,9 @@ enum FileError : int
     ErrPathNotFound = 76,
 };
 
-// Size of a regular file, or -1 when it can't be read (missing, a folder, no rights).
-qint64 FileLen(const QString& path);
+// The runtime's FileLen: the size of a regular file, or -1 when it can't be read (missing, a
+// folder, no rights).
+qint64 FileSize(const QString& path);
 
 // Whole file as bytes; false when it can't be opened for reading or is no regular file.
 bool ReadFileBytes(const QString& path, QByteArray& bytes);
@@ -73,23 +74,24 @@ int ReadLines(const QString& path, QList<QByteArray>& lines);
 // Every operation that names a drive letter which is not there (a removed medium) fails with
 // ErrDiskNotReady, as a drive without a medium does.
 
-// Make one folder (mode 0700). ErrPathFileAccess when it exists, ErrPathNotFound when the
+// The runtime's MkDir: makes one folder (mode 0700). ErrPathFileAccess when it exists, ErrPathNotFound when the
 // parent is missing.
-int MkDir(const QString& path);
+int MakeFolder(const QString& path);
 
-// Copy a file over any existing target. ErrFileNotFound for a missing source; ErrPathFileAccess,
-// with nothing written, for a source larger than `limit` bytes (when one is given).
-int FileCopy(const QString& source, const QString& target, qint64 limit = -1);
+// The runtime's FileCopy: copies a file over any existing target. ErrFileNotFound for a missing source;
+// ErrPathFileAccess, with nothing written, for a source larger than `limit` bytes (when one is given).
+int CopyFileTo(const QString& source, const QString& target, qint64 limit = -1);
 
-// Delete a file. A link is removed itself, never what it points to.
-int Kill(const QString& path);
+// The runtime's Kill: deletes a file. A link is removed itself, never what it points to.
+int RemoveFile(const QString& path);
 
 // The runtime's Dir for one path: `found` gets the file's name, or stays empty when there is no
 // such file. The error number when the drive can't be read.
-int Dir(const QString& path, QString& found);
+int FirstFileMatching(const QString& path, QString& found);
 
-// The members of the file-system object that the program uses.
-QString GetDriveName(const QString& path);
+// The members of the file-system object that the program uses: GetDriveName, DriveExists,
+// FolderExists, DeleteFolder.
+QString DriveOfPath(const QString& path);
 bool DriveExists(const QString& drive);
 bool FolderExists(const QString& path);
 // Deletes a folder with all it holds; a link inside goes as a link. Refuses

@@ -4,6 +4,6 @@
 #include "platform/MessageBox.h"
 
 namespace platform {
-int ShowMessageBoxWindow(const MessageBoxCall& call);
+MessageAnswer ShowMessageBoxWindow(const MessageBoxCall& call);
 void InstallWindowMessageBoxes();
 } // namespace platform

@@ -8,14 +8,13 @@
 
 namespace platform {
 
-// Copies at most size - 1 characters of the value (or the default) into buffer and returns
+// GetPrivateProfileStringA: copies at most size - 1 characters of the value (or the default) into buffer and returns
 // the count copied.
-int GetPrivateProfileStringA(const QString& section, const QString& key, const QString& defaultValue, QString& buffer,
-    int size, const QString& fileName);
+int ReadIniString(const QString& section, const QString& key, const QString& defaultValue, QString& buffer, int size,
+    const QString& fileName);
 
-// Creates the file and the section when missing; replaces the key's line or adds it at the end
-// of its section. A write below a missing folder is lost. Returns false on failure.
-bool WritePrivateProfileStringA(
-    const QString& section, const QString& key, const QString& value, const QString& fileName);
+// WritePrivateProfileStringA: creates the file and the section when missing; replaces the key's line or adds it at the
+// end of its section. A write below a missing folder is lost. Returns false on failure.
+bool WriteIniString(const QString& section, const QString& key, const QString& value, const QString& fileName);
 
 } // namespace platform

@@ -13,8 +13,8 @@ namespace platform {
 // Makes this process known to later starts. Called once, before the language table loads.
 void AnnounceInstance();
 
-// True if another copy of this executable that made itself known before this one is running. Any
+// App.PrevInstance: true if another copy of this executable that made itself known before this one is running. Any
 // failure of the test itself (no folder to use, a file that can't be read) is no copy.
-bool PrevInstance();
+bool AnotherCopyRunning();
 
 } // namespace platform

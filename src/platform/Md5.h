@@ -7,7 +7,7 @@
 
 namespace platform {
 
-struct MD5Context;
+struct MD5Context; // MD5_CTX: a digest under way
 
 struct MD5ContextDeleter
 {
@@ -15,9 +15,9 @@ struct MD5ContextDeleter
 };
 using MD5ContextPtr = std::unique_ptr<MD5Context, MD5ContextDeleter>;
 
-MD5ContextPtr MD5Init();
-void MD5Update(MD5Context& context, const char* bytes, qsizetype length);
-// The 16 bytes of the digest.
-QByteArray MD5Final(MD5Context& context);
+MD5ContextPtr Md5Start(); // MD5Init
+void Md5Add(MD5Context& context, const char* bytes, qsizetype length); // MD5Update
+// MD5Final: the 16 bytes of the digest.
+QByteArray Md5Finish(MD5Context& context);
 
 } // namespace platform

@@ -1,45 +1,88 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
-// The one routine through which every message box of the program goes. Flags and results
-// are the classic numbers: buttons 0 OK, 1 OK/Cancel, 3 Yes/No/Cancel, 4 Yes/No, 5 Retry/Cancel;
-// icons 16 critical, 32 question, 48 warning, 64 information; 256 makes the second button the
-// default. Results: 1 OK, 2 Cancel, 3 Abort, 4 Retry, 5 Ignore, 6 Yes, 7 No.
+// The one routine through which every message box of the program goes. A box is asked for by
+// its buttons, its icon and its default button; inside, and in the message log tests read, it
+// is the classic flags number (buttons 0 OK, 1 OK/Cancel, 4 Yes/No; icons 16 critical,
+// 32 question, 48 warning, 64 information; 256 makes the second button the default), and its answer the
+// classic result (1 OK, 2 Cancel, 3 Abort, 4 Retry, 5 Ignore, 6 Yes, 7 No).
 #include <QString>
 
 #include <functional>
 
 namespace platform {
 
-enum MsgBoxResult : int
+enum class MessageButtons
 {
-    IDOK = 1,
-    IDCANCEL = 2,
-    IDABORT = 3,
-    IDRETRY = 4,
-    IDIGNORE = 5,
-    IDYES = 6,
-    IDNO = 7,
+    Ok, // MB_OK: the box's OK button
+    OkCancel, // MB_OKCANCEL: OK and Cancel
+    YesNo, // MB_YESNO: Yes and No
 };
 
-// A box's flags: its buttons, its icon and its default button, added together.
-enum MessageBoxFlags : int
+enum class MessageIcon
 {
-    MB_OK = 0,
-    MB_OKCANCEL = 1,
-    MB_YESNO = 4,
-    MB_ICONERROR = 16, // the critical icon
-    MB_ICONQUESTION = 32,
-    MB_ICONWARNING = 48,
-    MB_ICONINFORMATION = 64,
-    MB_DEFBUTTON2 = 256,
+    NoIcon,
+    Critical, // MB_ICONERROR: the critical icon
+    Question, // MB_ICONQUESTION
+    Warning, // MB_ICONWARNING
+    Information, // MB_ICONINFORMATION
 };
 
-// The flags of the import's and the switch's questions: made by joining the digits of 32 and 4
-// as text, 324 is Yes and No with the information icon and No as the default button (not the
-// question of 36), and that is what is asked.
-constexpr int MB_JOINED_QUESTION = MB_YESNO | MB_ICONINFORMATION | MB_DEFBUTTON2;
-static_assert(MB_JOINED_QUESTION == 324);
+enum class MessageDefault
+{
+    FirstButton, // MB_DEFBUTTON1
+    SecondButton, // MB_DEFBUTTON2
+};
 
+// The button chosen; a scripted answer that is none of these compares equal to none of them.
+enum class MessageAnswer : int
+{
+    Ok = 1, // IDOK
+    Cancel = 2, // IDCANCEL
+    Abort = 3, // IDABORT
+    Retry = 4, // IDRETRY
+    Ignore = 5, // IDIGNORE
+    Yes = 6, // IDYES
+    No = 7, // IDNO
+};
+
+// What a box shows besides its text: written as MessageButtons::YesNo | MessageIcon::Question.
+struct MessageStyle
+{
+    constexpr MessageStyle() = default;
+    constexpr MessageStyle(MessageButtons b)
+        : buttons(b)
+    {
+    }
+    constexpr MessageStyle(MessageIcon i)
+        : icon(i)
+    {
+    }
+    MessageButtons buttons = MessageButtons::Ok;
+    MessageIcon icon = MessageIcon::NoIcon;
+    MessageDefault defaultButton = MessageDefault::FirstButton;
+};
+
+constexpr MessageStyle operator|(MessageStyle style, MessageIcon icon)
+{
+    style.icon = icon;
+    return style;
+}
+
+constexpr MessageStyle operator|(MessageStyle style, MessageDefault defaultButton)
+{
+    style.defaultButton = defaultButton;
+    return style;
+}
+
+// The import's and the switch's questions. Their flags were made by joining the digits of 32
+// and 4 as text: 324 is Yes and No with the information icon and No as the default button (not
+// the question of 36), and that is what is asked.
+constexpr MessageStyle JoinedQuestion = MessageButtons::YesNo | MessageIcon::Information | MessageDefault::SecondButton;
+
+// Shows a message box; an empty title means the program's title, "Tolvane".
+MessageAnswer ShowMessage(const QString& text, MessageStyle style = {}, const QString& title = QString());
+
+// A box as the one who answers it sees it: flags is the classic number.
 struct MessageBoxCall
 {
     QString text;
@@ -47,13 +90,10 @@ struct MessageBoxCall
     QString title;
 };
 
-using MessageBoxBackend = std::function<int(const MessageBoxCall&)>;
-
-// Shows a message box; an empty title means the program's title, "Tolvane".
-int MsgBox(const QString& text, int flags = 0, const QString& title = QString());
+using MessageBoxBackend = std::function<MessageAnswer(const MessageBoxCall&)>;
 
 // The answer a box gives when nobody chooses: its default button.
-int DefaultAnswer(int flags);
+MessageAnswer DefaultAnswer(int flags);
 
 // Who answers: the window system (installed by the program), a script (tests), or, when
 // TOLVANE_MSGBOX_LOG names a file, a log that records each box as one line and answers from

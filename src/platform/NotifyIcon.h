@@ -28,9 +28,7 @@ struct TrayIconRecord
 // stays until the process ends.
 int AddTrayIcon(const TrayIconRecord& record);
 
-// The tip the icon shows, as the notification area shows it; empty without an icon.
-QString NotifyIconTip();
-
-int SetForegroundWindow(QWidget* window);
+// Brings the window to the front and gives it the keyboard (SetForegroundWindow).
+void BringToFront(QWidget* window);
 
 } // namespace platform

@@ -24,8 +24,8 @@ QString DriveRoot(QChar letter);
 // Drive letters present now, in order ("C", "D", ..., "Z").
 QStringList DriveLetters();
 
-// The program's own folder as the runtime gives it: no trailing separator unless it is a root.
-QString AppPath();
+// The program's own folder as the runtime gives it (App.Path): no trailing separator unless it is a root.
+QString ProgramFolder();
 
 // Native folder of the running executable (or the override for tests).
 QString NativeProgramDir();

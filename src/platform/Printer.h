@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
-// The runtime's Printer object on the system's default printer, with no print dialog: a font,
-// lines printed one after the other, and the end of the document, which sends the job. Line
-// wrapping and page breaks are the printer's. TOLVANE_PRINTER_OUTPUT names a PDF file that
-// stands in for the printer (tests, and printing to a file).
+// The runtime's Printer object (Print, EndDoc) on the system's default printer, with no print
+// dialog: a font, lines printed one after the other, and the end of the document, which sends
+// the job. Line wrapping and page breaks are the printer's. TOLVANE_PRINTER_OUTPUT names a PDF
+// file that stands in for the printer (tests, and printing to a file).
 #include <QFont>
 #include <QString>
 #include <QStringList>
@@ -15,13 +15,13 @@ namespace platform {
 class Printer
 {
 public:
-    // 0, or the run-time error number of the failure; Description() tells it.
-    int Print(const QString& text = QString());
-    int EndDoc();
-    void SetFontName(const QString& name) { font.setFamily(name); }
-    void SetFontSize(int points) { font.setPointSize(points); }
-    void SetFontBold(bool bold) { font.setBold(bold); }
-    QString Description() const { return description; }
+    // 0, or the run-time error number of the failure; errorDescription() tells it.
+    int printLine(const QString& text = QString());
+    int endDocument();
+    void setFontName(const QString& name) { font.setFamily(name); }
+    void setFontSize(int points) { font.setPointSize(points); }
+    void setFontBold(bool bold) { font.setBold(bold); }
+    QString errorDescription() const { return description; }
 
 private:
     int fail(const QString& text);

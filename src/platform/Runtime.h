@@ -35,11 +35,11 @@ void SetEndProcessHook(std::function<void(int)> hook);
 void OnTerminationRequest(std::function<void()> handler);
 
 // Lets pending window events run (the runtime's DoEvents).
-void DoEvents();
+void ProcessPendingEvents();
 
-// As DoEvents, but waits until there is at least one event: the turn of a loop that polls
+// As ProcessPendingEvents, but waits until there is at least one event: the turn of a loop that polls
 // something the events will change (a request on the network), without spinning.
-void DoEventsWaiting();
+void ProcessEventsWaiting();
 
 // The yield of a long loop, called at every step: pending events run at once when the last
 // yield is a millisecond or more ago, so a click is served within a millisecond while a walk
@@ -54,15 +54,16 @@ void YieldStepHoldingInput();
 QString TimeOfDayText();
 QString DateText();
 
-// The runtime's conversion of a text given to a whole-number property: blanks around it, a
+// The runtime's conversion of a text given to a whole-number property (CInt): blanks around it, a
 // decimal number (with exponent, rounded half to even) or &H / &O. False for a text that is
 // no number (above all the empty one) or lies outside 16 bits.
-bool CIntText(const QString& text, int& value);
+bool WholeNumberFromText(const QString& text, int& value);
 
-// The program's version as the runtime's App object gives it (the build's project version).
-int AppMajor();
-int AppMinor();
-int AppRevision();
+// The program's version as the runtime's App object gives it (App.Major, App.Minor,
+// App.Revision): the build's project version.
+int VersionMajor();
+int VersionMinor();
+int VersionRevision();
 
 // The toolkit's own texts (the buttons of message boxes, its file and print dialogs) in this
 // language, "pl", "de" or "en", from the system's Qt translations; English when they are
@@ -70,7 +71,7 @@ int AppRevision();
 void UseToolkitLanguage(const QString& language);
 
 // The computer's name (GetComputerNameA); empty when it can't be had.
-QString GetComputerNameA();
+QString ComputerName();
 
 // Starts a program ("\tolvane.exe" behind the program's folder, and the like) with its
 // parameters. Returns a value above 32 on success, as ShellExecuteA does.

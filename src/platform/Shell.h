@@ -20,12 +20,18 @@ struct ShellCall
     int show = 1;
 };
 
-// Opens or starts a file through the desktop (ShellExecuteA). An empty file opens the working
-// folder; a relative one is taken in the working folder.
-// "RUNDLL32.EXE" with "shell32.dll,OpenAs_RunDLL <file>" asks the user for a program to open
-// the file with. A file ending in ".exe" starts that program.
+// Opens or starts a file through the desktop (ShellExecuteA: the shell's open). An empty file
+// opens the working folder; a relative one is taken in the working folder. A file ending in
+// ".exe" starts that program.
 int OpenThroughShell(QWidget* owner, const QString& verb, const QString& file, const QString& parameters,
     const QString& directory, int show);
+
+// The shell's result when no program opens that kind of file (SE_ERR_NOASSOC).
+constexpr int NoProgramForFile = 31;
+
+// Asks the user for a program to open the file with, and opens it there: the shell's call of
+// "RUNDLL32.EXE" with "shell32.dll,OpenAs_RunDLL <file>" (the system's Open With dialog).
+int OpenWithChosenProgram(QWidget* owner, const QString& file, const QString& directory, int show);
 
 // Tests answer the shell themselves; an empty backend restores the desktop's.
 using ShellBackend = std::function<int(const ShellCall&)>;

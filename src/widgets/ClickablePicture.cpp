@@ -17,7 +17,7 @@ QAccessibleInterface* ImageAccessibleFactory(const QString& className, QObject* 
     auto* image = static_cast<ClickablePicture*>(object);
     // A picture is named where it is made; a link reads its own text.
     return new ClickableAccessible(
-        image, [image] { Q_EMIT image->Click(); }, [image] { return image->text(); });
+        image, [image] { Q_EMIT image->clicked(); }, [image] { return image->text(); });
 }
 
 } // namespace
@@ -31,13 +31,13 @@ ClickablePicture::ClickablePicture(QWidget* parent)
     setAlignment(Qt::AlignCenter);
 }
 
-void ClickablePicture::SetPicture(const QIcon& icon)
+void ClickablePicture::setPicture(const QIcon& icon)
 {
     picture = icon;
     setPixmap(picture.pixmap(size()));
 }
 
-void ClickablePicture::SetTabStop(bool stop)
+void ClickablePicture::setTabStop(bool stop)
 {
     setFocusPolicy(stop ? Qt::TabFocus : Qt::NoFocus);
 }
@@ -47,7 +47,7 @@ void ClickablePicture::keyPressEvent(QKeyEvent* event)
     const int key = event->key();
     if ((event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier
         && (key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter)) {
-        Q_EMIT Click();
+        Q_EMIT clicked();
         return;
     }
     QLabel::keyPressEvent(event);
@@ -67,14 +67,14 @@ void ClickablePicture::paintEvent(QPaintEvent* event)
 void ClickablePicture::mouseMoveEvent(QMouseEvent* event)
 {
     QLabel::mouseMoveEvent(event);
-    Q_EMIT MouseMove();
+    Q_EMIT mouseMoved();
 }
 
 void ClickablePicture::mouseReleaseEvent(QMouseEvent* event)
 {
     QLabel::mouseReleaseEvent(event);
     if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint()))
-        Q_EMIT Click();
+        Q_EMIT clicked();
 }
 
 void ClickablePicture::resizeEvent(QResizeEvent* event)

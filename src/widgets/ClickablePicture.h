@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
-// The runtime's Image control: a picture with a Click event (left button released over it)
-// and a MouseMove event, where the windows put up the hand cursor. A picture that does
+// The runtime's Image control: a picture with a clicked signal (left button released over it)
+// and a mouseMoved signal, where the windows put up the hand cursor. A picture that does
 // something can be made a stop of the Tab key, where Space or Enter clicks it; the mouse
 // still never gives it the focus, so a click leaves the focus where it was.
 #include <QLabel>
@@ -12,12 +12,12 @@ class ClickablePicture : public QLabel
 public:
     explicit ClickablePicture(QWidget* parent = nullptr);
     // A picture of the control's size, drawn sharp at the screen's scale.
-    void SetPicture(const QIcon& icon);
-    void SetTabStop(bool stop);
+    void setPicture(const QIcon& icon);
+    void setTabStop(bool stop);
 
 Q_SIGNALS:
-    void Click();
-    void MouseMove();
+    void clicked();
+    void mouseMoved();
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;

@@ -9,11 +9,11 @@ void SetClipboardText(QString& text)
     const platform::TextCopyFailures failed = platform::CopyTextToClipboard(text);
     // The clipboard is closed even when it was never opened: that order is the original's.
     if (failed.unlock)
-        platform::MsgBox(QStringLiteral("Could not unlock memory location. Copy aborted."));
+        platform::ShowMessage(QStringLiteral("Could not unlock memory location. Copy aborted."));
     if (failed.open) {
-        platform::MsgBox(QStringLiteral("Could not open the Clipboard. Copy aborted."));
+        platform::ShowMessage(QStringLiteral("Could not open the Clipboard. Copy aborted."));
         return;
     }
     if (failed.close)
-        platform::MsgBox(QStringLiteral("Could not close Clipboard."));
+        platform::ShowMessage(QStringLiteral("Could not close Clipboard."));
 }

@@ -14,7 +14,7 @@ ListBox::ListBox(bool sortedRows, QWidget* parent)
     setUniformItemSizes(true);
 }
 
-void ListBox::Clear()
+void ListBox::clearRows()
 {
     clear();
 }
@@ -53,7 +53,7 @@ QString ListBox::rowText(int index) const
     return row ? row->text() : QString();
 }
 
-QString ListBox::Text() const
+QString ListBox::selectedText() const
 {
     const int index = selectedRow();
     return index < 0 ? QString() : rowText(index);

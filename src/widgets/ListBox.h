@@ -14,14 +14,14 @@ class ListBox : public QListWidget, public ListControl
 public:
     explicit ListBox(bool sorted, QWidget* parent = nullptr);
 
-    void Clear() override;
+    void clearRows() override;
     // A sorted list puts the row in its place and ignores the index.
     void addRow(const QString& item, int index = -1) override;
     int rowCount() const override;
     QString rowText(int index) const override;
 
     // The text of the selected row, empty when none is selected.
-    QString Text() const;
+    QString selectedText() const;
     // The selected row, -1 when none is.
     int selectedRow() const;
     void selectRow(int index);

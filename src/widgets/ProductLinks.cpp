@@ -33,7 +33,7 @@ void OpenLink(const Link& link)
         path = link.deutsch;
     if (!path)
         return;
-    const QString root = link.kind == Kind::WebPage ? ServerAddress() : platform::AppPath();
+    const QString root = link.kind == Kind::WebPage ? ServerAddress() : platform::ProgramFolder();
     OpenLinkTarget(root + QLatin1String(path));
 }
 

@@ -30,8 +30,6 @@ constexpr RaisedError raisedErrors[] = {
     { 32, 48, nullptr },
 };
 
-constexpr int SE_ERR_NOASSOC = 31;
-
 } // namespace
 
 void ShellOpen(
@@ -42,10 +40,8 @@ void ShellOpen(
     const int result = platform::OpenThroughShell(owner, QStringLiteral("open"), file, parameters, directory, show);
     if (result > 32 || result < 0)
         return;
-    if (result == SE_ERR_NOASSOC) {
-        // The system's dialog for choosing a program.
-        platform::OpenThroughShell(owner, QStringLiteral("open"), QStringLiteral("RUNDLL32.EXE"),
-            QStringLiteral("shell32.dll,OpenAs_RunDLL ") + file, directory, show);
+    if (result == platform::NoProgramForFile) {
+        platform::OpenWithChosenProgram(owner, file, directory, show);
         return;
     }
     for (const RaisedError& e : raisedErrors) {
@@ -57,7 +53,7 @@ void ShellOpen(
 
 void RestartProgram()
 {
-    platform::OpenThroughShell(nullptr, QStringLiteral("Open"), platform::AppPath() + QStringLiteral("\\tolvane.exe"),
-        QStringLiteral("/restart"), QString(), 1);
+    platform::OpenThroughShell(nullptr, QStringLiteral("Open"),
+        platform::ProgramFolder() + QStringLiteral("\\tolvane.exe"), QStringLiteral("/restart"), QString(), 1);
     platform::EndProcess(0);
 }

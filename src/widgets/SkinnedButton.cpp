@@ -11,46 +11,22 @@
 #include <QPainter>
 #include <QTimer>
 
-QVariant PropertyBag::ReadProperty(const QString& name, const QVariant& defaultValue) const
-{
-    for (const auto& [key, value] : values) {
-        if (key == name)
-            return value;
-    }
-    return defaultValue;
-}
-
-void PropertyBag::WriteProperty(const QString& name, const QVariant& value, const QVariant& defaultValue)
-{
-    values.removeIf([&name](const QPair<QString, QVariant>& stored) { return stored.first == name; });
-    if (value != defaultValue)
-        values.append({ name, value });
-}
-
-QStringList PropertyBag::Names() const
-{
-    QStringList names;
-    for (const auto& stored : values)
-        names.append(stored.first);
-    return names;
-}
-
 namespace {
 
 // The runtime's mouse button values.
-constexpr int vbLeftButton = 1;
-constexpr int vbRightButton = 2;
-constexpr int vbMiddleButton = 4;
+constexpr int leftButton = 1;
+constexpr int rightButton = 2;
+constexpr int middleButton = 4;
 
 int ButtonValue(Qt::MouseButton button)
 {
     switch (button) {
     case Qt::LeftButton:
-        return vbLeftButton;
+        return leftButton;
     case Qt::RightButton:
-        return vbRightButton;
+        return rightButton;
     case Qt::MiddleButton:
-        return vbMiddleButton;
+        return middleButton;
     default:
         return 0;
     }
@@ -63,26 +39,17 @@ bool MovesBetweenControls(const QFocusEvent* event)
     return event->reason() != Qt::ActiveWindowFocusReason && event->reason() != Qt::PopupFocusReason;
 }
 
-// A toggle tells assistive tools whether it is checked.
 class SkinnedButtonAccessible : public ClickableAccessible
 {
 public:
     explicit SkinnedButtonAccessible(SkinnedButton* control)
         : ClickableAccessible(
-            control, [control] { control->click(); }, [control] { return control->Caption(); })
+            control, [control] { control->click(); }, [control] { return control->caption(); })
     {
     }
     // The backgrounds, frame parts, icon and caption are the button's look, not controls.
     int childCount() const override { return 0; }
     QAccessibleInterface* child(int) const override { return nullptr; }
-    QAccessible::State state() const override
-    {
-        QAccessible::State state = ClickableAccessible::state();
-        const auto* control = static_cast<const SkinnedButton*>(widget());
-        state.checkable = control->CanBeChecked();
-        state.checked = control->CanBeChecked() && control->IsChecked();
-        return state;
-    }
 };
 
 QAccessibleInterface* SkinnedButtonAccessibleFactory(const QString& className, QObject* object)
@@ -100,7 +67,7 @@ constexpr int controlHeight = 375;
 
 } // namespace
 
-SkinnedButton::SkinnedButton(QWidget* parent, const PropertyBag& stored)
+SkinnedButton::SkinnedButton(QWidget* parent, const QIcon& picture)
     : QWidget(parent)
 {
     static const bool accessibleInstalled = (QAccessible::installFactory(&SkinnedButtonAccessibleFactory), true);
@@ -145,105 +112,26 @@ SkinnedButton::SkinnedButton(QWidget* parent, const PropertyBag& stored)
     connect(startTimer, &QTimer::timeout, this, &SkinnedButton::applyStoredProperties);
 
     initialize();
-    ReadProperties(stored);
+    pictureNormal = picture;
+    ShowIcon();
+    captionLabel->adjustSize();
     startTimer->start();
 }
 
-QIcon SkinnedButton::PictureNormal() const
-{
-    return pictureNormal;
-}
-
-void SkinnedButton::SetPictureNormal(const QIcon& picture)
-{
-    pictureNormal = picture;
-    ShowIcon();
-    Q_EMIT PropertyChanged(QStringLiteral("PictureNormal"));
-}
-
-QString SkinnedButton::Caption() const
+QString SkinnedButton::caption() const
 {
     return captionLabel->text();
 }
 
-void SkinnedButton::SetCaption(const QString& caption)
-{
-    captionLabel->setText(caption);
-    captionLabel->adjustSize(); // the caption sizes itself
-    Q_EMIT PropertyChanged(QStringLiteral("CAP"));
-}
-
-bool SkinnedButton::Enabled() const
-{
-    return enabled;
-}
-
-void SkinnedButton::SetEnabled(bool value)
-{
-    enabled = value;
-    Q_EMIT PropertyChanged(QStringLiteral("ENAB"));
-}
-
-bool SkinnedButton::CanBeChecked() const
-{
-    return canBeChecked;
-}
-
-void SkinnedButton::SetCanBeChecked(bool value)
-{
-    canBeChecked = value;
-    Q_EMIT PropertyChanged(QStringLiteral("CHEK"));
-}
-
-bool SkinnedButton::IsChecked() const
-{
-    return isChecked;
-}
-
-void SkinnedButton::SetIsChecked(bool value)
-{
-    isChecked = value;
-    Q_EMIT PropertyChanged(QStringLiteral("CCHEK"));
-}
-
-void SkinnedButton::ReadProperties(const PropertyBag& bag)
-{
-    enabled = bag.ReadProperty(QStringLiteral("ENAB"), true).toBool();
-    canBeChecked = bag.ReadProperty(QStringLiteral("CHEK"), false).toBool();
-    isChecked = bag.ReadProperty(QStringLiteral("CCHEK"), false).toBool();
-    // A picture is an icon; the empty text read by default leaves none.
-    pictureNormal = bag.ReadProperty(QStringLiteral("PictureNormal"), QString()).value<QIcon>();
-    ShowIcon();
-    captionLabel->setText(bag.ReadProperty(QStringLiteral("CAP"), QString()).toString());
-    captionLabel->adjustSize();
-}
-
-void SkinnedButton::WriteProperties(PropertyBag& bag) const
-{
-    bag.WriteProperty(QStringLiteral("ENAB"), enabled, true);
-    bag.WriteProperty(QStringLiteral("PictureNormal"),
-        pictureNormal.isNull() ? QVariant(QString()) : QVariant::fromValue(pictureNormal), QString());
-    bag.WriteProperty(QStringLiteral("CHEK"), canBeChecked, false);
-    bag.WriteProperty(QStringLiteral("CCHEK"), isChecked, false);
-    bag.WriteProperty(QStringLiteral("CAP"), Caption(), QString());
-}
-
 void SkinnedButton::applyStoredProperties()
 {
-    setEnabled(enabled);
-    if (canBeChecked) {
-        ShowBackground(normalBackground);
-        ShowFrame(isChecked);
-    }
+    setEnabled(true);
     startTimer->stop();
 }
 
 void SkinnedButton::initialize()
 {
     ShowBackground(normalBackground);
-    enabled = true;
-    canBeChecked = false;
-    isChecked = false;
 }
 
 void SkinnedButton::showFocus()
@@ -255,12 +143,12 @@ void SkinnedButton::showFocus()
 void SkinnedButton::hideFocus()
 {
     ShowBackground(normalBackground);
-    ShowFrame(canBeChecked && isChecked);
+    ShowFrame(false);
 }
 
 void SkinnedButton::pressLook(int button)
 {
-    if (button != vbLeftButton)
+    if (button != leftButton)
         return;
     ShowBackground(downBackground);
     ShowFrame(true);
@@ -273,10 +161,8 @@ void SkinnedButton::releaseLook()
 
 void SkinnedButton::click()
 {
-    if (canBeChecked)
-        isChecked = !isChecked;
     // The host may unload its window here; nothing of the control is touched after it.
-    Q_EMIT Click();
+    Q_EMIT clicked();
 }
 
 void SkinnedButton::ShowBackground(const QLabel* background)
@@ -318,7 +204,7 @@ void SkinnedButton::mousePressEvent(QMouseEvent* event)
 void SkinnedButton::mouseDoubleClickEvent(QMouseEvent*)
 {
     // The second press of a double click is a DblClick, which the control does not handle: no
-    // MouseDown, and its release raises no Click.
+    // MouseDown, and its release emits no clicked.
     pressed = false;
 }
 
@@ -363,7 +249,5 @@ void SkinnedButton::changeEvent(QEvent* event)
 SkinnedButton* PlacedSkinnedButton(
     QWidget* parent, const char* name, const QIcon& picture, int left, int top, int width)
 {
-    PropertyBag design;
-    design.WriteProperty(QStringLiteral("PictureNormal"), QVariant::fromValue(picture), QString());
-    return Placed(new SkinnedButton(parent, design), name, left, top, width, controlHeight);
+    return Placed(new SkinnedButton(parent, picture), name, left, top, width, controlHeight);
 }

@@ -75,12 +75,12 @@ TextBox::TextBox(Kind kind, QWidget* parent)
     setFocusPolicy(Qt::StrongFocus);
 }
 
-QWidget* TextBox::Editor() const
+QWidget* TextBox::editor() const
 {
     return line ? static_cast<QWidget*>(line) : static_cast<QWidget*>(plain);
 }
 
-QString TextBox::Text() const
+QString TextBox::text() const
 {
     if (line)
         return line->text();
@@ -89,7 +89,7 @@ QString TextBox::Text() const
     return text;
 }
 
-void TextBox::SetText(const QString& value)
+void TextBox::setText(const QString& value)
 {
     // The box holds a zero-terminated text: the codec's padding zeros end it.
     QString text = value.left(value.indexOf(QChar(0)));
@@ -166,7 +166,7 @@ void TextBox::edit(Command command)
     typing = false;
 }
 
-void TextBox::SetLocked(bool value)
+void TextBox::setLocked(bool value)
 {
     locked = value;
     if (line)
@@ -175,7 +175,7 @@ void TextBox::SetLocked(bool value)
         plain->setReadOnly(value);
 }
 
-void TextBox::SetPasswordChar(const QString& character)
+void TextBox::setPasswordChar(const QString& character)
 {
     if (!line)
         return;
@@ -191,12 +191,7 @@ void TextBox::SetPasswordChar(const QString& character)
     line->setEchoMode(mask.isEmpty() ? QLineEdit::Normal : QLineEdit::Password);
 }
 
-QString TextBox::PasswordChar() const
-{
-    return passwordChar;
-}
-
-void TextBox::SetScrollBars(bool horizontal, bool vertical)
+void TextBox::setScrollBars(bool horizontal, bool vertical)
 {
     if (!plain)
         return;
@@ -235,35 +230,35 @@ bool TextBox::eventFilter(QObject* watched, QEvent* event)
 {
     switch (event->type()) {
     case QEvent::FocusIn:
-        if (watched == Editor())
+        if (watched == editor())
             keptSelection = {};
         break;
     case QEvent::FocusOut: {
         const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
         if (line && watched == line && line->hasSelectedText())
             keptSelection = { line->selectionStart(), static_cast<int>(line->selectedText().size()) };
-        if (watched == Editor())
+        if (watched == editor())
             typing = false;
-        if (watched == Editor() && reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason)
-            Q_EMIT LostFocus();
+        if (watched == editor() && reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason)
+            Q_EMIT focusLost();
         break;
     }
     case QEvent::ContextMenu:
         // From the mouse over the editor's area, or from the keyboard to the editor itself.
-        if (watched == Editor() || (plain && watched == plain->viewport())) {
+        if (watched == editor() || (plain && watched == plain->viewport())) {
             showContextMenu(*static_cast<QContextMenuEvent*>(event));
             return true;
         }
         break;
     case QEvent::MouseButtonRelease:
         if (static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton)
-            Q_EMIT Click();
+            Q_EMIT clicked();
         break;
     case QEvent::KeyPress: {
         auto* key = static_cast<QKeyEvent*>(event);
         // The keys of the edit commands run the same commands as the menu does; the box
         // knows no redo of its own.
-        if (watched == Editor()) {
+        if (watched == editor()) {
             if (key->matches(QKeySequence::Undo)) {
                 undo();
                 return true;
@@ -304,7 +299,7 @@ bool TextBox::eventFilter(QObject* watched, QEvent* event)
 void TextBox::resizeEvent(QResizeEvent* event)
 {
     QWidget::resizeEvent(event);
-    Editor()->setGeometry(rect());
+    editor()->setGeometry(rect());
 }
 
 void TextBox::showEvent(QShowEvent* event)
@@ -314,6 +309,6 @@ void TextBox::showEvent(QShowEvent* event)
         return;
     for (const QLabel* caption : parentWidget()->findChildren<QLabel*>(Qt::FindDirectChildrenOnly)) {
         if (caption->buddy() == this)
-            Editor()->setAccessibleName(SpokenCaption(caption->text()));
+            editor()->setAccessibleName(SpokenCaption(caption->text()));
     }
 }

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The runtime's text box: one line or several, Locked (read-only but still focusable), a
-// password character, and the two events the windows use: Click (a left click in the box) and
-// LostFocus (the focus went to another control of the same window: a click there, Tab, or a
+// password character, and the two signals the windows use: clicked (a left click in the box) and
+// focusLost (the focus went to another control of the same window: a click there, Tab, or a
 // default button; not a menu, and not another window coming to the front).
 // Its text ends at a first zero character, as a window text does. A box of several lines keeps
 // its text with CR LF line ends, as the files have them, and when
@@ -32,24 +32,21 @@ public:
     void paste() { edit(Command::Paste); }
     void undo() { edit(Command::Undo); }
 
-    QString Text() const;
-    void SetText(const QString& text);
-    bool Locked() const { return locked; }
-    void SetLocked(bool value);
+    QString text() const;
+    void setText(const QString& text);
+    void setLocked(bool value);
     // "*" masks a one-line box, the empty text shows it in clear.
-    void SetPasswordChar(const QString& character);
-    QString PasswordChar() const;
+    void setPasswordChar(const QString& character);
     // The scroll bars of a box of several lines.
-    void SetScrollBars(bool horizontal, bool vertical);
+    void setScrollBars(bool horizontal, bool vertical);
 
     // The editor inside, for the edit messages and for tests.
-    QWidget* Editor() const;
-    QLineEdit* LineEditor() const { return line; }
-    QPlainTextEdit* PlainEditor() const { return plain; }
+    QWidget* editor() const;
+    QLineEdit* lineEditor() const { return line; }
 
 Q_SIGNALS:
-    void Click();
-    void LostFocus();
+    void clicked();
+    void focusLost();
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -12,8 +12,8 @@
 
 QString LocalVersionText()
 {
-    return QString::number(platform::AppMajor()) + QLatin1Char('.') + QString::number(platform::AppMinor())
-        + QString::number(platform::AppRevision());
+    return QString::number(platform::VersionMajor()) + QLatin1Char('.') + QString::number(platform::VersionMinor())
+        + QString::number(platform::VersionRevision());
 }
 
 QString ManifestUrl()
@@ -21,16 +21,16 @@ QString ManifestUrl()
     return ServerAddress() + QStringLiteral("/updates/tolvane-updates.txt");
 }
 
-bool FetchText(platform::Inet& inet, const QString& url, QString& body)
+bool FetchText(platform::HttpClient& inet, const QString& url, QString& body)
 {
     body.clear();
-    inet.Execute(url); // a start while one runs fails, and the wait below serves that one
-    while (inet.StillExecuting())
-        platform::DoEventsWaiting();
-    const QString header = inet.GetHeader();
+    inet.start(url); // a start while one runs fails, and the wait below serves that one
+    while (inet.isRunning())
+        platform::ProcessEventsWaiting();
+    const QString header = inet.header();
     const QStringList status = header.left(header.indexOf(QStringLiteral("\r\n"))).split(QLatin1Char(' '));
     QByteArray bytes;
-    for (QByteArray chunk = inet.GetChunk(1000000); !chunk.isEmpty(); chunk = inet.GetChunk(1000000))
+    for (QByteArray chunk = inet.takeChunk(1000000); !chunk.isEmpty(); chunk = inet.takeChunk(1000000))
         bytes += chunk;
     if (status.value(1) != QLatin1String("200"))
         return false;
@@ -45,6 +45,7 @@ bool UpdateAvailable(bool fetched, const QString& body)
 
 void OfferUpdate()
 {
-    if (platform::MsgBox(Lang(144), platform::MB_YESNO | platform::MB_ICONQUESTION) == platform::IDYES)
+    if (platform::ShowMessage(Lang(144), platform::MessageButtons::YesNo | platform::MessageIcon::Question)
+        == platform::MessageAnswer::Yes)
         LinkUpdatePage();
 }

@@ -15,7 +15,7 @@ QString ManifestUrl();
 
 // GET `url` and wait, letting events run, for as long as the client executes. The body (code
 // page text, whole) only for the status "200"; false for anything else or no answer at all.
-bool FetchText(platform::Inet& inet, const QString& url, QString& body);
+bool FetchText(platform::HttpClient& inet, const QString& url, QString& body);
 
 // Newer by plain comparison of text: "2.9" is newer than "2.10", and "2.10\r\n" too.
 bool UpdateAvailable(bool fetched, const QString& body);

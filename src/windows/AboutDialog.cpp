@@ -26,11 +26,11 @@ AboutDialog::AboutDialog(QWidget* owner)
     auto link = [this](const char* name, int left, int top, int width) {
         auto* l = Placed(new ClickablePicture(this), name, left, top, width, 285);
         l->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-        l->SetTabStop(true);
+        l->setTabStop(true);
         QPalette blue = l->palette();
         blue.setColor(QPalette::WindowText, QColor(0, 0, 255));
         l->setPalette(blue);
-        connect(l, &ClickablePicture::MouseMove, this, [this, l] { underlineLink(l); });
+        connect(l, &ClickablePicture::mouseMoved, this, [this, l] { underlineLink(l); });
         return l;
     };
     productName = label("productName", "Tolvane", 120, 120, 5640);
@@ -62,11 +62,11 @@ AboutDialog::AboutDialog(QWidget* owner)
     // The first focus is OK, so that Enter closes the box rather than opening the first link.
     closeButton->setFocus();
     connect(closeButton, &QPushButton::clicked, this, [] { Unload(); });
-    connect(version, &ClickablePicture::Click, this, [] { Unload(); }); // the version closes it too
-    connect(homePageLink, &ClickablePicture::Click, this, [] { LinkHomePage(); });
-    connect(supportLink, &ClickablePicture::Click, this, [] { LinkSupportPage(); });
-    connect(forumLink, &ClickablePicture::Click, this, [] { LinkForum(); });
-    connect(contactLink, &ClickablePicture::Click, this, [] { LinkContactPage(); });
+    connect(version, &ClickablePicture::clicked, this, [] { Unload(); }); // the version closes it too
+    connect(homePageLink, &ClickablePicture::clicked, this, [] { LinkHomePage(); });
+    connect(supportLink, &ClickablePicture::clicked, this, [] { LinkSupportPage(); });
+    connect(forumLink, &ClickablePicture::clicked, this, [] { LinkForum(); });
+    connect(contactLink, &ClickablePicture::clicked, this, [] { LinkContactPage(); });
 }
 
 void AboutDialog::load()
@@ -90,13 +90,13 @@ void AboutDialog::load()
             std::pair { forumLink, forumCaption }, std::pair { contactLink, contactCaption } })
         link->setAccessibleName(SpokenCaption(caption->text()));
     version->setText(LocalVersionText());
-    const QString name = platform::GetComputerNameA().left(256);
+    const QString name = platform::ComputerName().left(256);
     computerName->setText(name.left(name.indexOf(QChar(0))));
 }
 
 void AboutDialog::underlineLink(ClickablePicture* link)
 {
-    platform::SetCursor(link, platform::IDC_HAND);
+    platform::ShowHandCursor(link);
     for (ClickablePicture* l : { homePageLink, supportLink, forumLink, contactLink }) {
         QFont f = l->font();
         f.setUnderline(l == link);

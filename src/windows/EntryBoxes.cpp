@@ -19,8 +19,8 @@ void CarryIntoWorkingCopy(QObject* context, const EntryBoxes& boxes, Entry& work
         { boxes.note, &Entry::note },
     };
     for (const auto& [control, field] : carried) {
-        QObject::connect(control, &TextBox::LostFocus, context,
-            [control, field, &working] { working.*field = Stored(control->Text()); });
+        QObject::connect(control, &TextBox::focusLost, context,
+            [control, field, &working] { working.*field = Stored(control->text()); });
     }
 }
 
@@ -34,11 +34,11 @@ void SetEntryCaptions(const EntryLabels& labels)
 
 void ShowEntry(const EntryBoxes& boxes, const Entry& entry)
 {
-    boxes.url->SetText(Shown(entry.url));
-    boxes.password->SetText(Shown(entry.password));
-    boxes.title->SetText(Shown(entry.title));
-    boxes.note->SetText(Shown(entry.note));
-    boxes.userName->SetText(Shown(entry.userName));
-    boxes.document->SetText(Shown(entry.document));
-    boxes.passphrase->SetText(Shown(entry.passphrase));
+    boxes.url->setText(Shown(entry.url));
+    boxes.password->setText(Shown(entry.password));
+    boxes.title->setText(Shown(entry.title));
+    boxes.note->setText(Shown(entry.note));
+    boxes.userName->setText(Shown(entry.userName));
+    boxes.document->setText(Shown(entry.document));
+    boxes.passphrase->setText(Shown(entry.passphrase));
 }

@@ -62,19 +62,19 @@ EntryDialog::EntryDialog(
         PlaceTwips(*f.control, 1320, f.top, f.width, f.height);
         (*f.caption)->setBuddy(*f.control);
     }
-    titleBox->SetLocked(true);
-    documentBox->SetScrollBars(false, false);
-    noteBox->SetScrollBars(true, true);
+    titleBox->setLocked(true);
+    documentBox->setScrollBars(false, false);
+    noteBox->setScrollBars(true, true);
 
     CarryIntoWorkingCopy(this, boxes(), working);
 
     generatorButton = Named(new ClickablePicture(this), "generatorButton");
     PlaceTwips(generatorButton, 5340, 1222, 240, 240);
-    generatorButton->SetPicture(GeneratorPicture());
-    generatorButton->SetTabStop(true);
-    connect(generatorButton, &ClickablePicture::Click, this, &EntryDialog::openGenerator);
-    connect(generatorButton, &ClickablePicture::MouseMove, this,
-        [this] { platform::SetCursor(generatorButton, platform::IDC_HAND); });
+    generatorButton->setPicture(GeneratorPicture());
+    generatorButton->setTabStop(true);
+    connect(generatorButton, &ClickablePicture::clicked, this, &EntryDialog::openGenerator);
+    connect(
+        generatorButton, &ClickablePicture::mouseMoved, this, [this] { platform::ShowHandCursor(generatorButton); });
     hintButton = Named(new QPushButton(QStringLiteral("?"), this), "hintButton");
     PlaceTwips(hintButton, 5040, 1920, 615, 270);
     connect(hintButton, &QPushButton::clicked, this, &EntryDialog::showDocumentHint);
@@ -99,7 +99,7 @@ EntryDialog::EntryDialog(
     connect(loadPictureButton, &QPushButton::clicked, this, &EntryDialog::loadPicture);
 
     load();
-    titleBox->SetLocked(false); // a new entry: its title is typed here
+    titleBox->setLocked(false); // a new entry: its title is typed here
 }
 
 void EntryDialog::load()
@@ -125,43 +125,43 @@ void EntryDialog::storeNewEntry()
         return; // the vault is being saved: the dialog stays as it is
     const Entry copy = working;
     if (copy.title.isEmpty()) {
-        platform::MsgBox(Lang(192), platform::MB_ICONERROR);
+        platform::ShowMessage(Lang(192), platform::MessageIcon::Critical);
         return;
     }
     // The rows on show against the text in the box: a row that carries a field value, or an
     // entry that a search left out, passes.
-    if (listedRows.contains(titleBox->Text())) {
-        platform::MsgBox(Lang(288), platform::MB_ICONINFORMATION);
+    if (listedRows.contains(titleBox->text())) {
+        platform::ShowMessage(Lang(288), platform::MessageIcon::Information);
         return;
     }
     if (vault.storeWouldOverfill(copy)) {
-        platform::MsgBox(Lang(OwnSlot::VaultTooLarge), platform::MB_ICONERROR);
+        platform::ShowMessage(Lang(OwnSlot::VaultTooLarge), platform::MessageIcon::Critical);
         return;
     }
     vault.store(copy);
-    platform::MsgBox(Lang(193), platform::MB_ICONINFORMATION);
+    platform::ShowMessage(Lang(193), platform::MessageIcon::Information);
     refillList();
     reject();
 }
 
 void EntryDialog::showDocumentHint()
 {
-    platform::MsgBox(Lang(289), platform::MB_ICONINFORMATION);
+    platform::ShowMessage(Lang(289), platform::MessageIcon::Information);
 }
 
 void EntryDialog::loadPicture()
 {
-    const QString file = platform::GetOpenFileNameA(this,
+    const QString file = platform::ChooseFileToOpen(this,
         { false, QStringLiteral("Load Image"),
             QStringLiteral("All Image Files (*.jpg, *.jpeg, *.gif, *.bmp)|*.jpg;*.jpeg;*.gif;*.bmp"), QString(),
             QString(), QString(), 0 });
     auto fail = [](int number) {
-        platform::MsgBox(
-            QStringLiteral("Error #%1:\n%2").arg(number).arg(platform::ErrorText(number)), platform::MB_ICONERROR);
+        platform::ShowMessage(QStringLiteral("Error #%1:\n%2").arg(number).arg(platform::ErrorText(number)),
+            platform::MessageIcon::Critical);
     };
     if (file.isEmpty())
         return; // the dialog's cancel, 32755, ends without a message
-    if (platform::FileLen(file) < 0) {
+    if (platform::FileSize(file) < 0) {
         fail(platform::ErrFileNotFound);
         return;
     }

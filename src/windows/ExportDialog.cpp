@@ -30,17 +30,17 @@ void ExportDialog::load()
 void ExportDialog::browse()
 {
     // The constant, not the box: a cancelled browse drops an earlier choice as well.
-    const QString folder = platform::SHBrowseForFolderA(this, { Lang(177), defaultTarget });
-    parts.pathBox->SetText(folder.isEmpty() ? defaultTarget : folder + QStringLiteral("\\tolvane_data.tvd"));
+    const QString folder = platform::ChooseFolder(this, { Lang(177), defaultTarget });
+    parts.pathBox->setText(folder.isEmpty() ? defaultTarget : folder + QStringLiteral("\\tolvane_data.tvd"));
 }
 
 void ExportDialog::exportVault()
 {
     // The file on disk, as the last save left it; nothing guards the copy.
     const int error
-        = platform::FileCopy(DataFolder() + CurrentProfile() + QStringLiteral("\\list.dat"), parts.pathBox->Text());
+        = platform::CopyFileTo(DataFolder() + CurrentProfile() + QStringLiteral("\\list.dat"), parts.pathBox->text());
     if (error != platform::ErrNone)
         platform::UnhandledError(error);
-    platform::MsgBox(Lang(178), platform::MB_ICONINFORMATION);
+    platform::ShowMessage(Lang(178), platform::MessageIcon::Information);
     Unload();
 }

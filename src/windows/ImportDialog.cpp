@@ -36,20 +36,20 @@ void ImportDialog::load()
 void ImportDialog::chooseFile()
 {
     // A cancel withdraws an earlier choice.
-    const QString chosen = platform::GetOpenFileNameA(
+    const QString chosen = platform::ChooseFileToOpen(
         this, { false, openTitle, Lang(182), QString(), QStringLiteral("*.tvd"), QStringLiteral("*.tvd"), 0 });
-    parts.pathBox->SetText(chosen.isEmpty() ? QStringLiteral("C:\\") : chosen);
+    parts.pathBox->setText(chosen.isEmpty() ? QStringLiteral("C:\\") : chosen);
     parts.actionButton->setEnabled(!chosen.isEmpty());
 }
 
 void ImportDialog::importVault()
 {
-    if (platform::MsgBox(Lang(181), platform::MB_JOINED_QUESTION) != platform::IDYES)
+    if (platform::ShowMessage(Lang(181), platform::JoinedQuestion) != platform::MessageAnswer::Yes)
         return;
     // Not read, not kept: the chosen file is the vault from now on. One larger than any vault,
     // which the load would not read, is not copied: that copy fails.
-    const int error = platform::FileCopy(
-        parts.pathBox->Text(), DataFolder() + CurrentProfile() + QStringLiteral("\\list.dat"), LargestVaultFile);
+    const int error = platform::CopyFileTo(
+        parts.pathBox->text(), DataFolder() + CurrentProfile() + QStringLiteral("\\list.dat"), LargestVaultFile);
     if (error != platform::ErrNone)
         platform::UnhandledError(error);
     WriteIni(Keys::user, Keys::switchTo, parts.profileName->text(), ConfigFile());

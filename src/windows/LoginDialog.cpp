@@ -11,6 +11,7 @@
 #include "platform/Files.h"
 #include "platform/MessageBox.h"
 #include "platform/Paths.h"
+#include "platform/Registry.h"
 #include "platform/Runtime.h"
 #include "platform/TreeLock.h"
 #include "platform/Twips.h"
@@ -36,7 +37,7 @@ public:
         : box(combo)
     {
     }
-    void Clear() override { box->clear(); }
+    void clearRows() override { box->clear(); }
     void addRow(const QString& item, int index) override
     {
         if (index < 0 || index > box->count())
@@ -111,10 +112,10 @@ void LoginDialog::load()
     // can't keep it would reset at every start: both leave the password alone.
     if (GetProgramSetting(QStringLiteral("SP1")) != QLatin1String("1")) {
         SaveProgramSetting(QStringLiteral("SP1"), QStringLiteral("1"));
-        const platform::RegistryStore found = platform::RegistryStoreAtStart(platform::HKEY_CURRENT_USER);
+        const platform::RegistryStore found = platform::RegistryStoreAtStart(platform::RegistryHive::User);
         if ((found == platform::RegistryStore::Missing || found == platform::RegistryStore::Read)
             && GetProgramSetting(QStringLiteral("SP1")) == QLatin1String("1"))
-            platform::Kill(DataFolder() + QStringLiteral("Administrator\\settings.txt"));
+            platform::RemoveFile(DataFolder() + QStringLiteral("Administrator\\settings.txt"));
     }
 
     ComboList list(profileList);
@@ -135,7 +136,7 @@ void LoginDialog::load()
         openVault(false);
         return;
     case LoginOffer::Kind::DefaultLost:
-        platform::MsgBox(Lang(187), platform::MB_ICONERROR);
+        platform::ShowMessage(Lang(187), platform::MessageIcon::Critical);
         selectProfile(offer.profile);
         return;
     case LoginOffer::Kind::Offered:
@@ -155,12 +156,12 @@ void LoginDialog::logIn()
         return;
     const QString profile = profileList->currentText();
     if (!ProfileMarkerExists(profile)) {
-        platform::MsgBox(Lang(186), platform::MB_ICONERROR);
+        platform::ShowMessage(Lang(186), platform::MessageIcon::Critical);
         return;
     }
     storedPassword = StoredPassword(profile);
     if (!PasswordOpens(storedPassword, passwordBox->text())) {
-        platform::MsgBox(Lang(185), platform::MB_ICONINFORMATION);
+        platform::ShowMessage(Lang(185), platform::MessageIcon::Information);
         return;
     }
     WriteIni(Keys::user, Keys::current, profile, ConfigFile());
@@ -215,7 +216,7 @@ LoginDialog* MakeLogin()
         MakeDirTree(DataFolder());
     const int patience = platform::CommandLine() == QLatin1String("/restart") ? 15000 : 0;
     if (platform::HoldTreeForRun(DataFolder(), patience) == platform::TreeLock::ProgramRuns) {
-        platform::MsgBox(Lang(101), platform::MB_ICONERROR);
+        platform::ShowMessage(Lang(101), platform::MessageIcon::Critical);
         platform::EndProcess(0);
     }
     return new LoginDialog;

@@ -74,7 +74,7 @@ bool nameTaken(const QString& name, const ListControl& names)
     }
     const QString path = DataFolder() + name;
     QString file;
-    platform::Dir(path, file);
+    platform::FirstFileMatching(path, file);
     return platform::FolderExists(path) || !file.isEmpty();
 }
 
@@ -87,7 +87,7 @@ void NewProfileDialog::addProfile()
     // name, so it is taken through the code page here, once ("Łukasz" is "?ukasz" under 1252).
     const QString name = platform::ThroughCodePage(nameBox->text());
     if (nameTaken(name, names)) {
-        platform::MsgBox(Lang(249), platform::MB_ICONERROR);
+        platform::ShowMessage(Lang(249), platform::MessageIcon::Critical);
         return;
     }
     names.addRow(name);
@@ -99,8 +99,8 @@ void NewProfileDialog::addProfile()
     WriteIni(Keys::settings, Keys::question, questionBox->text(), settings());
     WriteIni(Keys::settings, Keys::email, emailBox->text(), settings());
     WriteIni(Keys::settings, Keys::answer, answerBox->text(), settings());
-    const int copied = platform::FileCopy(
-        platform::AppPath() + QStringLiteral("\\dummy.dat"), DataFolder() + name + QStringLiteral("\\dummy.dat"));
+    const int copied = platform::CopyFileTo(
+        platform::ProgramFolder() + QStringLiteral("\\dummy.dat"), DataFolder() + name + QStringLiteral("\\dummy.dat"));
     if (copied != platform::ErrNone)
         platform::UnhandledError(copied);
     SaveListFile(DataFolder() + QStringLiteral("users.txt"), names);

@@ -82,13 +82,13 @@ void PasswordChangeDialog::changePassword()
     storedPassword = GetIni(Keys::settings, Keys::password, settingsFile());
     // An empty stored value equals no digest text: such a profile can't be given a password here.
     if (storedPassword != MD5Hex(oldPasswordBox->text())) {
-        platform::MsgBox(Lang(257), platform::MB_ICONINFORMATION);
+        platform::ShowMessage(Lang(257), platform::MessageIcon::Information);
         return;
     }
     WriteIni(Keys::settings, Keys::password, MD5Hex(newPasswordBox->text()), settingsFile());
     WriteIni(Keys::settings, Keys::question, questionBox->text(), settingsFile());
     WriteIni(Keys::settings, Keys::answer, MD5Hex(answerBox->text()), settingsFile());
     WriteIni(Keys::settings, Keys::email, emailBox->text(), settingsFile());
-    platform::MsgBox(Lang(258), platform::MB_ICONINFORMATION);
+    platform::ShowMessage(Lang(258), platform::MessageIcon::Information);
     Unload();
 }

@@ -48,9 +48,9 @@ PasswordGenerator::PasswordGenerator(QWidget* owner, TextBox* targetBox)
     PlaceTwips(shorterButton, 2280, 300, 375, 375);
     lengthBox = Named(new TextBox(TextBox::SingleLine, this), "lengthBox");
     PlaceTwips(lengthBox, 2700, 300, 600, 375);
-    lengthBox->SetText(QStringLiteral("5"));
-    lengthBox->SetLocked(true);
-    lengthBox->LineEditor()->setAlignment(Qt::AlignCenter);
+    lengthBox->setText(QStringLiteral("5"));
+    lengthBox->setLocked(true);
+    lengthBox->lineEditor()->setAlignment(Qt::AlignCenter);
     longerButton = Named(new QPushButton(QStringLiteral(">"), this), "longerButton");
     PlaceTwips(longerButton, 3345, 300, 375, 375);
     connect(shorterButton, &QPushButton::clicked, this, &PasswordGenerator::shorten);
@@ -64,16 +64,15 @@ PasswordGenerator::PasswordGenerator(QWidget* owner, TextBox* targetBox)
     PlaceTwips(resultCaption, 120, 1560, 3000, 255);
     resultBox = Named(new TextBox(TextBox::SingleLine, this), "resultBox");
     PlaceTwips(resultBox, 120, 1860, 3480, 315);
-    resultBox->SetLocked(true);
-    resultBox->LineEditor()->setAlignment(Qt::AlignCenter);
+    resultBox->setLocked(true);
+    resultBox->lineEditor()->setAlignment(Qt::AlignCenter);
     resultCaption->setBuddy(resultBox);
     copyButton = Named(new ClickablePicture(this), "copyButton");
     PlaceTwips(copyButton, 3720, 1897, 240, 240);
-    copyButton->SetPicture(CopyPicture());
-    copyButton->SetTabStop(true);
-    connect(copyButton, &ClickablePicture::Click, this, &PasswordGenerator::copyResult);
-    connect(copyButton, &ClickablePicture::MouseMove, this,
-        [this] { platform::SetCursor(copyButton, platform::IDC_HAND); });
+    copyButton->setPicture(CopyPicture());
+    copyButton->setTabStop(true);
+    connect(copyButton, &ClickablePicture::clicked, this, &PasswordGenerator::copyResult);
+    connect(copyButton, &ClickablePicture::mouseMoved, this, [this] { platform::ShowHandCursor(copyButton); });
 
     useButton = Named(new QPushButton(this), "useButton");
     PlaceTwips(useButton, 1320, 2400, 1215, 375);
@@ -105,14 +104,14 @@ void PasswordGenerator::load()
     cancelButton->setText(Lang(147));
     copyButton->setAccessibleName(ActionOnBox(Lang(217), Lang(278))); // copy, as the menu entry says
     // The length has no caption of its own: it counts the characters the frame beside it chooses.
-    lengthBox->Editor()->setAccessibleName(SpokenCaption(Lang(273)));
+    lengthBox->editor()->setAccessibleName(SpokenCaption(Lang(273)));
 }
 
 void PasswordGenerator::shorten()
 {
     longerButton->setEnabled(true);
-    const int n = lengthBox->Text().toInt();
-    lengthBox->SetText(QString::number(n - 1));
+    const int n = lengthBox->text().toInt();
+    lengthBox->setText(QString::number(n - 1));
     if (n < 6)
         shorterButton->setEnabled(false);
 }
@@ -120,8 +119,8 @@ void PasswordGenerator::shorten()
 void PasswordGenerator::lengthen()
 {
     shorterButton->setEnabled(true);
-    const int n = lengthBox->Text().toInt();
-    lengthBox->SetText(QString::number(n + 1));
+    const int n = lengthBox->text().toInt();
+    lengthBox->setText(QString::number(n + 1));
     if (n > 13)
         longerButton->setEnabled(false);
 }
@@ -139,29 +138,30 @@ bool PasswordGenerator::eventFilter(QObject* watched, QEvent* event)
 void PasswordGenerator::generate()
 {
     SystemRandomSource source;
-    resultBox->SetText(GeneratePassword(alphabet, lengthBox->Text().toInt(), source));
-    resultBox->LineEditor()->setCursorPosition(resultBox->Text().size());
+    resultBox->setText(GeneratePassword(alphabet, lengthBox->text().toInt(), source));
+    resultBox->lineEditor()->setCursorPosition(resultBox->text().size());
 }
 
 void PasswordGenerator::keepUseButtonInStep()
 {
-    useButton->setEnabled(target && !resultBox->Text().isEmpty());
+    useButton->setEnabled(target && !resultBox->text().isEmpty());
 }
 
 void PasswordGenerator::deliver()
 {
     if (!target)
         return;
-    if (!target->Text().isEmpty()
-        && platform::MsgBox(Lang(271), platform::MB_YESNO | platform::MB_ICONQUESTION) == platform::IDNO)
+    if (!target->text().isEmpty()
+        && platform::ShowMessage(Lang(271), platform::MessageButtons::YesNo | platform::MessageIcon::Question)
+            == platform::MessageAnswer::No)
         return;
-    target->SetText(resultBox->Text());
+    target->setText(resultBox->text());
     accept();
 }
 
 void PasswordGenerator::copyResult()
 {
-    QString text = resultBox->Text();
+    QString text = resultBox->text();
     SetClipboardText(text);
 }
 

@@ -64,9 +64,9 @@ void PasswordReminderDialog::load()
 void PasswordReminderDialog::checkAnswer()
 {
     if (storedAnswer == MD5Hex(answerBox->text())) {
-        platform::MsgBox(Lang(264) + QLatin1Char(' ') + storedPassword, platform::MB_OK);
+        platform::ShowMessage(Lang(264) + QLatin1Char(' ') + storedPassword, platform::MessageButtons::Ok);
         Unload();
         return;
     }
-    platform::MsgBox(Lang(265), platform::MB_OK); // as often as the user likes
+    platform::ShowMessage(Lang(265), platform::MessageButtons::Ok); // as often as the user likes
 }

@@ -125,7 +125,7 @@ void ProfilesPage::Fill()
 
 void ProfilesPage::showSelectedProfile()
 {
-    selectedName->setText(profileList->Text());
+    selectedName->setText(profileList->selectedText());
     const QString time
         = GetIni(Keys::settings, Keys::time, DataFolder() + selectedName->text() + QStringLiteral("\\time.txt"));
     lastTime->setText(Lang(305) + QLatin1Char(' ') + time);
@@ -140,8 +140,8 @@ void ProfilesPage::makeDefaultProfile()
 {
     const QString name = selectedName->text();
     WriteIni(Keys::user, Keys::defaultProfile, name, ConfigFile());
-    platform::MsgBox(
-        Lang(291) + QStringLiteral(" '") + name + QStringLiteral("' ") + Lang(292), platform::MB_ICONINFORMATION);
+    platform::ShowMessage(
+        Lang(291) + QStringLiteral(" '") + name + QStringLiteral("' ") + Lang(292), platform::MessageIcon::Information);
     defaultName->setText(name);
 }
 
@@ -149,7 +149,7 @@ void ProfilesPage::changePassword()
 {
     // A password can be changed only for the profile in use.
     if (inUseName->text() != selectedName->text()) {
-        platform::MsgBox(Lang(293), platform::MB_ICONINFORMATION);
+        platform::ShowMessage(Lang(293), platform::MessageIcon::Information);
         return;
     }
     Q_EMIT passwordChangeRequested(selectedName->text());
@@ -165,9 +165,9 @@ void ProfilesPage::deleteProfile()
     const QString inUse = inUseName->text();
     const QString selected = selectedName->text();
     const auto confirmed = [&selected] {
-        return platform::MsgBox(Lang(295) + QLatin1Char(' ') + selected + QLatin1Char('?'),
-                   platform::MB_YESNO | platform::MB_ICONQUESTION)
-            == platform::IDYES;
+        return platform::ShowMessage(Lang(295) + QLatin1Char(' ') + selected + QLatin1Char('?'),
+                   platform::MessageButtons::YesNo | platform::MessageIcon::Question)
+            == platform::MessageAnswer::Yes;
     };
     // The folder goes, failures or not, and the row with it.
     const auto removeProfile = [this, &selected] {
@@ -183,7 +183,7 @@ void ProfilesPage::deleteProfile()
     const bool takesInUse = platform::FolderHolds(target, DataFolder() + inUse);
     if (inUse == administrator) {
         if (selected == administrator || takesAdministrator || takesInUse) {
-            platform::MsgBox(Lang(294), platform::MB_ICONERROR);
+            platform::ShowMessage(Lang(294), platform::MessageIcon::Critical);
             return;
         }
         if (!confirmed())
@@ -191,7 +191,7 @@ void ProfilesPage::deleteProfile()
         removeProfile();
     } else if (inUse == selected) {
         if (takesAdministrator) {
-            platform::MsgBox(Lang(294), platform::MB_ICONERROR);
+            platform::ShowMessage(Lang(294), platform::MessageIcon::Critical);
             return;
         }
         if (!confirmed())
@@ -200,7 +200,7 @@ void ProfilesPage::deleteProfile()
         // users.txt and config.txt keep naming it: the next start copes with that.
         RestartProgram();
     } else {
-        platform::MsgBox(Lang(296), platform::MB_ICONERROR); // and on, though nothing was deleted
+        platform::ShowMessage(Lang(296), platform::MessageIcon::Critical); // and on, though nothing was deleted
     }
     if (defaultName->text() == selected || inUseName->text() == selected) {
         WriteIni(Keys::user, Keys::defaultProfile, administrator, ConfigFile());
@@ -211,7 +211,7 @@ void ProfilesPage::deleteProfile()
 
 void ProfilesPage::switchProfile()
 {
-    if (platform::MsgBox(Lang(297), platform::MB_JOINED_QUESTION) != platform::IDYES)
+    if (platform::ShowMessage(Lang(297), platform::JoinedQuestion) != platform::MessageAnswer::Yes)
         return;
     saveOptions();
     WriteIni(Keys::user, Keys::current, selectedName->text(), ConfigFile());

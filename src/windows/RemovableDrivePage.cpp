@@ -111,7 +111,7 @@ void RemovableDrivePage::setStatus(int slot, int colour)
 void RemovableDrivePage::showStatus()
 {
     QString found;
-    if (platform::Dir(drive() + QStringLiteral("\\TolvaneKey\\usb.inf"), found) != platform::ErrNone) {
+    if (platform::FirstFileMatching(drive() + QStringLiteral("\\TolvaneKey\\usb.inf"), found) != platform::ErrNone) {
         // A drive without a medium: neither install nor removal is offered.
         setStatus(302, colourNotInstalled);
         installButton->setEnabled(false);
@@ -136,14 +136,15 @@ void RemovableDrivePage::install()
             MakeDirTree(target);
             continue;
         }
-        const int error = platform::FileCopy(platform::AppPath() + QLatin1String(step.source), target);
+        const int error = platform::CopyFileTo(platform::ProgramFolder() + QLatin1String(step.source), target);
         if (error != platform::ErrNone) {
-            platform::MsgBox(Lang(error == platform::ErrDiskNotReady ? 299 : 300), platform::MB_ICONERROR);
+            platform::ShowMessage(
+                Lang(error == platform::ErrDiskNotReady ? 299 : 300), platform::MessageIcon::Critical);
             return;
         }
     }
     showStatus();
-    platform::MsgBox(Lang(298), platform::MB_ICONINFORMATION);
+    platform::ShowMessage(Lang(298), platform::MessageIcon::Information);
 }
 
 void RemovableDrivePage::remove()
@@ -151,11 +152,11 @@ void RemovableDrivePage::remove()
     // The profiles kept on the drive go with the folder; nobody is asked. A link goes as a link.
     const platform::WorkingFolderScope driveRoot(drive() + QLatin1Char('\\'));
     RemoveDirTree(drive() + QStringLiteral("\\TolvaneKey"));
-    const int error = platform::Kill(drive() + QStringLiteral("\\autorun.inf"));
+    const int error = platform::RemoveFile(drive() + QStringLiteral("\\autorun.inf"));
     if (error != platform::ErrNone) {
-        platform::MsgBox(Lang(error == platform::ErrDiskNotReady ? 299 : 304), platform::MB_ICONERROR);
+        platform::ShowMessage(Lang(error == platform::ErrDiskNotReady ? 299 : 304), platform::MessageIcon::Critical);
         return;
     }
     showStatus();
-    platform::MsgBox(Lang(303), platform::MB_ICONINFORMATION);
+    platform::ShowMessage(Lang(303), platform::MessageIcon::Information);
 }

@@ -39,8 +39,8 @@ ReportWindow::ReportWindow(QWidget* owner, const QList<Entry>& shown)
     setWindowTitle(QStringLiteral("Raport"));
     resize(Twips(8400), Twips(6000));
     reportBox = Placed(new TextBox(TextBox::MultiLine, this), "reportBox", 120, 120, 8160, 5160);
-    reportBox->SetLocked(true);
-    reportBox->SetScrollBars(true, true);
+    reportBox->setLocked(true);
+    reportBox->setScrollBars(true, true);
     printButton = Placed(new QPushButton(QStringLiteral("&Drukuj"), this), "printButton", 4260, 5460, 1215, 375);
     saveButton = Placed(new QPushButton(QStringLiteral("&Zapisz..."), this), "saveButton", 5595, 5460, 1215, 375);
     closeButton = Placed(new QPushButton(QStringLiteral("&Anuluj"), this), "closeButton", 6930, 5460, 1215, 375);
@@ -55,29 +55,29 @@ void ReportWindow::load()
     printButton->setText(Lang(281));
     saveButton->setText(Lang(282));
     closeButton->setText(Lang(147));
-    reportBox->Editor()->setAccessibleName(Lang(280)); // the box is the report
-    reportBox->SetText(ReportText(entries));
+    reportBox->editor()->setAccessibleName(Lang(280)); // the box is the report
+    reportBox->setText(ReportText(entries));
 }
 
 void ReportWindow::print()
 {
     // A warning, not a question: the printing follows in any case.
-    platform::MsgBox(Lang(283), platform::MB_ICONERROR);
+    platform::ShowMessage(Lang(283), platform::MessageIcon::Critical);
     platform::Printer printer;
-    int error = printer.Print(); // the first line, in the printer's own font, starts the page
-    printer.SetFontName(QStringLiteral("Arial"));
-    printer.SetFontSize(8);
-    printer.SetFontBold(false);
+    int error = printer.printLine(); // the first line, in the printer's own font, starts the page
+    printer.setFontName(QStringLiteral("Arial"));
+    printer.setFontSize(8);
+    printer.setFontBold(false);
     if (!error)
-        error = printer.Print(platform::DateText() + QLatin1Char(' ') + platform::TimeOfDayText());
+        error = printer.printLine(platform::DateText() + QLatin1Char(' ') + platform::TimeOfDayText());
     if (!error)
-        error = printer.Print();
+        error = printer.printLine();
     if (!error)
-        error = printer.Print(reportBox->Text());
+        error = printer.printLine(reportBox->text());
     if (!error)
-        error = printer.EndDoc();
+        error = printer.endDocument();
     if (error)
-        platform::MsgBox(printer.Description(), platform::MB_ICONERROR);
+        platform::ShowMessage(printer.errorDescription(), platform::MessageIcon::Critical);
 }
 
 void ReportWindow::saveAsText()
@@ -86,7 +86,7 @@ void ReportWindow::saveAsText()
     if (path.isEmpty())
         return;
     // Nothing is told, whether the file could be written or not.
-    platform::WriteFileAtomic(path, platform::ToCodePage(reportBox->Text() + QStringLiteral("\r\n")));
+    platform::WriteFileAtomic(path, platform::ToCodePage(reportBox->text() + QStringLiteral("\r\n")));
 }
 
 void ShowReport(QWidget* owner, const QList<Entry>& entries)

@@ -9,6 +9,6 @@ QString ShowSaveDialog(
     // The name buffer holds 254 characters at most.
     // Flags 8198: ask before replacing a file, hide the read-only box, ask before creating one.
     const platform::FileDialogCall call { true, title, filter, initialFolder, fileName.left(254), QStringLiteral("pdf"),
-        platform::OFN_OVERWRITEPROMPT | platform::OFN_HIDEREADONLY | platform::OFN_CREATEPROMPT };
-    return platform::GetSaveFileNameA(owner, call).trimmed();
+        platform::AskBeforeReplacing | platform::NoReadOnlyBox | platform::AskBeforeCreating };
+    return platform::ChooseFileToSave(owner, call).trimmed();
 }

@@ -137,7 +137,7 @@ void SettingsWindow::load()
         // A value that is no number (a missing key) or no state of a box leaves it unticked.
         const QString cfg = DataFolder() + CurrentProfile() + QStringLiteral("\\cfg.txt");
         int value = 0;
-        if (platform::CIntText(GetIni(Keys::setts, Keys::option(n), cfg), value) && value >= 0 && value <= 2)
+        if (platform::WholeNumberFromText(GetIni(Keys::setts, Keys::option(n), cfg), value) && value >= 0 && value <= 2)
             optionBox(n)->setCheckState(checkStates[value]);
     }
     profilesPage->SetLastProfileIsDefault(
@@ -178,8 +178,8 @@ void SettingsWindow::cancel()
 
 void SettingsWindow::saveLanguage()
 {
-    platform::MsgBox(Lang(306), platform::MB_OK);
+    platform::ShowMessage(Lang(306), platform::MessageButtons::Ok);
     // Written where no reader looks: the choice shows neither at the next start nor here.
-    RegSetValue(QStringLiteral("Tolvane"), QStringLiteral("Settings"), QStringLiteral("curLang"),
-        languageList->currentText(), platform::HKEY_LOCAL_MACHINE, QStringLiteral("SOFTWARE"), platform::REG_SZ);
+    platform::SetRegistryValue(platform::RegistryHive::Machine, QStringLiteral("SOFTWARE\\Tolvane\\Settings"),
+        QStringLiteral("curLang"), languageList->currentText());
 }

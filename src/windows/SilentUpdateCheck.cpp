@@ -10,7 +10,7 @@
 SilentUpdateCheck::SilentUpdateCheck(QWidget* owner)
     : SingleDialog(owner)
     , checkTimer(new QTimer(this))
-    , client(std::make_unique<platform::Inet>())
+    , client(std::make_unique<platform::HttpClient>())
 {
     setObjectName(QStringLiteral("SilentUpdateCheck"));
     checkTimer->setObjectName(QStringLiteral("checkTimer"));
@@ -29,7 +29,7 @@ void SilentUpdateCheck::load()
 
 void SilentUpdateCheck::onUnload()
 {
-    client->Cancel();
+    client->cancel();
 }
 
 void SilentUpdateCheck::checkTick()

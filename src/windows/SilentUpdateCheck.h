@@ -9,7 +9,7 @@
 class QTimer;
 
 namespace platform {
-class Inet;
+class HttpClient;
 }
 
 class SilentUpdateCheck : public SingleDialog<SilentUpdateCheck>
@@ -30,7 +30,7 @@ private:
     void onUnload();
 
     QTimer* checkTimer;
-    std::unique_ptr<platform::Inet> client;
+    std::unique_ptr<platform::HttpClient> client;
     bool checking = false; // a check is waiting or asking
 };
 

@@ -51,8 +51,8 @@ void SplashWindow::initialize()
     LoadLanguage();
     if (platform::CommandLine() == QLatin1String("/restart"))
         return;
-    if (platform::PrevInstance()) {
-        platform::MsgBox(Lang(101), platform::MB_ICONERROR);
+    if (platform::AnotherCopyRunning()) {
+        platform::ShowMessage(Lang(101), platform::MessageIcon::Critical);
         platform::EndProcess(0);
     }
 }

@@ -22,8 +22,8 @@ TransferParts BuildTransferFrame(QDialog* dialog, const TransferTexts& texts)
     p.profileName = Placed(new QLabel(p.frame), "profileName", 3000, 360, 2520, 285);
     MakeBold(p.profileName);
     p.pathBox = Placed(new TextBox(TextBox::SingleLine, p.frame), "pathBox", 240, 900, 4740, 330);
-    p.pathBox->SetLocked(true);
-    p.pathBox->SetText(QString::fromUtf8(texts.path));
+    p.pathBox->setLocked(true);
+    p.pathBox->setText(QString::fromUtf8(texts.path));
     p.browseButton = Placed(new QPushButton(QStringLiteral("..."), p.frame), "browseButton", 5040, 885, 480, 360);
     p.actionButton
         = Placed(new QPushButton(QString::fromUtf8(texts.action), dialog), "actionButton", 3060, 1980, 1335, 375);
@@ -41,6 +41,6 @@ void SetTransferCaptions(
     p.lead->setText(Lang(leadSlot));
     p.actionButton->setText(Lang(captionSlot));
     p.cancelButton->setText(Lang(147));
-    p.pathBox->Editor()->setAccessibleName(SpokenCaption(p.lead->text()) + QLatin1Char(' ') + p.profileName->text());
+    p.pathBox->editor()->setAccessibleName(SpokenCaption(p.lead->text()) + QLatin1Char(' ') + p.profileName->text());
     p.browseButton->setAccessibleName(SpokenCaption(browseDialogTitle));
 }

@@ -109,12 +109,12 @@ void TrayHost::iconMessage(int x)
         break;
     case platform::TrayLeftDoubleClick:
         setWindowState(Qt::WindowNoState);
-        platform::SetForegroundWindow(this);
+        platform::BringToFront(this);
         show();
         break;
     case platform::TrayRightButtonUp:
         // Only the right button brings the host window to the front first.
-        platform::SetForegroundWindow(this);
+        platform::BringToFront(this);
         menu->popup(QCursor::pos());
         break;
     default:

@@ -17,7 +17,7 @@ UpdateWindow::UpdateWindow(QWidget* owner)
     : SingleDialog(owner)
     , checkTimer(new QTimer(this))
     , barTimer(new QTimer(this))
-    , client(std::make_unique<platform::Inet>())
+    , client(std::make_unique<platform::HttpClient>())
 {
     setObjectName(QStringLiteral("UpdateWindow"));
     setWindowModality(Qt::ApplicationModal);
@@ -51,13 +51,13 @@ void UpdateWindow::onUnload()
 {
     checkTimer->stop();
     barTimer->stop();
-    client->Cancel();
+    client->cancel();
 }
 
 void UpdateWindow::checkTick()
 {
     // A failed fetch reads as "nothing new".
-    CheckOnce(this, [] { platform::MsgBox(Lang(146), platform::MB_ICONINFORMATION); });
+    CheckOnce(this, [] { platform::ShowMessage(Lang(146), platform::MessageIcon::Information); });
 }
 
 void UpdateWindow::advanceBar()

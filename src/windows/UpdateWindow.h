@@ -12,7 +12,7 @@ class QPushButton;
 class QTimer;
 
 namespace platform {
-class Inet;
+class HttpClient;
 }
 
 class UpdateWindow : public SingleDialog<UpdateWindow>
@@ -38,7 +38,7 @@ private:
     QProgressBar* progressBar;
     QPushButton* cancelButton;
     QTimer *checkTimer, *barTimer;
-    std::unique_ptr<platform::Inet> client;
+    std::unique_ptr<platform::HttpClient> client;
     bool checking = false; // a check is waiting or asking
 };
 

@@ -237,7 +237,7 @@ void VaultWindow::buildControls()
     searchCaption->setBuddy(searchBox);
     PlaceTwips(searchBox, 5160, 20, 2400, 300);
     searchButton = PlacedSkinnedButton(client, "searchButton", SearchPicture(), 7620, 0, 615);
-    connect(searchButton, &SkinnedButton::Click, this, &VaultWindow::search);
+    connect(searchButton, &SkinnedButton::clicked, this, &VaultWindow::search);
 
     entryHeading = label("entryHeading");
     MakeBold(entryHeading);
@@ -271,20 +271,20 @@ void VaultWindow::buildControls()
         PlaceTwips(*f.control, 3840, f.top, 4335, f.height);
         (*f.caption)->setBuddy(*f.control);
     }
-    titleBox->SetLocked(true);
+    titleBox->setLocked(true);
     // Grey as a read-only field: a line edit paints its ground in the palette's Base colour.
-    QPalette readOnly = titleBox->Editor()->palette();
+    QPalette readOnly = titleBox->editor()->palette();
     readOnly.setColor(QPalette::Base, readOnly.color(QPalette::Window));
-    titleBox->Editor()->setPalette(readOnly);
-    documentBox->SetScrollBars(false, true);
-    noteBox->SetScrollBars(true, true);
+    titleBox->editor()->setPalette(readOnly);
+    documentBox->setScrollBars(false, true);
+    noteBox->setScrollBars(true, true);
     noteBox->resize(Twips(5055), noteBox->height());
 
     CarryIntoWorkingCopy(this, boxes(), working);
 
     // Only a click into a box makes it the current field: Tab does not, and nothing clears it.
     for (TextBox* b : { userNameBox, passphraseBox, passwordBox, urlBox, documentBox, noteBox })
-        connect(b, &TextBox::Click, this, [this, b] { currentField = b; });
+        connect(b, &TextBox::clicked, this, [this, b] { currentField = b; });
 
     buildPictures(client);
 
@@ -316,7 +316,7 @@ void VaultWindow::buildControls()
     };
     for (const Tool& t : tools) {
         *t.control = PlacedSkinnedButton(client, t.name, t.picture(), t.left, 0, 375);
-        connect(*t.control, &SkinnedButton::Click, this, t.click);
+        connect(*t.control, &SkinnedButton::clicked, this, t.click);
     }
 
     // The Tab key as the eye goes: the search box at the top, the list, then each box with the
@@ -360,10 +360,10 @@ void VaultWindow::buildPictures(QWidget* client)
         auto* image = new ClickablePicture(client);
         image->setObjectName(QLatin1String(p.name));
         PlaceTwips(image, p.left, p.top, 240, 240);
-        image->SetPicture(p.picture());
-        image->SetTabStop(true);
-        connect(image, &ClickablePicture::Click, this, p.click);
-        connect(image, &ClickablePicture::MouseMove, this, [image] { platform::SetCursor(image, platform::IDC_HAND); });
+        image->setPicture(p.picture());
+        image->setTabStop(true);
+        connect(image, &ClickablePicture::clicked, this, p.click);
+        connect(image, &ClickablePicture::mouseMoved, this, [image] { platform::ShowHandCursor(image); });
         *p.control = image;
     }
 }
@@ -481,7 +481,7 @@ void VaultWindow::load()
     const int rows = list->rowCount();
     setPanel(1, QString::number(rows) + QLatin1Char(' ') + Lang(rows == 1 ? 203 : 204));
     const QString cfg = ProfileFile(QStringLiteral("cfg.txt"));
-    passwordBox->SetPasswordChar(
+    passwordBox->setPasswordChar(
         GetIni(Keys::setts, Keys::option(5), cfg) == QLatin1String("1") ? QStringLiteral("*") : QString());
 }
 
@@ -498,12 +498,12 @@ void VaultWindow::save()
     const QString file = ProfileFile(QStringLiteral("list.dat"));
     const VaultSave saved = vault.save(file, &platform::YieldStepHoldingInput);
     if (saved == VaultSave::TooLarge) {
-        platform::MsgBox(Lang(OwnSlot::VaultTooLarge), platform::MB_ICONERROR);
+        platform::ShowMessage(Lang(OwnSlot::VaultTooLarge), platform::MessageIcon::Critical);
     } else if (saved == VaultSave::WriteFailed) {
         // Told before the run ends: which file, and that the changes are lost.
-        platform::MsgBox(Lang(OwnSlot::VaultNotSaved) + QLatin1Char('\r') + platform::ToNative(file) + QLatin1Char('\r')
-                + Lang(OwnSlot::ChangesNotSaved),
-            platform::MB_ICONERROR);
+        platform::ShowMessage(Lang(OwnSlot::VaultNotSaved) + QLatin1Char('\r') + platform::ToNative(file)
+                + QLatin1Char('\r') + Lang(OwnSlot::ChangesNotSaved),
+            platform::MessageIcon::Critical);
     }
 }
 
@@ -560,11 +560,11 @@ void VaultWindow::resizeEvent(QResizeEvent* event)
 
 void VaultWindow::keepBoxesInStep()
 {
-    const bool onShow = !titleBox->Text().isEmpty();
+    const bool onShow = !titleBox->text().isEmpty();
     saveButton->setEnabled(onShow);
     for (TextBox* b : { userNameBox, passphraseBox, passwordBox, urlBox, documentBox, noteBox })
-        b->SetLocked(!onShow);
-    setPanel(4, titleBox->Text());
+        b->setLocked(!onShow);
+    setPanel(4, titleBox->text());
 }
 
 void VaultWindow::startSilentUpdateCheck()
@@ -576,7 +576,7 @@ void VaultWindow::startSilentUpdateCheck()
 
 void VaultWindow::fillWithAllTitles()
 {
-    list->Clear();
+    list->clearRows();
     for (const Entry& e : vault.all())
         list->addRow(Shown(e.title));
 }
@@ -584,13 +584,13 @@ void VaultWindow::fillWithAllTitles()
 void VaultWindow::search()
 {
     if (list->rowCount() == 0) {
-        platform::MsgBox(Lang(195), platform::MB_ICONINFORMATION); // the list is asked, not the vault
-    } else if (searchBox->Text().isEmpty()) {
-        platform::MsgBox(Lang(196), platform::MB_ICONINFORMATION);
+        platform::ShowMessage(Lang(195), platform::MessageIcon::Information); // the list is asked, not the vault
+    } else if (searchBox->text().isEmpty()) {
+        platform::ShowMessage(Lang(196), platform::MessageIcon::Information);
     } else {
         setListHeading(Lang(197));
-        list->Clear();
-        const QString needle = searchBox->Text().toLower();
+        list->clearRows();
+        const QString needle = searchBox->text().toLower();
         for (const Entry& e : vault.all()) {
             if (const std::optional<QString> row = SearchRow(e, needle))
                 list->addRow(*row);
@@ -627,7 +627,7 @@ EntryBoxes VaultWindow::boxes() const
 
 void VaultWindow::loadSelectedEntry()
 {
-    const QString title = RowTitle(list->Text());
+    const QString title = RowTitle(list->selectedText());
     if (!title.isEmpty()) {
         if (const qsizetype index = vault.lastIndexOf(Stored(title)); index >= 0) {
             working = vault.at(index);
@@ -655,15 +655,15 @@ void VaultWindow::saveChangedEntry()
         return;
     const Entry copy = working;
     if (copy.title.isEmpty()) {
-        platform::MsgBox(Lang(192), platform::MB_ICONERROR);
+        platform::ShowMessage(Lang(192), platform::MessageIcon::Critical);
         return;
     }
     if (vault.storeWouldOverfill(copy)) {
-        platform::MsgBox(Lang(OwnSlot::VaultTooLarge), platform::MB_ICONERROR);
+        platform::ShowMessage(Lang(OwnSlot::VaultTooLarge), platform::MessageIcon::Critical);
         return;
     }
     vault.store(copy);
-    platform::MsgBox(Lang(193), platform::MB_ICONINFORMATION);
+    platform::ShowMessage(Lang(193), platform::MessageIcon::Information);
     fillWithAllTitles(); // the mode stays, the selection is gone
 }
 
@@ -683,14 +683,14 @@ void VaultWindow::deleteSelectedEntry(int noSelectionSlot)
 {
     if (vault.saveRunning())
         return;
-    const QString title = RowTitle(list->Text());
+    const QString title = RowTitle(list->selectedText());
     if (title.isEmpty()) {
-        platform::MsgBox(Lang(noSelectionSlot), platform::MB_ICONERROR);
+        platform::ShowMessage(Lang(noSelectionSlot), platform::MessageIcon::Critical);
         return;
     }
-    if (platform::MsgBox(Lang(199) + QLatin1Char(' ') + title + QLatin1Char(' ') + Lang(200),
-            platform::MB_YESNO | platform::MB_ICONQUESTION)
-        == platform::IDNO)
+    if (platform::ShowMessage(Lang(199) + QLatin1Char(' ') + title + QLatin1Char(' ') + Lang(200),
+            platform::MessageButtons::YesNo | platform::MessageIcon::Question)
+        == platform::MessageAnswer::No)
         return;
     const qsizetype index = vault.lastIndexOf(Stored(title));
     if (index < 0)
@@ -698,7 +698,7 @@ void VaultWindow::deleteSelectedEntry(int noSelectionSlot)
     vault.remove(index);
     list->removeRow(list->selectedRow());
     for (TextBox* b : { titleBox, urlBox, passwordBox, titleBox, noteBox, userNameBox, documentBox, passphraseBox })
-        b->SetText(QString());
+        b->setText(QString());
 }
 
 void VaultWindow::deleteEntryFromMenu()
@@ -719,7 +719,7 @@ TextBox* VaultWindow::currentFieldBox() const
 void VaultWindow::copyCurrentField()
 {
     if (TextBox* box = currentFieldBox()) {
-        QString text = box->Text(); // the whole box, whatever is selected
+        QString text = box->text(); // the whole box, whatever is selected
         SetClipboardText(text);
     }
 }
@@ -749,7 +749,7 @@ void VaultWindow::clearClipboard()
 
 void VaultWindow::copyBoxBeside(TextBox* box)
 {
-    QString text = box->Text(); // a masked password is copied in clear
+    QString text = box->text(); // a masked password is copied in clear
     SetClipboardText(text);
     // Read from the file at each click, whatever the copy did.
     if (GetIni(Keys::setts, Keys::option(4), ProfileFile(QStringLiteral("cfg.txt"))) == QLatin1String("1"))
@@ -758,26 +758,26 @@ void VaultWindow::copyBoxBeside(TextBox* box)
 
 void VaultWindow::openAddressIfAny()
 {
-    if (!urlBox->Text().isEmpty())
+    if (!urlBox->text().isEmpty())
         openAddress();
 }
 
 void VaultWindow::openDocumentIfAny()
 {
-    if (!documentBox->Text().isEmpty())
+    if (!documentBox->text().isEmpty())
         openDocument();
 }
 
 void VaultWindow::openAddress()
 {
     QString directory;
-    ShellOpen(this, urlBox->Text(), QString(), directory, 1, true);
+    ShellOpen(this, urlBox->text(), QString(), directory, 1, true);
 }
 
 void VaultWindow::openDocument()
 {
     QString directory = QStringLiteral("C:\\");
-    ShellOpen(this, documentBox->Text(), QString(), directory, 1, true);
+    ShellOpen(this, documentBox->text(), QString(), directory, 1, true);
 }
 
 void VaultWindow::openGeneratorForPassword()

@@ -19,7 +19,7 @@ private Q_SLOTS:
         // Padding comes back as code 0, blanks are passed over, "=" before a character is let through. A bad
         // group is asked about (OK goes on with "???", Cancel stops); a last single character gets "===".
         MessageBoxScript boxes;
-        boxes.answers = { platform::IDOK, platform::IDCANCEL };
+        boxes.answers = { platform::MessageAnswer::Ok, platform::MessageAnswer::Cancel };
         const std::pair<QByteArray, QByteArray> decoded[] = { { "YW5u\r\nYQ", QByteArray("anna\0\0", 6) },
             { "//4", QByteArray("\xff\xfe\0", 3) }, { " \r\n\t ", "" }, { "Y W\t5u", "ann" }, { "YW=u", "a`." },
             { "YW5u*W5uYW5u", "ann???ann" }, { "YW5u*W5uYW5u", "ann" }, { "YW5uY", "ann???" } };
@@ -28,7 +28,7 @@ private Q_SLOTS:
         QCOMPARE((QList<bool> { CheckBase64("", true), CheckBase64("YW==", true), CheckBase64("Y=W=", true),
                      CheckBase64("a*", true), CheckBase64("a*", false) }),
             (QList<bool> { false, true, false, false, false }));
-        const QString asked = u"%1|PROGRAM ERROR|Illegal Characters <%2> found"_s.arg(platform::MB_OKCANCEL);
+        const QString asked = u"1|PROGRAM ERROR|Illegal Characters <%1> found"_s;
         QCOMPARE(boxes.all(),
             (QStringList { asked.arg(u"*W5u"_s), asked.arg(u"*W5u"_s), asked.arg(u"Y==="_s), u"0|?|Text Error."_s,
                 u"0|?|r <*> found in b. text"_s }));

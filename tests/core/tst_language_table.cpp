@@ -21,8 +21,7 @@ private Q_SLOTS:
         MessageBoxScript boxes; // no curLang: asked once, and English from then on
         LoadLanguage();
         LoadLanguage();
-        QCOMPARE(boxes.all(),
-            QStringList { u"%1|Tolvane|Error: Failed loading selected language."_s.arg(platform::MB_ICONERROR) });
+        QCOMPARE(boxes.all(), QStringList { u"16|Tolvane|Error: Failed loading selected language."_s });
         QCOMPARE(GetProgramSetting(u"curLang"_s), u"English"_s);
         QVERIFY(Lang(101).startsWith(u"Tolvane is already running."_s));
 
@@ -68,7 +67,7 @@ private Q_SLOTS:
                     seen << b->text().remove(u'&');
                 box->button(QMessageBox::No)->click();
             });
-            platform::ShowMessageBoxWindow({ u"?"_s, platform::MB_YESNO, u"Tolvane"_s });
+            platform::ShowMessageBoxWindow({ u"?"_s, 4, u"Tolvane"_s });
             seen.sort();
             QCOMPARE(seen.join(u' '), buttons);
         }

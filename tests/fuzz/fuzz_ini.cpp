@@ -23,15 +23,14 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
         f.write(bytes);
     }
     QString buffer(255, QChar(0));
-    const int n = platform::GetPrivateProfileStringA(
-        QStringLiteral("user"), QStringLiteral("current"), QString(), buffer, 255, path);
+    const int n
+        = platform::ReadIniString(QStringLiteral("user"), QStringLiteral("current"), QString(), buffer, 255, path);
     if (n < 0 || n > 254)
         __builtin_trap();
-    platform::WritePrivateProfileStringA(
-        QStringLiteral("user"), QStringLiteral("current"), QStringLiteral("Anna"), path);
+    platform::WriteIniString(QStringLiteral("user"), QStringLiteral("current"), QStringLiteral("Anna"), path);
     buffer = QString(255, QChar(0));
-    const int m = platform::GetPrivateProfileStringA(
-        QStringLiteral("user"), QStringLiteral("current"), QString(), buffer, 255, path);
+    const int m
+        = platform::ReadIniString(QStringLiteral("user"), QStringLiteral("current"), QString(), buffer, 255, path);
     if (buffer.left(m) != QLatin1String("Anna"))
         __builtin_trap();
     return 0;

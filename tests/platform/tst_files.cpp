@@ -16,8 +16,8 @@ private Q_SLOTS:
     void errorNumbersModesReadsSavesAndLinks()
     {
         TestWorld world;
-        QCOMPARE((QList<int> { MkDir(u"C:\\a"_s), MkDir(u"C:\\a"_s), MkDir(u"C:\\missing\\b"_s),
-                     FileCopy(u"C:\\none.txt"_s, u"C:\\a\\x.txt"_s) }),
+        QCOMPARE((QList<int> { MakeFolder(u"C:\\a"_s), MakeFolder(u"C:\\a"_s), MakeFolder(u"C:\\missing\\b"_s),
+                     CopyFileTo(u"C:\\none.txt"_s, u"C:\\a\\x.txt"_s) }),
             (QList<int> { 0, ErrPathFileAccess, ErrPathNotFound, ErrFileNotFound }));
         QVERIFY(WriteFileAtomic(u"C:\\a\\new.txt"_s, "secret") && !WriteFileAtomic(u"C:\\nowhere\\x.txt"_s, "lost"));
         // New folders are 0700 and new files 0600: the data tree holds passwords.
@@ -33,10 +33,10 @@ private Q_SLOTS:
         // Only regular files are read: a pipe nobody writes to is refused at once, not waited on for ever.
         world.write(u"home/big.dat"_s, QByteArray(5000, 'x'));
         QCOMPARE(::mkfifo(QFile::encodeName(world.path(u"home/fifo"_s)).constData(), 0600), 0);
-        QCOMPARE((QList<qint64> { FileLen(u"C:\\a\\new.txt"_s), FileLen(u"C:\\a"_s), FileLen(u"C:\\fifo"_s) }),
+        QCOMPARE((QList<qint64> { FileSize(u"C:\\a\\new.txt"_s), FileSize(u"C:\\a"_s), FileSize(u"C:\\fifo"_s) }),
             (QList<qint64> { 6, -1, -1 }));
         QByteArray bytes;
-        QVERIFY(!ReadFileBytes(u"C:\\fifo"_s, bytes) && FileCopy(u"C:\\fifo"_s, u"C:\\copy"_s) == ErrFileNotFound);
+        QVERIFY(!ReadFileBytes(u"C:\\fifo"_s, bytes) && CopyFileTo(u"C:\\fifo"_s, u"C:\\copy"_s) == ErrFileNotFound);
         const std::tuple<QString, qint64, ReadOutcome> reads[] = { { u"C:\\fifo"_s, 100, ReadOutcome::NotAFile },
             { u"C:\\a"_s, 100, ReadOutcome::NotAFile }, { u"C:\\none"_s, 100, ReadOutcome::Missing },
             { u"C:\\big.dat"_s, 4999, ReadOutcome::TooLarge }, { u"C:\\big.dat"_s, 5000, ReadOutcome::Read } };
@@ -88,16 +88,16 @@ private Q_SLOTS:
         const QString source = u"C:\\outside\\f.txt"_s;
         for (const QString& via : { u"C:\\work\\l"_s, u"C:\\work\\a\\l"_s, u"C:\\work\\a\\b\\l"_s, u"D:\\Key"_s }) {
             QVERIFY2(!WriteFileAtomic(via + u"\\f.txt"_s, "lost") && !TouchFile(via + u"\\new.txt"_s), qPrintable(via));
-            QCOMPARE((QList<int> { Kill(via + u"\\f.txt"_s), MkDir(via + u"\\d"_s),
-                         FileCopy(source, via + u"\\f.txt"_s), DeleteFolder(via + u"\\sub"_s, true) }),
+            QCOMPARE((QList<int> { RemoveFile(via + u"\\f.txt"_s), MakeFolder(via + u"\\d"_s),
+                         CopyFileTo(source, via + u"\\f.txt"_s), DeleteFolder(via + u"\\sub"_s, true) }),
                 QList<int>(4, ErrPermissionDenied));
         }
         for (const QString& file : { u"C:\\work\\file.lnk"_s, u"D:\\autorun.inf"_s }) {
             QVERIFY2(!WriteFileAtomic(file, "lost"), qPrintable(file));
-            QCOMPARE(FileCopy(source, file), int(ErrPermissionDenied));
+            QCOMPARE(CopyFileTo(source, file), int(ErrPermissionDenied));
         }
         // A link itself can go, and a folder with a link inside goes without what it points to.
-        QCOMPARE((QList<int> { Kill(u"C:\\work\\file.lnk"_s), DeleteFolder(u"C:\\work\\a"_s, true) }),
+        QCOMPARE((QList<int> { RemoveFile(u"C:\\work\\file.lnk"_s), DeleteFolder(u"C:\\work\\a"_s, true) }),
             (QList<int> { 0, 0 }));
         QVERIFY(!QFileInfo::exists(world.path(u"home/work/a"_s)));
         QCOMPARE(QDir(outside).count(), 4u); // ".", "..", f.txt and sub: nothing came or went through a link
@@ -105,10 +105,11 @@ private Q_SLOTS:
 
         // A drive letter with no medium behind it is not ready, for every operation.
         QString found = u"x"_s;
-        QCOMPARE((QList<int> { Dir(u"E:\\Key\\usb.inf"_s, found), FileCopy(u"C:\\outside\\f.txt"_s, u"E:\\s.txt"_s),
-                     Kill(u"E:\\autorun.inf"_s), MkDir(u"E:\\Key"_s), DeleteFolder(u"E:\\Key"_s, true) }),
+        QCOMPARE((QList<int> { FirstFileMatching(u"E:\\Key\\usb.inf"_s, found),
+                     CopyFileTo(u"C:\\outside\\f.txt"_s, u"E:\\s.txt"_s), RemoveFile(u"E:\\autorun.inf"_s),
+                     MakeFolder(u"E:\\Key"_s), DeleteFolder(u"E:\\Key"_s, true) }),
             QList<int>(5, ErrDiskNotReady));
-        QVERIFY(found.isEmpty() && Dir(u"C:\\outside\\sub\\G.TXT"_s, found) == 0);
+        QVERIFY(found.isEmpty() && FirstFileMatching(u"C:\\outside\\sub\\G.TXT"_s, found) == 0);
         QCOMPARE(found, u"g.txt"_s);
         // Outside the working folders a link is the user's own, and is followed.
         QVERIFY(QFile::link(outside, world.path(u"home/mine"_s)) && WriteFileAtomic(u"C:\\mine\\f.txt"_s, "yours"));

@@ -13,7 +13,7 @@ private Q_SLOTS:
     void windowsPathsNativePathsAndTheCodePage()
     {
         TestWorld world;
-        const QString home = world.path(u"home"_s), program = AppPath();
+        const QString home = world.path(u"home"_s), program = ProgramFolder();
         for (const QString& file : { u"program/tolvane"_s, u"home/Doc"_s, u"home/doc"_s })
             world.write(file, file.toLatin1());
         // A doubled separator (of concatenation) is harmless; "languages\english" finds "languages/English".

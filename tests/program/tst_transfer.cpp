@@ -107,7 +107,7 @@ private Q_SLOTS:
             QCOMPARE(run.vaultOnDisk().size(), 1);
             // A file larger than any vault, which the load would not read, fails to copy.
             ui::click(dialog, QString::fromUtf8("Otwórz..."));
-            run.boxes.answer(platform::IDYES);
+            run.boxes.answer(platform::MessageAnswer::Yes);
             QVERIFY_THROWS_EXCEPTION(ProcessEnded, ui::click<QPushButton>(dialog, Lang(183)));
             QVERIFY(run.boxes.last().startsWith(u"16|Tolvane|Run-time error '75'"_s));
             QCOMPARE(run.vaultOnDisk().size(), 1);
@@ -116,7 +116,7 @@ private Q_SLOTS:
             // Yes: the file replaces the vault and a new process starts, with its own answers.
             qputenv("TOLVANE_MSGBOX_LOG", run.world.path(u"boxes.log"_s).toLocal8Bit());
             qputenv("TOLVANE_MSGBOX_ANSWERS", "6");
-            run.boxes.answer(platform::IDYES);
+            run.boxes.answer(platform::MessageAnswer::Yes);
             QVERIFY_THROWS_EXCEPTION(ProcessEnded, ui::click<QPushButton>(dialog, Lang(183)));
             dialog->close();
         });

@@ -37,7 +37,7 @@ private Q_SLOTS:
             ShellOpen(nullptr, file, QString(), directory, 1, error == 0); // a failure not raised is not told
             if (error)
                 QVERIFY_THROWS_EXCEPTION(ProcessEnded, ShellOpen(nullptr, file, QString(), directory, 1, true));
-            const QString said = u"%1|Tolvane|Run-time error '%2':\n\n"_s.arg(platform::MB_ICONERROR).arg(error);
+            const QString said = u"16|Tolvane|Run-time error '%1':\n\n"_s.arg(error);
             QCOMPARE(boxes.all().join(QString()), error ? said + QLatin1String(text) : QString());
             QCOMPARE(handed(shell).last() + u'>' + directory, (result == 31 ? chooser : plain) + u">C:\\docs\\"_s);
         }
@@ -50,7 +50,8 @@ private Q_SLOTS:
             ShellScript shell;
             LinkReadMe();
             LinkUpdatePage();
-            QCOMPARE(handed(shell).join(u' '), page.isEmpty() ? u""_s : both.arg(platform::AppPath(), folder, page));
+            QCOMPARE(
+                handed(shell).join(u' '), page.isEmpty() ? u""_s : both.arg(platform::ProgramFolder(), folder, page));
         }
     }
 
@@ -81,7 +82,7 @@ private Q_SLOTS:
         ui::click(vault, Lang(248));
         shell.results = { 2 };
         QVERIFY_THROWS_EXCEPTION(ProcessEnded, ui::click(vault, Lang(222)));
-        QCOMPARE(run.boxes.last(), u"%1|Tolvane|Run-time error '53':\n\nFile not found"_s.arg(platform::MB_ICONERROR));
+        QCOMPARE(run.boxes.last(), u"16|Tolvane|Run-time error '53':\n\nFile not found"_s);
         QCOMPARE(run.vaultOnDisk().value(0).userName, QByteArray("ann"));
     }
 

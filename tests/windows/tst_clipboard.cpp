@@ -76,7 +76,7 @@ private Q_SLOTS:
 
         // After a delete the locked box stays current: no cut, paste or undo; its copy empties the clipboard.
         ui::type(vault, Lang(247), u"note"_s);
-        run.boxes.answer(platform::IDYES);
+        run.boxes.answer(platform::MessageAnswer::Yes);
         ui::click(vault, Lang(208));
         vault->keepBoxesInStep();
         QApplication::clipboard()->setText(u"pasted"_s);

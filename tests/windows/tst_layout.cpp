@@ -109,7 +109,7 @@ private Q_SLOTS:
         // A toolbar button clicks with the left button, on its picture as on its ground; not with another
         // button, nor with a release beside it, nor with a double click's second press.
         auto* b = ui::get<SkinnedButton>(vault, Lang(216));
-        QSignalSpy clicks(b, &SkinnedButton::Click);
+        QSignalSpy clicks(b, &SkinnedButton::clicked);
         QTest::mouseClick(b, Qt::RightButton);
         QTest::mouseClick(vault->windowHandle(), Qt::LeftButton, {}, b->mapTo(vault, QPoint(10, 10)));
         QTest::mousePress(b, Qt::LeftButton);

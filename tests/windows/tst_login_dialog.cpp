@@ -3,6 +3,7 @@
 #include "ProgramRun.h"
 #include "core/PasswordDigest.h"
 #include "core/RegistryLayer.h"
+#include "platform/Registry.h"
 
 #include <QComboBox>
 

@@ -147,8 +147,8 @@ private Q_SLOTS:
 
         // A filled box asks; No keeps the generator up and the box as it was, Yes replaces.
         ui::clickRow(vault, Lang(201), 0);
-        run.boxes.answer(platform::IDNO);
-        run.boxes.answer(platform::IDYES);
+        run.boxes.answer(platform::MessageAnswer::No);
+        run.boxes.answer(platform::MessageAnswer::Yes);
         QString delivered;
         ui::onNextModal([&](QWidget* g) {
             generate(g);

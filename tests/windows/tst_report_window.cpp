@@ -120,7 +120,7 @@ private Q_SLOTS:
             // folder, and Cancel there leaves the file alone.
             run.world.write(u"home/report.pdf"_s, "older");
             typed = { u"C:\\report"_s };
-            run.boxes.answer(platform::IDNO);
+            run.boxes.answer(platform::MessageAnswer::No);
             ui::click(report, Lang(282));
             QCOMPARE(calls.value(2).initialFolder + calls.value(2).fileName, u"C:\\report.pdf"_s);
             QCOMPARE(run.boxes.last(), u"52|Save As|C:\\report.pdf already exists.\nDo you want to replace it?"_s);

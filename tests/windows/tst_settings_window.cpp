@@ -136,16 +136,16 @@ private Q_SLOTS:
         ui::click(settings, Lang(314)); // Administrator selected: never deleted
         QCOMPARE(run.boxes.last(), u"16|Tolvane|"_s + Lang(294));
         selectProfile(settings, u"Joanna"_s);
-        run.boxes.answer(platform::IDNO);
+        run.boxes.answer(platform::MessageAnswer::No);
         ui::click(settings, Lang(314));
         QCOMPARE(run.boxes.last(), u"36|Tolvane|Do you really want to delete the user Joanna?"_s);
         QCOMPARE(ui::rows(settings, Lang(309)).size(), 3);
-        run.boxes.answer(platform::IDYES);
+        run.boxes.answer(platform::MessageAnswer::Yes);
         ui::click(settings, Lang(314));
         QVERIFY(!QFileInfo::exists(run.data(u"Joanna"_s)));
         QCOMPARE(run.users(), QByteArray("Administrator\r\nAnn\r\n"));
         QCOMPARE(run.config(Keys::defaultProfile), u"Administrator"_s);
-        run.boxes.answer(platform::IDYES);
+        run.boxes.answer(platform::MessageAnswer::Yes);
         ui::click(settings, Lang(314)); // no row selected now: no other name goes
         QCOMPARE(run.users(), QByteArray("Administrator\r\nAnn\r\n"));
         ui::click(settings, Lang(147));
@@ -154,11 +154,11 @@ private Q_SLOTS:
         run.setConfig(Keys::current, u"Ann"_s);
         settings = openSettings(vault, Lang(309));
         ShellScript shell;
-        run.boxes.answer(platform::IDYES);
+        run.boxes.answer(platform::MessageAnswer::Yes);
         QVERIFY_THROWS_EXCEPTION(ProcessEnded, ui::click(settings, Lang(314)));
         QVERIFY(!QFileInfo::exists(run.data(u"Ann"_s)));
         QCOMPARE(shell.calls.value(0).file + shell.calls.value(0).parameters,
-            platform::AppPath() + u"\\tolvane.exe/restart"_s);
+            platform::ProgramFolder() + u"\\tolvane.exe/restart"_s);
         QVERIFY(run.users().contains("Ann"));
     }
 
@@ -181,7 +181,7 @@ private Q_SLOTS:
         }
         // Through a link the delete fails as a folder that can't go: the name goes, the rest stays.
         selectProfile(settings, u"lnk\\sub"_s);
-        run.boxes.answer(platform::IDYES);
+        run.boxes.answer(platform::MessageAnswer::Yes);
         ui::click(settings, Lang(314));
         QVERIFY(!ui::rows(settings, Lang(309)).contains(u"lnk\\sub"_s));
         QVERIFY(QFile::exists(run.world.path(u"home/elsewhere/sub/keep.txt"_s)));
@@ -242,7 +242,7 @@ private Q_SLOTS:
         QVERIFY(shell.calls.isEmpty());
         QCOMPARE(run.world.read(u"appdata/Brenmark/Tolvane/data/Administrator/cfg.txt"_s), cfg);
         QCOMPARE(run.config(Keys::switchTo), QString());
-        run.boxes.answer(platform::IDYES);
+        run.boxes.answer(platform::MessageAnswer::Yes);
         QVERIFY_THROWS_EXCEPTION(ProcessEnded, ui::click(settings, Lang(315)));
         QCOMPARE(run.option(3) + run.config(Keys::current) + run.config(Keys::switchTo), u"0BobBob"_s);
         QCOMPARE(shell.calls.size(), 1);

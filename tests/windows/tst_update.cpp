@@ -70,7 +70,7 @@ private Q_SLOTS:
         const QStringList nothing { u"64|Tolvane|"_s + Lang(146) };
 
         server.serve("200 OK", "2.9");
-        run.boxes.answer(platform::IDYES);
+        run.boxes.answer(platform::MessageAnswer::Yes);
         QCOMPARE(checkFromTheMenu(run, vault), news);
         QVERIFY(server.request.startsWith("GET /updates/tolvane-updates.txt HTTP/1.1\r\n"));
         QVERIFY(shell.calls.size() == 1 && shell.calls[0].file.contains(u"127.0.0.1"_s)); // Yes opens the page
@@ -82,7 +82,7 @@ private Q_SLOTS:
             { "200 OK", QByteArray(10 * 1000 * 1000, '9'), {}, true } };
         for (const auto& [status, body, extra, isNews] : answers) {
             server.serve(status, body, extra);
-            run.boxes.answer(platform::IDNO);
+            run.boxes.answer(platform::MessageAnswer::No);
             QCOMPARE(checkFromTheMenu(run, vault), isNews ? news : nothing);
         }
         QCOMPARE(shell.calls.size(), 1);

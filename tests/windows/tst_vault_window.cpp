@@ -79,10 +79,10 @@ private Q_SLOTS:
 
         ui::click(vault, Lang(240)); // back to the whole list
         ui::clickRow(vault, Lang(201), 2);
-        run.boxes.answer(platform::IDNO);
+        run.boxes.answer(platform::MessageAnswer::No);
         ui::click(vault, Lang(208));
         QCOMPARE(run.boxes.last(), u"36|Tolvane|%1 gamma %2"_s.arg(Lang(199), Lang(200)));
-        run.boxes.answer(platform::IDYES);
+        run.boxes.answer(platform::MessageAnswer::Yes);
         ui::click(vault, Lang(208));
         QCOMPARE(ui::rows(vault, Lang(201)), QStringList({ "Alpha", "beta" }));
         // The removed row takes the selection with it: a second delete meets no row.
@@ -187,7 +187,7 @@ private Q_SLOTS:
         VaultWindow* vault = run.start();
         for (int i = 0; i < 2; ++i) { // deleting the last entries empties the list
             ui::clickRow(vault, Lang(201), 0);
-            run.boxes.answer(platform::IDYES);
+            run.boxes.answer(platform::MessageAnswer::Yes);
             ui::click(vault, Lang(208));
         }
         run.close(); // an empty list at the end: nothing saved, the entries are back next time

@@ -52,7 +52,7 @@ QString AskWindowSystem(QWidget* owner, const FileDialogCall& call)
 {
     QFileDialog dialog(owner, call.title, ToNative(call.initialFolder), QtFilter(call.filter));
     dialog.setAcceptMode(call.save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
-    dialog.setFileMode((call.flags & OFN_FILEMUSTEXIST) ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+    dialog.setFileMode((call.flags & FileMustExist) ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
     // The questions and the extension come after, as the classic dialog has them.
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
     dialog.selectFile(call.fileName);
@@ -84,16 +84,19 @@ QString RunFileDialog(QWidget* owner, FileDialogCall call)
         // Asked again, the dialog stands in the folder the name was given in.
         call.initialFolder = path.left(path.lastIndexOf(QLatin1Char('\\')) + 1);
         call.fileName = path.mid(path.lastIndexOf(QLatin1Char('\\')) + 1);
-        if (exists && call.save && (call.flags & OFN_OVERWRITEPROMPT)) {
-            if (MsgBox(path + QStringLiteral(" already exists.\nDo you want to replace it?"), 48 + 4, title) != IDYES)
+        if (exists && call.save && (call.flags & AskBeforeReplacing)) {
+            if (ShowMessage(path + QStringLiteral(" already exists.\nDo you want to replace it?"),
+                    MessageButtons::YesNo | MessageIcon::Warning, title)
+                != MessageAnswer::Yes)
                 continue;
-        } else if (!exists && (call.flags & OFN_CREATEPROMPT)) {
-            if (MsgBox(path + QStringLiteral("\nThis file does not exist.\nDo you want to create it?"), 32 + 4, title)
-                != IDYES)
+        } else if (!exists && (call.flags & AskBeforeCreating)) {
+            if (ShowMessage(path + QStringLiteral("\nThis file does not exist.\nDo you want to create it?"),
+                    MessageButtons::YesNo | MessageIcon::Question, title)
+                != MessageAnswer::Yes)
                 continue;
-        } else if (!exists && (call.flags & OFN_FILEMUSTEXIST)) {
-            MsgBox(
-                path + QStringLiteral("\nFile not found.\nPlease verify the correct file name was given."), 48, title);
+        } else if (!exists && (call.flags & FileMustExist)) {
+            ShowMessage(path + QStringLiteral("\nFile not found.\nPlease verify the correct file name was given."),
+                MessageIcon::Warning, title);
             continue;
         }
         return path;
@@ -107,21 +110,21 @@ void SetFileDialogBackend(FileDialogBackend backend)
     fileDialogBackend() = std::move(backend);
 }
 
-QString GetOpenFileNameA(QWidget* owner, const FileDialogCall& call)
+QString ChooseFileToOpen(QWidget* owner, const FileDialogCall& call)
 {
     FileDialogCall open = call;
     open.save = false;
     return RunFileDialog(owner, open);
 }
 
-QString GetSaveFileNameA(QWidget* owner, const FileDialogCall& call)
+QString ChooseFileToSave(QWidget* owner, const FileDialogCall& call)
 {
     FileDialogCall save = call;
     save.save = true;
     return RunFileDialog(owner, save);
 }
 
-QString SHBrowseForFolderA(QWidget* owner, const BrowseFolderCall& call)
+QString ChooseFolder(QWidget* owner, const BrowseFolderCall& call)
 {
     if (browseFolderBackend())
         return browseFolderBackend()(call);

@@ -329,7 +329,7 @@ bool holdsSomethingKept(const QString& target)
 
 } // namespace
 
-qint64 FileLen(const QString& path)
+qint64 FileSize(const QString& path)
 {
     const QString native = ToNative(path);
     if (native.isEmpty())
@@ -456,7 +456,7 @@ int ReadLines(const QString& path, QList<QByteArray>& lines)
     return ErrNone;
 }
 
-int MkDir(const QString& path)
+int MakeFolder(const QString& path)
 {
     if (driveMissing(path))
         return ErrDiskNotReady;
@@ -471,7 +471,7 @@ int MkDir(const QString& path)
     return errno == EEXIST ? ErrPathFileAccess : errnoToError(errno);
 }
 
-int FileCopy(const QString& source, const QString& target, qint64 limit)
+int CopyFileTo(const QString& source, const QString& target, qint64 limit)
 {
     if (driveMissing(source) || driveMissing(target))
         return ErrDiskNotReady;
@@ -503,7 +503,7 @@ int FileCopy(const QString& source, const QString& target, qint64 limit)
     return ErrNone;
 }
 
-int Kill(const QString& path)
+int RemoveFile(const QString& path)
 {
     if (driveMissing(path))
         return ErrDiskNotReady;
@@ -521,7 +521,7 @@ int Kill(const QString& path)
     return ::unlinkat(parent.fd(), parent.name().constData(), 0) == 0 ? ErrNone : ErrPermissionDenied;
 }
 
-int Dir(const QString& path, QString& found)
+int FirstFileMatching(const QString& path, QString& found)
 {
     found.clear();
     if (driveMissing(path))
@@ -533,7 +533,7 @@ int Dir(const QString& path, QString& found)
     return ErrNone;
 }
 
-QString GetDriveName(const QString& path)
+QString DriveOfPath(const QString& path)
 {
     if (path.size() >= 2 && path.at(1) == QLatin1Char(':') && path.at(0).isLetter())
         return path.left(2);

@@ -9,7 +9,7 @@
 
 namespace platform {
 
-int ShowMessageBoxWindow(const MessageBoxCall& call)
+MessageAnswer ShowMessageBoxWindow(const MessageBoxCall& call)
 {
     QMessageBox box;
     box.setWindowTitle(call.title);
@@ -33,15 +33,16 @@ int ShowMessageBoxWindow(const MessageBoxCall& call)
     struct Choice
     {
         QMessageBox::StandardButton button;
-        int result;
+        MessageAnswer result;
     };
+    using enum MessageAnswer;
     static const QList<QList<Choice>> sets {
-        { { QMessageBox::Ok, IDOK } },
-        { { QMessageBox::Ok, IDOK }, { QMessageBox::Cancel, IDCANCEL } },
-        { { QMessageBox::Abort, IDABORT }, { QMessageBox::Retry, IDRETRY }, { QMessageBox::Ignore, IDIGNORE } },
-        { { QMessageBox::Yes, IDYES }, { QMessageBox::No, IDNO }, { QMessageBox::Cancel, IDCANCEL } },
-        { { QMessageBox::Yes, IDYES }, { QMessageBox::No, IDNO } },
-        { { QMessageBox::Retry, IDRETRY }, { QMessageBox::Cancel, IDCANCEL } },
+        { { QMessageBox::Ok, Ok } },
+        { { QMessageBox::Ok, Ok }, { QMessageBox::Cancel, Cancel } },
+        { { QMessageBox::Abort, Abort }, { QMessageBox::Retry, Retry }, { QMessageBox::Ignore, Ignore } },
+        { { QMessageBox::Yes, Yes }, { QMessageBox::No, No }, { QMessageBox::Cancel, Cancel } },
+        { { QMessageBox::Yes, Yes }, { QMessageBox::No, No } },
+        { { QMessageBox::Retry, Retry }, { QMessageBox::Cancel, Cancel } },
     };
     const int buttons = (call.flags & 7) > 5 ? 0 : (call.flags & 7);
     const QList<Choice>& choices = sets.at(buttons);
@@ -59,8 +60,8 @@ int ShowMessageBoxWindow(const MessageBoxCall& call)
     }
     // Closed by its close box: the runtime answers Cancel where there is one, else the first.
     for (const Choice& c : choices) {
-        if (c.result == IDCANCEL)
-            return IDCANCEL;
+        if (c.result == Cancel)
+            return Cancel;
     }
     return choices.first().result;
 }

@@ -7,19 +7,19 @@
 
 namespace platform {
 
-Inet::Inet()
+HttpClient::HttpClient()
     : manager(std::make_unique<QNetworkAccessManager>())
 {
 }
 
-Inet::~Inet()
+HttpClient::~HttpClient()
 {
-    Cancel();
+    cancel();
 }
 
-bool Inet::Execute(const QString& url)
+bool HttpClient::start(const QString& url)
 {
-    if (StillExecuting())
+    if (isRunning())
         return false;
     if (reply)
         reply->deleteLater();
@@ -31,12 +31,12 @@ bool Inet::Execute(const QString& url)
     return true;
 }
 
-bool Inet::StillExecuting() const
+bool HttpClient::isRunning() const
 {
     return reply && reply->isRunning();
 }
 
-QString Inet::GetHeader() const
+QString HttpClient::header() const
 {
     if (!reply)
         return QString();
@@ -51,7 +51,7 @@ QString Inet::GetHeader() const
     return text;
 }
 
-QByteArray Inet::GetChunk(int size)
+QByteArray HttpClient::takeChunk(int size)
 {
     if (!reply)
         return QByteArray();
@@ -61,7 +61,7 @@ QByteArray Inet::GetChunk(int size)
     return chunk;
 }
 
-void Inet::Cancel()
+void HttpClient::cancel()
 {
     if (!reply)
         return;

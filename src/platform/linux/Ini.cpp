@@ -71,8 +71,8 @@ bool keyOfLine(const QByteArray& line, QByteArray& key, QByteArray& value)
 
 } // namespace
 
-int GetPrivateProfileStringA(const QString& section, const QString& key, const QString& defaultValue, QString& buffer,
-    int size, const QString& fileName)
+int ReadIniString(const QString& section, const QString& key, const QString& defaultValue, QString& buffer, int size,
+    const QString& fileName)
 {
     QString value = defaultValue;
     QByteArray bytes;
@@ -101,12 +101,11 @@ int GetPrivateProfileStringA(const QString& section, const QString& key, const Q
     return n;
 }
 
-bool WritePrivateProfileStringA(
-    const QString& section, const QString& key, const QString& value, const QString& fileName)
+bool WriteIniString(const QString& section, const QString& key, const QString& value, const QString& fileName)
 {
     QByteArray bytes;
     const bool exists = ReadFileBytes(fileName, bytes);
-    if (!exists && FileLen(fileName) >= 0)
+    if (!exists && FileSize(fileName) >= 0)
         return false; // there but unreadable: leave it alone
     QList<Line> lines = splitKeepingEnds(bytes);
     const QByteArray newLine = ToCodePage(key) + '=' + ToCodePage(value);

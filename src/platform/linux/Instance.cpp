@@ -168,7 +168,7 @@ void AnnounceInstance()
     a.fd = fd;
 }
 
-bool PrevInstance()
+bool AnotherCopyRunning()
 {
     AnnounceInstance();
     const Announcement& a = announcement();

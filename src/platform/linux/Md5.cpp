@@ -15,17 +15,17 @@ void MD5ContextDeleter::operator()(MD5Context* context) const
     delete context;
 }
 
-MD5ContextPtr MD5Init()
+MD5ContextPtr Md5Start()
 {
     return MD5ContextPtr(new MD5Context);
 }
 
-void MD5Update(MD5Context& context, const char* bytes, qsizetype length)
+void Md5Add(MD5Context& context, const char* bytes, qsizetype length)
 {
     context.hash.addData(QByteArrayView(bytes, length));
 }
 
-QByteArray MD5Final(MD5Context& context)
+QByteArray Md5Finish(MD5Context& context)
 {
     return context.hash.result();
 }

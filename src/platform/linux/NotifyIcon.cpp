@@ -69,18 +69,12 @@ int AddTrayIcon(const TrayIconRecord& record)
     return 1;
 }
 
-QString NotifyIconTip()
-{
-    return tray().icon ? tray().icon->toolTip() : QString();
-}
-
-int SetForegroundWindow(QWidget* window)
+void BringToFront(QWidget* window)
 {
     if (!window)
-        return 0;
+        return;
     window->raise();
     window->activateWindow();
-    return 1;
 }
 
 } // namespace platform

@@ -209,7 +209,7 @@ QString NativeProgramDir()
     return QFileInfo(QFile::symLinkTarget(QStringLiteral("/proc/self/exe"))).absolutePath();
 }
 
-QString AppPath()
+QString ProgramFolder()
 {
     return ToWindows(NativeProgramDir());
 }

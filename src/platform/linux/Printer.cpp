@@ -14,7 +14,7 @@ int Printer::fail(const QString& text)
     return 482; // the runtime's "Printer error"
 }
 
-int Printer::Print(const QString& text)
+int Printer::printLine(const QString& text)
 {
     // The runtime prints each line of the text on a line of its own.
     QString t = text;
@@ -24,7 +24,7 @@ int Printer::Print(const QString& text)
     return 0;
 }
 
-int Printer::EndDoc()
+int Printer::endDocument()
 {
     const QString output = QString::fromLocal8Bit(qgetenv("TOLVANE_PRINTER_OUTPUT"));
     QPrinter printer(QPrinter::HighResolution);

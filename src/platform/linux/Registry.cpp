@@ -8,12 +8,31 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QMap>
+#include <QStringList>
 
 #include <cctype>
 #include <sys/stat.h>
 
 namespace platform {
 namespace {
+
+// A key as the calls below pass it: a hive, or a key opened under one.
+using HKEY = quintptr;
+constexpr HKEY HKEY_CURRENT_USER = 0x80000001u; // the user's hive
+constexpr HKEY HKEY_LOCAL_MACHINE = 0x80000002u; // the machine's hive
+
+// The calls' results.
+constexpr long ERROR_SUCCESS = 0; // done
+constexpr long ERROR_FILE_NOT_FOUND = 2; // no such key or value
+constexpr long ERROR_ACCESS_DENIED = 5; // the store can't be written
+constexpr long ERROR_INVALID_HANDLE = 6; // no such open key
+
+// The kinds of value, as the store file keeps them.
+constexpr int REG_SZ = 1; // text ending in a zero, in the code page
+constexpr int REG_EXPAND_SZ = 2; // the same, read alike
+constexpr int REG_BINARY = 3; // bytes
+constexpr int REG_DWORD = 4; // a 32-bit number, low byte first
+constexpr int REG_DWORD_BIG_ENDIAN = 5; // a 32-bit number, high byte first
 
 // A store is a text file of lines "K\tpath" and "V\tpath\tname\ttype\thexdata", each ended by a
 // line feed, in the code page. It is small, so each call reads it whole and each change
@@ -59,19 +78,14 @@ QString storeFolder(HKEY hive)
     return folder;
 }
 
+// The name of the hive's store file.
 QString hiveName(HKEY hive)
 {
     switch (hive) {
-    case HKEY_CLASSES_ROOT:
-        return QStringLiteral("HKEY_CLASSES_ROOT");
     case HKEY_CURRENT_USER:
         return QStringLiteral("HKEY_CURRENT_USER");
     case HKEY_LOCAL_MACHINE:
         return QStringLiteral("HKEY_LOCAL_MACHINE");
-    case HKEY_USERS:
-        return QStringLiteral("HKEY_USERS");
-    case HKEY_CURRENT_CONFIG:
-        return QStringLiteral("HKEY_CURRENT_CONFIG");
     default:
         return QString();
     }
@@ -255,26 +269,7 @@ bool keyExists(const QMap<QString, Key>& store, const QString& path)
     return false;
 }
 
-QStringList subkeys(const QMap<QString, Key>& store, const QString& path)
-{
-    QStringList names;
-    const QString prefix = path.isEmpty() ? QString() : path.toLower() + QLatin1Char('\\');
-    for (auto it = store.cbegin(); it != store.cend(); ++it) {
-        if (!it.key().startsWith(prefix) || it.key() == path.toLower())
-            continue;
-        const QString rest = it.value().path.mid(prefix.size());
-        const QString first = rest.section(QLatin1Char('\\'), 0, 0);
-        bool seen = false;
-        for (const QString& n : names)
-            seen = seen || n.compare(first, Qt::CaseInsensitive) == 0;
-        if (!seen && !first.isEmpty())
-            names << first;
-    }
-    return names;
-}
-
-} // namespace
-
+// RegOpenKeyExA: opens an existing key.
 long RegOpenKeyExA(HKEY hive, const QString& subKey, int, int, HKEY& result)
 {
     OpenKey base;
@@ -287,6 +282,7 @@ long RegOpenKeyExA(HKEY hive, const QString& subKey, int, int, HKEY& result)
     return ERROR_SUCCESS;
 }
 
+// RegCreateKeyExA: opens a key, making it and those above it when missing.
 long RegCreateKeyExA(HKEY hive, const QString& subKey, int, HKEY& result)
 {
     OpenKey base;
@@ -313,6 +309,7 @@ long RegCreateKeyExA(HKEY hive, const QString& subKey, int, HKEY& result)
     return ERROR_SUCCESS;
 }
 
+// RegQueryValueExA: the type and the stored bytes of a value (text with its terminating zero).
 long RegQueryValueExA(HKEY key, const QString& valueName, int& type, QByteArray& data)
 {
     OpenKey k;
@@ -330,6 +327,7 @@ long RegQueryValueExA(HKEY key, const QString& valueName, int& type, QByteArray&
     return ERROR_SUCCESS;
 }
 
+// RegSetValueExA: writes a value of a type.
 long RegSetValueExA(HKEY key, const QString& valueName, int type, const QByteArray& data)
 {
     OpenKey k;
@@ -345,68 +343,95 @@ long RegSetValueExA(HKEY key, const QString& valueName, int type, const QByteArr
     return writeStore(k.hive, store) ? ERROR_SUCCESS : ERROR_ACCESS_DENIED;
 }
 
-long RegDeleteValueA(HKEY key, const QString& valueName)
-{
-    OpenKey k;
-    if (!resolve(key, k))
-        return ERROR_INVALID_HANDLE;
-    Store store = readStore(k.hive);
-    auto keyIt = store.keys.find(k.path.toLower());
-    if (keyIt == store.keys.end() || !keyIt->values.remove(valueName.toLower()))
-        return ERROR_FILE_NOT_FOUND;
-    return writeStore(k.hive, store) ? ERROR_SUCCESS : ERROR_ACCESS_DENIED;
-}
-
-long RegDeleteKeyA(HKEY key, const QString& subKey)
-{
-    OpenKey k;
-    if (!resolve(key, k))
-        return ERROR_INVALID_HANDLE;
-    const QString path = join(k.path, subKey);
-    Store store = readStore(k.hive);
-    if (path.isEmpty() || !keyExists(store.keys, path))
-        return ERROR_FILE_NOT_FOUND;
-    if (!subkeys(store.keys, path).isEmpty())
-        return ERROR_ACCESS_DENIED;
-    store.keys.remove(path.toLower());
-    return writeStore(k.hive, store) ? ERROR_SUCCESS : ERROR_ACCESS_DENIED;
-}
-
-long RegEnumKeyA(HKEY key, int index, QString& name)
-{
-    OpenKey k;
-    if (!resolve(key, k))
-        return ERROR_INVALID_HANDLE;
-    const QStringList names = subkeys(readStore(k.hive).keys, k.path);
-    if (index < 0 || index >= names.size())
-        return ERROR_NO_MORE_ITEMS;
-    name = names.at(index);
-    return ERROR_SUCCESS;
-}
-
-bool RegistryStoreExists(HKEY hive)
-{
-    return RegistryStoreAtStart(hive) != RegistryStore::Missing;
-}
-
-RegistryStore RegistryStoreAtStart(HKEY hive)
-{
-    if (hiveName(hive).isEmpty())
-        return RegistryStore::Missing;
-    const auto it = storesAtStart().constFind(storeFile(hive));
-    return it != storesAtStart().cend() ? it.value() : readStore(hive).found;
-}
-
-void LookAtRegistryStoresAnew()
-{
-    storesAtStart().clear();
-}
-
+// RegCloseKey: forgets an open key.
 long RegCloseKey(HKEY key)
 {
     if (!hiveName(key).isEmpty())
         return ERROR_SUCCESS;
     return openKeys().remove(key) ? ERROR_SUCCESS : ERROR_INVALID_HANDLE;
+}
+
+HKEY hiveKey(RegistryHive hive)
+{
+    return hive == RegistryHive::User ? HKEY_CURRENT_USER : HKEY_LOCAL_MACHINE;
+}
+
+} // namespace
+
+QVariant RegistryValue(RegistryHive hive, const QString& path, const QString& name)
+{
+    HKEY key = 0;
+    if (RegOpenKeyExA(hiveKey(hive), path, 0, 0, key) != ERROR_SUCCESS)
+        return QVariant();
+    int type = 0;
+    QByteArray data;
+    QVariant result;
+    if (RegQueryValueExA(key, name, type, data) == ERROR_SUCCESS) {
+        switch (type) {
+        case REG_SZ:
+        case REG_EXPAND_SZ: {
+            QByteArray text = data;
+            if (text.endsWith('\0'))
+                text.chop(1);
+            result = FromCodePage(text);
+            break;
+        }
+        case REG_BINARY: {
+            QStringList pairs;
+            for (char b : data)
+                pairs << QStringLiteral("%1").arg(static_cast<uchar>(b), 2, 16, QLatin1Char('0')).toUpper();
+            result = pairs.join(QLatin1Char(' ')).trimmed();
+            break;
+        }
+        case REG_DWORD:
+        case REG_DWORD_BIG_ENDIAN:
+            if (data.size() >= 4) {
+                const auto* b = reinterpret_cast<const uchar*>(data.constData());
+                const quint32 v = type == REG_DWORD
+                    ? (b[0] | (b[1] << 8) | (b[2] << 16) | (static_cast<quint32>(b[3]) << 24))
+                    : (b[3] | (b[2] << 8) | (b[1] << 16) | (static_cast<quint32>(b[0]) << 24));
+                result = static_cast<qint32>(v);
+            }
+            break;
+        default:
+            break;
+        }
+    }
+    RegCloseKey(key);
+    return result;
+}
+
+void SetRegistryValue(RegistryHive hive, const QString& path, const QString& name, const QVariant& value)
+{
+    HKEY key = 0;
+    if (RegCreateKeyExA(hiveKey(hive), path, 0, key) != ERROR_SUCCESS)
+        return;
+    if (value.typeId() == QMetaType::Int) {
+        const quint32 v = static_cast<quint32>(value.toInt());
+        QByteArray bytes(4, '\0');
+        for (int i = 0; i < 4; ++i)
+            bytes[i] = static_cast<char>((v >> (8 * i)) & 0xFF);
+        RegSetValueExA(key, name, REG_DWORD, bytes);
+    } else {
+        RegSetValueExA(key, name, REG_SZ, ToCodePage(value.toString()) + '\0');
+    }
+    RegCloseKey(key);
+}
+
+bool RegistryStoreExists(RegistryHive hive)
+{
+    return RegistryStoreAtStart(hive) != RegistryStore::Missing;
+}
+
+RegistryStore RegistryStoreAtStart(RegistryHive hive)
+{
+    const auto it = storesAtStart().constFind(storeFile(hiveKey(hive)));
+    return it != storesAtStart().cend() ? it.value() : readStore(hiveKey(hive)).found;
+}
+
+void LookAtRegistryStoresAnew()
+{
+    storesAtStart().clear();
 }
 
 } // namespace platform

@@ -84,7 +84,7 @@ QString ErrorText(int number)
 void UnhandledError(int number, const QString& description)
 {
     const QString text = description.isEmpty() ? ErrorText(number) : description;
-    MsgBox(QStringLiteral("Run-time error '%1':\n\n%2").arg(number).arg(text), 16, AppTitle());
+    ShowMessage(QStringLiteral("Run-time error '%1':\n\n%2").arg(number).arg(text), MessageIcon::Critical, AppTitle());
     // Taken out before it runs: an error inside it ends the process without running it again.
     if (const std::function<void()> work = std::exchange(beforeErrorEnd(), {}))
         work();
@@ -150,13 +150,13 @@ void OnTerminationRequest(std::function<void()> handler)
         ::sigaction(signal, &action, nullptr);
 }
 
-void DoEvents()
+void ProcessPendingEvents()
 {
     if (QCoreApplication::instance())
         QCoreApplication::processEvents();
 }
 
-void DoEventsWaiting()
+void ProcessEventsWaiting()
 {
     if (QCoreApplication::instance())
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
@@ -195,7 +195,7 @@ QString TimeOfDayText()
     return QLocale::system().toString(QTime::currentTime(), format);
 }
 
-bool CIntText(const QString& text, int& value)
+bool WholeNumberFromText(const QString& text, int& value)
 {
     const QString t = text.trimmed();
     double number = 0;
@@ -218,17 +218,17 @@ bool CIntText(const QString& text, int& value)
     return true;
 }
 
-int AppMajor()
+int VersionMajor()
 {
     return TOLVANE_VERSION_MAJOR;
 }
 
-int AppMinor()
+int VersionMinor()
 {
     return TOLVANE_VERSION_MINOR;
 }
 
-int AppRevision()
+int VersionRevision()
 {
     return TOLVANE_VERSION_PATCH;
 }
@@ -251,7 +251,7 @@ void UseToolkitLanguage(const QString& language)
     translator = loaded;
 }
 
-QString GetComputerNameA()
+QString ComputerName()
 {
     return QSysInfo::machineHostName();
 }

@@ -21,7 +21,7 @@ constexpr int Started = 42;
 constexpr int FileNotFound = 2;
 constexpr int PathNotFound = 3;
 constexpr int AccessDenied = 5;
-constexpr int NoAssociation = 31;
+constexpr int NoAssociation = NoProgramForFile;
 
 ShellBackend& backendSlot()
 {
@@ -75,8 +75,8 @@ int OpenWithDesktop(const QString& target, const QString& mimeType)
 // The system's "Open with" stand-in: the user picks the program.
 int OpenWith(QWidget* owner, const QString& file)
 {
-    const QString program = GetOpenFileNameA(
-        owner, { false, QStringLiteral("Open with"), QStringLiteral("Programs|*"), {}, {}, {}, OFN_FILEMUSTEXIST });
+    const QString program = ChooseFileToOpen(
+        owner, { false, QStringLiteral("Open with"), QStringLiteral("Programs|*"), {}, {}, {}, FileMustExist });
     if (program.isEmpty())
         return Started; // the chooser came up; closing it is the user's answer
     const QString target = IsAddress(file) ? file : ToNative(file);
@@ -128,6 +128,12 @@ int OpenThroughShell(QWidget* owner, const QString& verb, const QString& file, c
     if (backendSlot())
         return backendSlot()(call);
     return OpenOnDesktop(owner, call);
+}
+
+int OpenWithChosenProgram(QWidget* owner, const QString& file, const QString& directory, int show)
+{
+    return OpenThroughShell(owner, QStringLiteral("open"), QStringLiteral("RUNDLL32.EXE"),
+        QStringLiteral("shell32.dll,OpenAs_RunDLL ") + file, directory, show);
 }
 
 void SetShellBackend(ShellBackend backend)
