@@ -141,7 +141,7 @@ int main(int argc, char* argv[])
             if (!login || !QTest::qWaitForWindowExposed(login))
                 return 3;
         }
-        auto* password = ui::get<QLineEdit>(login, Lang(190));
+        auto* password = ui::get<QLineEdit>(login, Lang(Text::LoginPasswordLabel));
         if (!password)
             return 6;
         password->setText(QStringLiteral("bench"));
@@ -152,7 +152,7 @@ int main(int argc, char* argv[])
         if (!main || !QTest::qWaitForWindowExposed(main))
             return 4;
         enterToVault << t.nsecsElapsed() / 1e6;
-        if (ui::rows(main, Lang(201)).size() != 300)
+        if (ui::rows(main, Lang(Text::PasswordList)).size() != 300)
             return 5;
         QTest::qWait(20);
         rss = std::max(rss, residentKb());

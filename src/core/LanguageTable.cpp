@@ -33,11 +33,18 @@ QString programTrim(const QString& s)
 
 } // namespace
 
-QString Lang(int slot)
+QString Lang(Text text)
 {
+    // Any number fits an enum, so a test can read a slot that no text names.
+    const int slot = static_cast<int>(text);
     if (slot < 0 || slot >= static_cast<int>(table().size()))
         return QString();
     return table()[static_cast<size_t>(slot)];
+}
+
+QString Lang(int slot)
+{
+    return Lang(static_cast<Text>(slot));
 }
 
 void ClearLanguageTable()

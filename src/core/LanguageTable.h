@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 // The language table: 1000 texts, filled once at start from the language file beside the
-// program, read by every window by slot number.
+// program, read by every window by name.
+#include "core/Texts.h"
+
 #include <QString>
 
-// Text of a slot; empty for a slot that no entry named or that is out of range.
-QString Lang(int slot);
+// The text in the chosen language; empty when the file has none for it.
+QString Lang(Text text);
+QString Lang(int slot); // until every caller names its text
 
 // Reads curLang (asking once and writing "English" when it is empty) and fills the table.
 void LoadLanguage();

@@ -16,3 +16,20 @@ void WriteIni(const QString& section, const QString& key, const QString& value, 
 {
     platform::WriteIniString(section, key, value, file);
 }
+
+QString Keys::option(Option option)
+{
+    switch (option) {
+    case Option::AlwaysOnTop:
+        return QStringLiteral("s1");
+    case Option::SortList:
+        return QStringLiteral("s2");
+    case Option::ClearClipboardOnClose:
+        return QStringLiteral("s3");
+    case Option::MinimiseAfterCopy:
+        return QStringLiteral("s4");
+    case Option::HidePasswords:
+        return QStringLiteral("s5");
+    }
+    return QString();
+}

@@ -25,8 +25,26 @@ inline const QString email = QStringLiteral("email");
 inline const QString time = QStringLiteral("time");
 
 // s1 to s5 of cfg.txt, by number.
-inline QString option(int n)
+inline QString option(int n) // until every caller names its option
 {
     return QStringLiteral("s%1").arg(n);
 }
+} // namespace Keys
+
+// The options of a profile, kept in cfg.txt's setts section, "1" for on.
+enum class Option
+{
+    AlwaysOnTop, // stored and shown, and acted on by nothing
+    SortList, // stored and shown, and acted on by nothing
+    ClearClipboardOnClose,
+    MinimiseAfterCopy,
+    HidePasswords,
+};
+
+// Every option, in the order of the file and of the settings window's boxes.
+inline constexpr Option AllOptions[] = { Option::AlwaysOnTop, Option::SortList, Option::ClearClipboardOnClose,
+    Option::MinimiseAfterCopy, Option::HidePasswords };
+
+namespace Keys {
+QString option(Option option);
 } // namespace Keys

@@ -45,7 +45,8 @@ bool UpdateAvailable(bool fetched, const QString& body)
 
 void OfferUpdate()
 {
-    if (platform::ShowMessage(Lang(144), platform::MessageButtons::YesNo | platform::MessageIcon::Question)
+    if (platform::ShowMessage(
+            Lang(Text::NewVersionAvailable), platform::MessageButtons::YesNo | platform::MessageIcon::Question)
         == platform::MessageAnswer::Yes)
         LinkUpdatePage();
 }

@@ -71,18 +71,18 @@ AboutDialog::AboutDialog(QWidget* owner)
 
 void AboutDialog::load()
 {
-    setWindowTitle(Lang(118));
-    versionCaption->setText(Lang(119));
-    rightsNotice->setText(Lang(100));
-    homePageCaption->setText(Lang(120));
-    authorCaption->setText(Lang(121));
-    computerCaption->setText(Lang(122));
-    supportHeading->setText(Lang(125));
-    supportCaption->setText(Lang(126));
-    forumCaption->setText(Lang(127));
-    contactCaption->setText(Lang(128));
+    setWindowTitle(Lang(Text::AboutTitle));
+    versionCaption->setText(Lang(Text::VersionLabel));
+    rightsNotice->setText(Lang(Text::Copyright));
+    homePageCaption->setText(Lang(Text::MakerSiteLabel));
+    authorCaption->setText(Lang(Text::AuthorLabel));
+    computerCaption->setText(Lang(Text::ComputerNameLabel));
+    supportHeading->setText(Lang(Text::TechnicalSupport));
+    supportCaption->setText(Lang(Text::SupportPageLabel));
+    forumCaption->setText(Lang(Text::ForumLabel));
+    contactCaption->setText(Lang(Text::ContactLabel));
     for (ClickablePicture* l : { supportLink, forumLink, contactLink })
-        l->setText(Lang(135));
+        l->setText(Lang(Text::Go));
     homePageLink->setText(QUrl(ServerAddress()).host());
     // Each link is read by the caption of its row; three of them say the same "Go >>".
     for (const auto& [link, caption] :

@@ -105,13 +105,15 @@ EntryDialog::EntryDialog(
 void EntryDialog::load()
 {
     ShowEntry(boxes(), working);
-    setWindowTitle(Lang(290));
+    setWindowTitle(Lang(Text::AddNewPassword));
     SetEntryCaptions({ titleCaption, userNameCaption, passphraseCaption, passwordCaption, urlCaption, documentCaption,
         noteCaption });
-    saveButton->setText(Lang(248));
-    cancelButton->setText(Lang(147));
-    generatorButton->setAccessibleName(SpokenCaption(Lang(227))); // the generator, as its menu entry says
-    hintButton->setAccessibleName(ActionOnBox(Lang(229), documentCaption->text())); // "?": help on the document box
+    saveButton->setText(Lang(Text::Save));
+    cancelButton->setText(Lang(Text::Cancel));
+    generatorButton->setAccessibleName(
+        SpokenCaption(Lang(Text::GeneratorItem))); // the generator, as its menu entry says
+    hintButton->setAccessibleName(
+        ActionOnBox(Lang(Text::HelpMenu), documentCaption->text())); // "?": help on the document box
 }
 
 EntryBoxes EntryDialog::boxes() const
@@ -125,28 +127,28 @@ void EntryDialog::storeNewEntry()
         return; // the vault is being saved: the dialog stays as it is
     const Entry copy = working;
     if (copy.title.isEmpty()) {
-        platform::ShowMessage(Lang(192), platform::MessageIcon::Critical);
+        platform::ShowMessage(Lang(Text::TitleEmpty), platform::MessageIcon::Critical);
         return;
     }
     // The rows on show against the text in the box: a row that carries a field value, or an
     // entry that a search left out, passes.
     if (listedRows.contains(titleBox->text())) {
-        platform::ShowMessage(Lang(288), platform::MessageIcon::Information);
+        platform::ShowMessage(Lang(Text::TitleTaken), platform::MessageIcon::Information);
         return;
     }
     if (vault.storeWouldOverfill(copy)) {
-        platform::ShowMessage(Lang(OwnSlot::VaultTooLarge), platform::MessageIcon::Critical);
+        platform::ShowMessage(Lang(Text::VaultTooLarge), platform::MessageIcon::Critical);
         return;
     }
     vault.store(copy);
-    platform::ShowMessage(Lang(193), platform::MessageIcon::Information);
+    platform::ShowMessage(Lang(Text::EntrySaved), platform::MessageIcon::Information);
     refillList();
     reject();
 }
 
 void EntryDialog::showDocumentHint()
 {
-    platform::ShowMessage(Lang(289), platform::MessageIcon::Information);
+    platform::ShowMessage(Lang(Text::DocumentHint), platform::MessageIcon::Information);
 }
 
 void EntryDialog::loadPicture()

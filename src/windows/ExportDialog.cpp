@@ -24,13 +24,13 @@ ExportDialog::ExportDialog(QWidget* owner)
 
 void ExportDialog::load()
 {
-    SetTransferCaptions(parts, this, 179, 180, Lang(177));
+    SetTransferCaptions(parts, this, 179, 180, Lang(Text::ChooseExportFolder));
 }
 
 void ExportDialog::browse()
 {
     // The constant, not the box: a cancelled browse drops an earlier choice as well.
-    const QString folder = platform::ChooseFolder(this, { Lang(177), defaultTarget });
+    const QString folder = platform::ChooseFolder(this, { Lang(Text::ChooseExportFolder), defaultTarget });
     parts.pathBox->setText(folder.isEmpty() ? defaultTarget : folder + QStringLiteral("\\tolvane_data.tvd"));
 }
 
@@ -41,6 +41,6 @@ void ExportDialog::exportVault()
         = platform::CopyFileTo(DataFolder() + CurrentProfile() + QStringLiteral("\\list.dat"), parts.pathBox->text());
     if (error != platform::ErrNone)
         platform::UnhandledError(error);
-    platform::ShowMessage(Lang(178), platform::MessageIcon::Information);
+    platform::ShowMessage(Lang(Text::DataExported), platform::MessageIcon::Information);
     Unload();
 }

@@ -36,15 +36,16 @@ void ImportDialog::load()
 void ImportDialog::chooseFile()
 {
     // A cancel withdraws an earlier choice.
-    const QString chosen = platform::ChooseFileToOpen(
-        this, { false, openTitle, Lang(182), QString(), QStringLiteral("*.tvd"), QStringLiteral("*.tvd"), 0 });
+    const QString chosen = platform::ChooseFileToOpen(this,
+        { false, openTitle, Lang(Text::ImportFileFilter), QString(), QStringLiteral("*.tvd"), QStringLiteral("*.tvd"),
+            0 });
     parts.pathBox->setText(chosen.isEmpty() ? QStringLiteral("C:\\") : chosen);
     parts.actionButton->setEnabled(!chosen.isEmpty());
 }
 
 void ImportDialog::importVault()
 {
-    if (platform::ShowMessage(Lang(181), platform::JoinedQuestion) != platform::MessageAnswer::Yes)
+    if (platform::ShowMessage(Lang(Text::ImportReplacesAll), platform::JoinedQuestion) != platform::MessageAnswer::Yes)
         return;
     // Not read, not kept: the chosen file is the vault from now on. One larger than any vault,
     // which the load would not read, is not copied: that copy fails.

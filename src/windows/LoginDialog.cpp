@@ -101,11 +101,11 @@ void LoginDialog::selectProfile(const QString& name)
 
 void LoginDialog::load()
 {
-    heading->setText(Lang(188));
-    profileCaption->setText(Lang(189));
-    passwordCaption->setText(Lang(190));
-    logInButton->setText(Lang(191));
-    cancelButton->setText(Lang(147));
+    heading->setText(Lang(Text::LoginTitle));
+    profileCaption->setText(Lang(Text::LoginProfileLabel));
+    passwordCaption->setText(Lang(Text::LoginPasswordLabel));
+    logInButton->setText(Lang(Text::LogIn));
+    cancelButton->setText(Lang(Text::Cancel));
 
     // The one-time reset: from then on Administrator has no password until one is written. A
     // store that this run found damaged or could not read says nothing about SP1, and one that
@@ -136,7 +136,7 @@ void LoginDialog::load()
         openVault(false);
         return;
     case LoginOffer::Kind::DefaultLost:
-        platform::ShowMessage(Lang(187), platform::MessageIcon::Critical);
+        platform::ShowMessage(Lang(Text::DefaultProfileMissing), platform::MessageIcon::Critical);
         selectProfile(offer.profile);
         return;
     case LoginOffer::Kind::Offered:
@@ -156,12 +156,12 @@ void LoginDialog::logIn()
         return;
     const QString profile = profileList->currentText();
     if (!ProfileMarkerExists(profile)) {
-        platform::ShowMessage(Lang(186), platform::MessageIcon::Critical);
+        platform::ShowMessage(Lang(Text::ProfileMissingOrDamaged), platform::MessageIcon::Critical);
         return;
     }
     storedPassword = StoredPassword(profile);
     if (!PasswordOpens(storedPassword, passwordBox->text())) {
-        platform::ShowMessage(Lang(185), platform::MessageIcon::Information);
+        platform::ShowMessage(Lang(Text::WrongPassword), platform::MessageIcon::Information);
         return;
     }
     WriteIni(Keys::user, Keys::current, profile, ConfigFile());
@@ -216,7 +216,7 @@ LoginDialog* MakeLogin()
         MakeDirTree(DataFolder());
     const int patience = platform::CommandLine() == QLatin1String("/restart") ? 15000 : 0;
     if (platform::HoldTreeForRun(DataFolder(), patience) == platform::TreeLock::ProgramRuns) {
-        platform::ShowMessage(Lang(101), platform::MessageIcon::Critical);
+        platform::ShowMessage(Lang(Text::AlreadyRunning), platform::MessageIcon::Critical);
         platform::EndProcess(0);
     }
     return new LoginDialog;

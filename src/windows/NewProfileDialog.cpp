@@ -46,15 +46,15 @@ NewProfileDialog::NewProfileDialog(QWidget* owner, ListControl& profileNames)
 
 void NewProfileDialog::load()
 {
-    setWindowTitle(Lang(250));
-    heading->setText(Lang(251));
-    nameCaption->setText(Lang(241));
-    passwordCaption->setText(Lang(252));
-    questionCaption->setText(Lang(253));
-    answerCaption->setText(Lang(254));
-    emailCaption->setText(Lang(255));
-    addButton->setText(Lang(256));
-    cancelButton->setText(Lang(147));
+    setWindowTitle(Lang(Text::NewProfileTitle));
+    heading->setText(Lang(Text::AddNewProfile));
+    nameCaption->setText(Lang(Text::TitleLabel));
+    passwordCaption->setText(Lang(Text::NewProfilePasswordLabel));
+    questionCaption->setText(Lang(Text::ReminderQuestionLabel));
+    answerCaption->setText(Lang(Text::ReminderAnswerLabel));
+    emailCaption->setText(Lang(Text::EmailLabel));
+    addButton->setText(Lang(Text::Add));
+    cancelButton->setText(Lang(Text::Cancel));
 }
 
 namespace {
@@ -87,7 +87,7 @@ void NewProfileDialog::addProfile()
     // name, so it is taken through the code page here, once ("Łukasz" is "?ukasz" under 1252).
     const QString name = platform::ThroughCodePage(nameBox->text());
     if (nameTaken(name, names)) {
-        platform::ShowMessage(Lang(249), platform::MessageIcon::Critical);
+        platform::ShowMessage(Lang(Text::ProfileExists), platform::MessageIcon::Critical);
         return;
     }
     names.addRow(name);

@@ -57,15 +57,15 @@ QString PasswordChangeDialog::settingsFile() const
 
 void PasswordChangeDialog::load()
 {
-    setWindowTitle(Lang(259));
-    heading->setText(Lang(260));
-    oldPasswordCaption->setText(Lang(262));
-    newPasswordCaption->setText(Lang(263));
-    questionCaption->setText(Lang(253));
-    answerCaption->setText(Lang(254));
-    emailCaption->setText(Lang(255));
-    changeButton->setText(Lang(261));
-    cancelButton->setText(Lang(147));
+    setWindowTitle(Lang(Text::ChangePasswordTitle));
+    heading->setText(Lang(Text::ChangePasswordOf));
+    oldPasswordCaption->setText(Lang(Text::OldPasswordLabel));
+    newPasswordCaption->setText(Lang(Text::NewPasswordLabel));
+    questionCaption->setText(Lang(Text::ReminderQuestionLabel));
+    answerCaption->setText(Lang(Text::ReminderAnswerLabel));
+    emailCaption->setText(Lang(Text::EmailLabel));
+    changeButton->setText(Lang(Text::Change));
+    cancelButton->setText(Lang(Text::Cancel));
     fillTimer->start();
 }
 
@@ -82,13 +82,13 @@ void PasswordChangeDialog::changePassword()
     storedPassword = GetIni(Keys::settings, Keys::password, settingsFile());
     // An empty stored value equals no digest text: such a profile can't be given a password here.
     if (storedPassword != MD5Hex(oldPasswordBox->text())) {
-        platform::ShowMessage(Lang(257), platform::MessageIcon::Information);
+        platform::ShowMessage(Lang(Text::OldPasswordWrong), platform::MessageIcon::Information);
         return;
     }
     WriteIni(Keys::settings, Keys::password, MD5Hex(newPasswordBox->text()), settingsFile());
     WriteIni(Keys::settings, Keys::question, questionBox->text(), settingsFile());
     WriteIni(Keys::settings, Keys::answer, MD5Hex(answerBox->text()), settingsFile());
     WriteIni(Keys::settings, Keys::email, emailBox->text(), settingsFile());
-    platform::ShowMessage(Lang(258), platform::MessageIcon::Information);
+    platform::ShowMessage(Lang(Text::PasswordChanged), platform::MessageIcon::Information);
     Unload();
 }

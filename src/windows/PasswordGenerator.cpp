@@ -93,18 +93,19 @@ PasswordGenerator::PasswordGenerator(QWidget* owner, TextBox* targetBox)
 void PasswordGenerator::load()
 {
     alphabet = PasswordAlphabet::DigitsAndLetters;
-    setWindowTitle(Lang(272));
-    alphabetFrame->setTitle(Lang(273));
-    lettersOption->setText(Lang(274));
-    digitsOption->setText(Lang(275));
-    bothOption->setText(Lang(276));
-    generateButton->setText(Lang(277));
-    resultCaption->setText(Lang(278));
-    useButton->setText(Lang(279));
-    cancelButton->setText(Lang(147));
-    copyButton->setAccessibleName(ActionOnBox(Lang(217), Lang(278))); // copy, as the menu entry says
+    setWindowTitle(Lang(Text::GeneratorTitle));
+    alphabetFrame->setTitle(Lang(Text::Characters));
+    lettersOption->setText(Lang(Text::Letters));
+    digitsOption->setText(Lang(Text::Digits));
+    bothOption->setText(Lang(Text::DigitsAndLetters));
+    generateButton->setText(Lang(Text::Generate));
+    resultCaption->setText(Lang(Text::GeneratedPasswordLabel));
+    useButton->setText(Lang(Text::Use));
+    cancelButton->setText(Lang(Text::Cancel));
+    copyButton->setAccessibleName(
+        ActionOnBox(Lang(Text::CopyItem), Lang(Text::GeneratedPasswordLabel))); // copy, as the menu entry says
     // The length has no caption of its own: it counts the characters the frame beside it chooses.
-    lengthBox->editor()->setAccessibleName(SpokenCaption(Lang(273)));
+    lengthBox->editor()->setAccessibleName(SpokenCaption(Lang(Text::Characters)));
 }
 
 void PasswordGenerator::shorten()
@@ -152,7 +153,8 @@ void PasswordGenerator::deliver()
     if (!target)
         return;
     if (!target->text().isEmpty()
-        && platform::ShowMessage(Lang(271), platform::MessageButtons::YesNo | platform::MessageIcon::Question)
+        && platform::ShowMessage(
+               Lang(Text::ReplacePassword), platform::MessageButtons::YesNo | platform::MessageIcon::Question)
             == platform::MessageAnswer::No)
         return;
     target->setText(resultBox->text());

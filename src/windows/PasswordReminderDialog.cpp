@@ -45,13 +45,13 @@ PasswordReminderDialog::PasswordReminderDialog(QWidget* owner, const QString& se
 
 void PasswordReminderDialog::load()
 {
-    setWindowTitle(Lang(266));
-    heading->setText(Lang(267));
-    profileCaption->setText(Lang(242));
-    questionCaption->setText(Lang(268));
-    answerCaption->setText(Lang(269));
-    goOnButton->setText(Lang(270));
-    cancelButton->setText(Lang(147));
+    setWindowTitle(Lang(Text::ReminderTitle));
+    heading->setText(Lang(Text::AnswerToSeePassword));
+    profileCaption->setText(Lang(Text::UserNameLabel));
+    questionCaption->setText(Lang(Text::QuestionLabel));
+    answerCaption->setText(Lang(Text::AnswerLabel));
+    goOnButton->setText(Lang(Text::Continue));
+    cancelButton->setText(Lang(Text::Cancel));
     profileName->setText(profile);
     const QString settings = DataFolder() + profileName->text() + QStringLiteral("\\settings.txt");
     question->setText(GetIni(Keys::settings, Keys::question, settings));
@@ -64,9 +64,10 @@ void PasswordReminderDialog::load()
 void PasswordReminderDialog::checkAnswer()
 {
     if (storedAnswer == MD5Hex(answerBox->text())) {
-        platform::ShowMessage(Lang(264) + QLatin1Char(' ') + storedPassword, platform::MessageButtons::Ok);
+        platform::ShowMessage(
+            Lang(Text::YourPasswordIs) + QLatin1Char(' ') + storedPassword, platform::MessageButtons::Ok);
         Unload();
         return;
     }
-    platform::ShowMessage(Lang(265), platform::MessageButtons::Ok); // as often as the user likes
+    platform::ShowMessage(Lang(Text::AnswerWrong), platform::MessageButtons::Ok); // as often as the user likes
 }

@@ -78,18 +78,18 @@ ProfilesPage::ProfilesPage(QWidget* parent, std::function<void()> saveOptionsOfW
 
 void ProfilesPage::SetCaptions()
 {
-    setTitle(Lang(309));
+    setTitle(Lang(Text::ProfilesPage));
     profileList->setAccessibleName(title()); // the profiles, read by their page's name
-    lastProfileDefaultBox->setText(Lang(319));
-    inUseCaption->setText(Lang(310));
-    defaultCaption->setText(Lang(311));
-    selectedCaption->setText(Lang(312));
-    addButton->setText(Lang(313));
-    deleteButton->setText(Lang(314));
-    switchButton->setText(Lang(315));
-    remindButton->setText(Lang(316));
-    changePasswordButton->setText(Lang(317));
-    makeDefaultButton->setText(Lang(318));
+    lastProfileDefaultBox->setText(Lang(Text::LastProfileIsDefault));
+    inUseCaption->setText(Lang(Text::CurrentProfileLabel));
+    defaultCaption->setText(Lang(Text::DefaultProfileLabel));
+    selectedCaption->setText(Lang(Text::SelectedProfileLabel));
+    addButton->setText(Lang(Text::AddProfile));
+    deleteButton->setText(Lang(Text::DeleteProfile));
+    switchButton->setText(Lang(Text::SwitchProfile));
+    remindButton->setText(Lang(Text::RemindPassword));
+    changePasswordButton->setText(Lang(Text::ChangePassword));
+    makeDefaultButton->setText(Lang(Text::SetAsDefault));
 }
 
 bool ProfilesPage::LastProfileIsDefault() const
@@ -128,7 +128,7 @@ void ProfilesPage::showSelectedProfile()
     selectedName->setText(profileList->selectedText());
     const QString time
         = GetIni(Keys::settings, Keys::time, DataFolder() + selectedName->text() + QStringLiteral("\\time.txt"));
-    lastTime->setText(Lang(305) + QLatin1Char(' ') + time);
+    lastTime->setText(Lang(Text::LastLoginLabel) + QLatin1Char(' ') + time);
 }
 
 void ProfilesPage::addProfile()
@@ -141,7 +141,8 @@ void ProfilesPage::makeDefaultProfile()
     const QString name = selectedName->text();
     WriteIni(Keys::user, Keys::defaultProfile, name, ConfigFile());
     platform::ShowMessage(
-        Lang(291) + QStringLiteral(" '") + name + QStringLiteral("' ") + Lang(292), platform::MessageIcon::Information);
+        Lang(Text::TheUser) + QStringLiteral(" '") + name + QStringLiteral("' ") + Lang(Text::IsNowDefault),
+        platform::MessageIcon::Information);
     defaultName->setText(name);
 }
 
@@ -149,7 +150,7 @@ void ProfilesPage::changePassword()
 {
     // A password can be changed only for the profile in use.
     if (inUseName->text() != selectedName->text()) {
-        platform::ShowMessage(Lang(293), platform::MessageIcon::Information);
+        platform::ShowMessage(Lang(Text::ChangeOnlyOwnPassword), platform::MessageIcon::Information);
         return;
     }
     Q_EMIT passwordChangeRequested(selectedName->text());
@@ -165,7 +166,7 @@ void ProfilesPage::deleteProfile()
     const QString inUse = inUseName->text();
     const QString selected = selectedName->text();
     const auto confirmed = [&selected] {
-        return platform::ShowMessage(Lang(295) + QLatin1Char(' ') + selected + QLatin1Char('?'),
+        return platform::ShowMessage(Lang(Text::DeleteProfileQuestion) + QLatin1Char(' ') + selected + QLatin1Char('?'),
                    platform::MessageButtons::YesNo | platform::MessageIcon::Question)
             == platform::MessageAnswer::Yes;
     };
@@ -183,7 +184,7 @@ void ProfilesPage::deleteProfile()
     const bool takesInUse = platform::FolderHolds(target, DataFolder() + inUse);
     if (inUse == administrator) {
         if (selected == administrator || takesAdministrator || takesInUse) {
-            platform::ShowMessage(Lang(294), platform::MessageIcon::Critical);
+            platform::ShowMessage(Lang(Text::AdministratorStays), platform::MessageIcon::Critical);
             return;
         }
         if (!confirmed())
@@ -191,7 +192,7 @@ void ProfilesPage::deleteProfile()
         removeProfile();
     } else if (inUse == selected) {
         if (takesAdministrator) {
-            platform::ShowMessage(Lang(294), platform::MessageIcon::Critical);
+            platform::ShowMessage(Lang(Text::AdministratorStays), platform::MessageIcon::Critical);
             return;
         }
         if (!confirmed())
@@ -200,7 +201,8 @@ void ProfilesPage::deleteProfile()
         // users.txt and config.txt keep naming it: the next start copes with that.
         RestartProgram();
     } else {
-        platform::ShowMessage(Lang(296), platform::MessageIcon::Critical); // and on, though nothing was deleted
+        platform::ShowMessage(Lang(Text::OnlyAdministratorDeletes),
+            platform::MessageIcon::Critical); // and on, though nothing was deleted
     }
     if (defaultName->text() == selected || inUseName->text() == selected) {
         WriteIni(Keys::user, Keys::defaultProfile, administrator, ConfigFile());
@@ -211,7 +213,7 @@ void ProfilesPage::deleteProfile()
 
 void ProfilesPage::switchProfile()
 {
-    if (platform::ShowMessage(Lang(297), platform::JoinedQuestion) != platform::MessageAnswer::Yes)
+    if (platform::ShowMessage(Lang(Text::SwitchRestarts), platform::JoinedQuestion) != platform::MessageAnswer::Yes)
         return;
     saveOptions();
     WriteIni(Keys::user, Keys::current, selectedName->text(), ConfigFile());

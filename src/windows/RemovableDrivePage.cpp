@@ -69,19 +69,19 @@ RemovableDrivePage::RemovableDrivePage(QWidget* parent)
 
 void RemovableDrivePage::SetCaptions()
 {
-    setTitle(Lang(308));
-    driveCaption->setText(Lang(326));
-    driveList->setAccessibleName(SpokenCaption(Lang(326)));
-    statusCaption->setText(Lang(327));
-    status->setText(Lang(302));
-    installButton->setText(Lang(330));
-    removeButton->setText(Lang(328));
-    portableNotice->setText(Lang(329));
+    setTitle(Lang(Text::DrivesPage));
+    driveCaption->setText(Lang(Text::LocationLabel));
+    driveList->setAccessibleName(SpokenCaption(Lang(Text::LocationLabel)));
+    statusCaption->setText(Lang(Text::StatusLabel));
+    status->setText(Lang(Text::NotInstalled));
+    installButton->setText(Lang(Text::Install));
+    removeButton->setText(Lang(Text::Uninstall));
+    portableNotice->setText(Lang(Text::DrivesUnavailable));
 }
 
 void RemovableDrivePage::SetUp()
 {
-    status->setText(Lang(302));
+    status->setText(Lang(Text::NotInstalled));
     const bool portable = PortableMode();
     for (QWidget* w :
         { static_cast<QWidget*>(driveCaption), static_cast<QWidget*>(driveList), static_cast<QWidget*>(statusCaption),
@@ -138,13 +138,13 @@ void RemovableDrivePage::install()
         }
         const int error = platform::CopyFileTo(platform::ProgramFolder() + QLatin1String(step.source), target);
         if (error != platform::ErrNone) {
-            platform::ShowMessage(
-                Lang(error == platform::ErrDiskNotReady ? 299 : 300), platform::MessageIcon::Critical);
+            platform::ShowMessage(Lang(error == platform::ErrDiskNotReady ? Text::DriveNotReady : Text::InstallFailed),
+                platform::MessageIcon::Critical);
             return;
         }
     }
     showStatus();
-    platform::ShowMessage(Lang(298), platform::MessageIcon::Information);
+    platform::ShowMessage(Lang(Text::InstalledOnDrive), platform::MessageIcon::Information);
 }
 
 void RemovableDrivePage::remove()
@@ -154,9 +154,10 @@ void RemovableDrivePage::remove()
     RemoveDirTree(drive() + QStringLiteral("\\TolvaneKey"));
     const int error = platform::RemoveFile(drive() + QStringLiteral("\\autorun.inf"));
     if (error != platform::ErrNone) {
-        platform::ShowMessage(Lang(error == platform::ErrDiskNotReady ? 299 : 304), platform::MessageIcon::Critical);
+        platform::ShowMessage(Lang(error == platform::ErrDiskNotReady ? Text::DriveNotReady : Text::RemoveFailed),
+            platform::MessageIcon::Critical);
         return;
     }
     showStatus();
-    platform::ShowMessage(Lang(303), platform::MessageIcon::Information);
+    platform::ShowMessage(Lang(Text::RemovedFromDrive), platform::MessageIcon::Information);
 }

@@ -18,14 +18,15 @@
 QString ReportText(const QList<Entry>& entries)
 {
     const QString crlf = QStringLiteral("\r\n");
-    QString text = QStringLiteral("Tolvane") + crlf + Lang(284) + QLatin1Char(' ') + platform::TimeOfDayText()
-        + QLatin1Char(' ') + platform::DateText() + crlf + Lang(285) + QLatin1Char(' ') + CurrentProfile() + crlf
-        + QStringLiteral("===");
+    QString text = QStringLiteral("Tolvane") + crlf + Lang(Text::CreatedLabel) + QLatin1Char(' ')
+        + platform::TimeOfDayText() + QLatin1Char(' ') + platform::DateText() + crlf + Lang(Text::ReportProfileLabel)
+        + QLatin1Char(' ') + CurrentProfile() + crlf + QStringLiteral("===");
     for (int i = 1; i <= entries.size(); ++i) {
         const Entry& e = entries.at(i - 1);
-        text += crlf + QString::number(i) + QStringLiteral(") ") + Lang(286) + QLatin1Char(' ') + Shown(e.title)
-            + QStringLiteral("  ") + Lang(242) + QLatin1Char(' ') + Shown(e.userName) + QStringLiteral("  ") + Lang(244)
-            + QLatin1Char(' ') + Shown(e.password) + QStringLiteral("  ");
+        text += crlf + QString::number(i) + QStringLiteral(") ") + Lang(Text::ReportTitleLabel) + QLatin1Char(' ')
+            + Shown(e.title) + QStringLiteral("  ") + Lang(Text::UserNameLabel) + QLatin1Char(' ') + Shown(e.userName)
+            + QStringLiteral("  ") + Lang(Text::PasswordLabel) + QLatin1Char(' ') + Shown(e.password)
+            + QStringLiteral("  ");
     }
     return text;
 }
@@ -51,18 +52,18 @@ ReportWindow::ReportWindow(QWidget* owner, const QList<Entry>& shown)
 
 void ReportWindow::load()
 {
-    setWindowTitle(Lang(280));
-    printButton->setText(Lang(281));
-    saveButton->setText(Lang(282));
-    closeButton->setText(Lang(147));
-    reportBox->editor()->setAccessibleName(Lang(280)); // the box is the report
+    setWindowTitle(Lang(Text::ReportTitle));
+    printButton->setText(Lang(Text::Print));
+    saveButton->setText(Lang(Text::SaveAs));
+    closeButton->setText(Lang(Text::Cancel));
+    reportBox->editor()->setAccessibleName(Lang(Text::ReportTitle)); // the box is the report
     reportBox->setText(ReportText(entries));
 }
 
 void ReportWindow::print()
 {
     // A warning, not a question: the printing follows in any case.
-    platform::ShowMessage(Lang(283), platform::MessageIcon::Critical);
+    platform::ShowMessage(Lang(Text::ReportWarning), platform::MessageIcon::Critical);
     platform::Printer printer;
     int error = printer.printLine(); // the first line, in the printer's own font, starts the page
     printer.setFontName(QStringLiteral("Arial"));

@@ -102,14 +102,14 @@ void SettingsWindow::setCaptions()
     const int tabSlots[] = { 307, 308, 309 };
     for (int i = 0; i < 3; ++i)
         pageTabs->setTabText(i, Lang(tabSlots[i]));
-    generalPage->setTitle(Lang(307));
+    generalPage->setTitle(Lang(Text::GeneralPage));
     drivePage->SetCaptions();
     profilesPage->SetCaptions();
     for (int n = 1; n <= 5; ++n)
         optionBox(n)->setText(Lang(319 + n));
-    languageCaption->setText(Lang(325));
-    saveLanguageButton->setText(Lang(248));
-    cancelButton->setText(Lang(147));
+    languageCaption->setText(Lang(Text::LanguageLabel));
+    saveLanguageButton->setText(Lang(Text::Save));
+    cancelButton->setText(Lang(Text::Cancel));
 }
 
 QCheckBox* SettingsWindow::optionBox(int n) const
@@ -178,7 +178,7 @@ void SettingsWindow::cancel()
 
 void SettingsWindow::saveLanguage()
 {
-    platform::ShowMessage(Lang(306), platform::MessageButtons::Ok);
+    platform::ShowMessage(Lang(Text::LanguageAtNextStart), platform::MessageButtons::Ok);
     // Written where no reader looks: the choice shows neither at the next start nor here.
     platform::SetRegistryValue(platform::RegistryHive::Machine, QStringLiteral("SOFTWARE\\Tolvane\\Settings"),
         QStringLiteral("curLang"), languageList->currentText());

@@ -52,14 +52,14 @@ void SplashWindow::initialize()
     if (platform::CommandLine() == QLatin1String("/restart"))
         return;
     if (platform::AnotherCopyRunning()) {
-        platform::ShowMessage(Lang(101), platform::MessageIcon::Critical);
+        platform::ShowMessage(Lang(Text::AlreadyRunning), platform::MessageIcon::Critical);
         platform::EndProcess(0);
     }
 }
 
 void SplashWindow::load()
 {
-    rightsNotice->setText(Lang(100));
+    rightsNotice->setText(Lang(Text::Copyright));
     tickTimer->setInterval(1000);
     tickTimer->start();
     ticks = 0;

@@ -40,7 +40,7 @@ void SetTransferCaptions(
     p.frame->setTitle(Lang(captionSlot));
     p.lead->setText(Lang(leadSlot));
     p.actionButton->setText(Lang(captionSlot));
-    p.cancelButton->setText(Lang(147));
+    p.cancelButton->setText(Lang(Text::Cancel));
     p.pathBox->editor()->setAccessibleName(SpokenCaption(p.lead->text()) + QLatin1Char(' ') + p.profileName->text());
     p.browseButton->setAccessibleName(SpokenCaption(browseDialogTitle));
 }

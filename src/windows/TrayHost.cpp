@@ -84,7 +84,8 @@ void TrayHost::load(const QIcon& icon)
 
 void TrayHost::clearClipboardIfAsked()
 {
-    if (GetIni(Keys::setts, Keys::option(3), ProfileFile(QStringLiteral("cfg.txt"))) == QLatin1String("1"))
+    if (GetIni(Keys::setts, Keys::option(Option::ClearClipboardOnClose), ProfileFile(QStringLiteral("cfg.txt")))
+        == QLatin1String("1"))
         platform::ClipboardClear();
 }
 

@@ -41,8 +41,8 @@ UpdateWindow::~UpdateWindow() = default;
 
 void UpdateWindow::load()
 {
-    info->setText(Lang(145));
-    cancelButton->setText(Lang(147));
+    info->setText(Lang(Text::CheckingForNewVersion));
+    cancelButton->setText(Lang(Text::Cancel));
     checkTimer->start();
     barTimer->start();
 }
@@ -57,7 +57,7 @@ void UpdateWindow::onUnload()
 void UpdateWindow::checkTick()
 {
     // A failed fetch reads as "nothing new".
-    CheckOnce(this, [] { platform::ShowMessage(Lang(146), platform::MessageIcon::Information); });
+    CheckOnce(this, [] { platform::ShowMessage(Lang(Text::LatestVersion), platform::MessageIcon::Information); });
 }
 
 void UpdateWindow::advanceBar()

@@ -413,7 +413,7 @@ void VaultWindow::setCaptions()
     };
     for (const auto& [action, slot] : entries)
         action->setText(Lang(slot));
-    searchCaption->setText(Lang(239));
+    searchCaption->setText(Lang(Text::SearchLabel));
     // The toolbar has pictures only; assistive tools name each button after its menu entry.
     const std::pair<SkinnedButton*, QAction*> tools[] = {
         { newEntryButton, newEntryAction },
@@ -430,7 +430,7 @@ void VaultWindow::setCaptions()
     for (const auto& [tool, action] : tools)
         tool->setAccessibleName(action->iconText());
     searchButton->setAccessibleName(SpokenCaption(searchCaption->text()));
-    setListHeading(Lang(201));
+    setListHeading(Lang(Text::PasswordList));
     SetEntryCaptions({ titleCaption, userNameCaption, passphraseCaption, passwordCaption, urlCaption, documentCaption,
         noteCaption });
     // The pictures beside the boxes, named by what they do and the box they act on.
@@ -441,8 +441,8 @@ void VaultWindow::setCaptions()
     openDocumentButton->setAccessibleName(SpokenCaption(openDocumentAction->text()));
     openAddressButton->setAccessibleName(SpokenCaption(openAddressAction->text()));
     generatorButton->setAccessibleName(SpokenCaption(generatorAction->text()));
-    showAllButton->setText(Lang(240));
-    saveButton->setText(Lang(248));
+    showAllButton->setText(Lang(Text::ShowAllPasswords));
+    saveButton->setText(Lang(Text::Save));
 }
 
 void VaultWindow::setListHeading(const QString& heading)
@@ -470,19 +470,20 @@ void VaultWindow::load()
     WriteIni(Keys::user, Keys::switchTo, QString(), config);
     const QString profile = CurrentProfile();
     setWindowTitle(QStringLiteral("Tolvane - ") + profile);
-    setPanel(3, Lang(202) + QLatin1Char(' ') + profile);
+    setPanel(3, Lang(Text::StatusProfileLabel) + QLatin1Char(' ') + profile);
 
     // A load that reads no entry keeps the run's vault as the last window left it.
     if (!vault.load(ProfileFile(QStringLiteral("list.dat")), &platform::YieldStep).read)
         return;
-    setListHeading(Lang(201));
+    setListHeading(Lang(Text::PasswordList));
     fillWithAllTitles();
 
     const int rows = list->rowCount();
-    setPanel(1, QString::number(rows) + QLatin1Char(' ') + Lang(rows == 1 ? 203 : 204));
+    setPanel(1, QString::number(rows) + QLatin1Char(' ') + Lang(rows == 1 ? Text::EntryWord : Text::EntriesWord));
     const QString cfg = ProfileFile(QStringLiteral("cfg.txt"));
-    passwordBox->setPasswordChar(
-        GetIni(Keys::setts, Keys::option(5), cfg) == QLatin1String("1") ? QStringLiteral("*") : QString());
+    passwordBox->setPasswordChar(GetIni(Keys::setts, Keys::option(Option::HidePasswords), cfg) == QLatin1String("1")
+            ? QStringLiteral("*")
+            : QString());
 }
 
 void VaultWindow::save()
@@ -498,11 +499,11 @@ void VaultWindow::save()
     const QString file = ProfileFile(QStringLiteral("list.dat"));
     const VaultSave saved = vault.save(file, &platform::YieldStepHoldingInput);
     if (saved == VaultSave::TooLarge) {
-        platform::ShowMessage(Lang(OwnSlot::VaultTooLarge), platform::MessageIcon::Critical);
+        platform::ShowMessage(Lang(Text::VaultTooLarge), platform::MessageIcon::Critical);
     } else if (saved == VaultSave::WriteFailed) {
         // Told before the run ends: which file, and that the changes are lost.
-        platform::ShowMessage(Lang(OwnSlot::VaultNotSaved) + QLatin1Char('\r') + platform::ToNative(file)
-                + QLatin1Char('\r') + Lang(OwnSlot::ChangesNotSaved),
+        platform::ShowMessage(Lang(Text::VaultNotSaved) + QLatin1Char('\r') + platform::ToNative(file)
+                + QLatin1Char('\r') + Lang(Text::ChangesNotSaved),
             platform::MessageIcon::Critical);
     }
 }
@@ -584,11 +585,12 @@ void VaultWindow::fillWithAllTitles()
 void VaultWindow::search()
 {
     if (list->rowCount() == 0) {
-        platform::ShowMessage(Lang(195), platform::MessageIcon::Information); // the list is asked, not the vault
+        platform::ShowMessage(
+            Lang(Text::NothingToSearch), platform::MessageIcon::Information); // the list is asked, not the vault
     } else if (searchBox->text().isEmpty()) {
-        platform::ShowMessage(Lang(196), platform::MessageIcon::Information);
+        platform::ShowMessage(Lang(Text::TypeSearchText), platform::MessageIcon::Information);
     } else {
-        setListHeading(Lang(197));
+        setListHeading(Lang(Text::SearchResults));
         list->clearRows();
         const QString needle = searchBox->text().toLower();
         for (const Entry& e : vault.all()) {
@@ -603,7 +605,7 @@ void VaultWindow::search()
 
 void VaultWindow::showAllEntries()
 {
-    setListHeading(Lang(201));
+    setListHeading(Lang(Text::PasswordList));
     list->move(list->x(), Twips(840));
     showAllButton->setVisible(false);
     fillWithAllTitles();
@@ -612,7 +614,7 @@ void VaultWindow::showAllEntries()
 
 void VaultWindow::refresh()
 {
-    setListHeading(Lang(201));
+    setListHeading(Lang(Text::PasswordList));
     list->move(list->x(), Twips(840));
     layOut();
     showAllButton->setVisible(false);
@@ -655,15 +657,15 @@ void VaultWindow::saveChangedEntry()
         return;
     const Entry copy = working;
     if (copy.title.isEmpty()) {
-        platform::ShowMessage(Lang(192), platform::MessageIcon::Critical);
+        platform::ShowMessage(Lang(Text::TitleEmpty), platform::MessageIcon::Critical);
         return;
     }
     if (vault.storeWouldOverfill(copy)) {
-        platform::ShowMessage(Lang(OwnSlot::VaultTooLarge), platform::MessageIcon::Critical);
+        platform::ShowMessage(Lang(Text::VaultTooLarge), platform::MessageIcon::Critical);
         return;
     }
     vault.store(copy);
-    platform::ShowMessage(Lang(193), platform::MessageIcon::Information);
+    platform::ShowMessage(Lang(Text::EntrySaved), platform::MessageIcon::Information);
     fillWithAllTitles(); // the mode stays, the selection is gone
 }
 
@@ -688,7 +690,8 @@ void VaultWindow::deleteSelectedEntry(int noSelectionSlot)
         platform::ShowMessage(Lang(noSelectionSlot), platform::MessageIcon::Critical);
         return;
     }
-    if (platform::ShowMessage(Lang(199) + QLatin1Char(' ') + title + QLatin1Char(' ') + Lang(200),
+    if (platform::ShowMessage(Lang(Text::DeleteEntryQuestion) + QLatin1Char(' ') + title + QLatin1Char(' ')
+                + Lang(Text::DeleteEntryQuestionEnd),
             platform::MessageButtons::YesNo | platform::MessageIcon::Question)
         == platform::MessageAnswer::No)
         return;
@@ -752,7 +755,8 @@ void VaultWindow::copyBoxBeside(TextBox* box)
     QString text = box->text(); // a masked password is copied in clear
     SetClipboardText(text);
     // Read from the file at each click, whatever the copy did.
-    if (GetIni(Keys::setts, Keys::option(4), ProfileFile(QStringLiteral("cfg.txt"))) == QLatin1String("1"))
+    if (GetIni(Keys::setts, Keys::option(Option::MinimiseAfterCopy), ProfileFile(QStringLiteral("cfg.txt")))
+        == QLatin1String("1"))
         setWindowState(windowState() | Qt::WindowMinimized);
 }
 

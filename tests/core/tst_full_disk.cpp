@@ -39,26 +39,29 @@ private Q_SLOTS:
 
             // A new entry, a password change, options applied and the reload they bring, the close.
             ui::onNextModal([](QWidget* d) {
-                ui::type(d, Lang(241), u"New"_s);
-                ui::click(d, Lang(248));
+                ui::type(d, Lang(Text::TitleLabel), u"New"_s);
+                ui::click(d, Lang(Text::Save));
             });
-            ui::click(vault, Lang(207));
-            ui::menu(vault, { Lang(226), Lang(228) });
+            ui::click(vault, Lang(Text::NewEntryItem));
+            ui::menu(vault, { Lang(Text::ToolsMenu), Lang(Text::SettingsItem) });
             QWidget* settings = ui::window(u"Ustawienia..."_s);
-            ui::click(settings, Lang(324));
-            ui::tab(settings, Lang(309));
-            ui::click(settings, Lang(319));
-            ui::click(settings, Lang(317));
-            ui::type(ui::window(Lang(259)), Lang(263), u"new"_s);
-            ui::click(ui::window(Lang(259)), Lang(261)); // its writes fail unnoticed: it says it is done
+            ui::click(settings, Lang(Text::HidePasswordsOption));
+            ui::tab(settings, Lang(Text::ProfilesPage));
+            ui::click(settings, Lang(Text::LastProfileIsDefault));
+            ui::click(settings, Lang(Text::ChangePassword));
+            ui::type(ui::window(Lang(Text::ChangePasswordTitle)), Lang(Text::NewPasswordLabel), u"new"_s);
+            ui::click(ui::window(Lang(Text::ChangePasswordTitle)),
+                Lang(Text::Change)); // its writes fail unnoticed: it says it is done
             ui::click(settings, u"OK"_s);
             QVERIFY(VaultWindow::Loaded() && VaultWindow::Loaded()->isVisible());
             // The vault's save is told, with its file: at the reload, then at the close.
-            const QString notSaved
-                = u"16|Tolvane|"_s + Lang(901) + u'\r' + run.data(u"Administrator/list.dat"_s) + u'\r' + Lang(902);
-            QCOMPARE(
-                run.boxes.all(), QStringList({ u"64|Tolvane|"_s + Lang(193), u"64|Tolvane|"_s + Lang(258), notSaved }));
-            QVERIFY_THROWS_EXCEPTION(ProcessEnded, ui::menu(VaultWindow::Loaded(), { Lang(206), Lang(212) }));
+            const QString notSaved = u"16|Tolvane|"_s + Lang(Text::VaultNotSaved) + u'\r'
+                + run.data(u"Administrator/list.dat"_s) + u'\r' + Lang(Text::ChangesNotSaved);
+            QCOMPARE(run.boxes.all(),
+                QStringList({ u"64|Tolvane|"_s + Lang(Text::EntrySaved), u"64|Tolvane|"_s + Lang(Text::PasswordChanged),
+                    notSaved }));
+            QVERIFY_THROWS_EXCEPTION(
+                ProcessEnded, ui::menu(VaultWindow::Loaded(), { Lang(Text::FileMenu), Lang(Text::CloseItem) }));
             QCOMPARE(run.boxes.last(), notSaved);
             platform::SetDiskSpaceHook({});
             QCOMPARE(files(run), before);

@@ -23,7 +23,7 @@ private Q_SLOTS:
         LoadLanguage();
         QCOMPARE(boxes.all(), QStringList { u"16|Tolvane|Error: Failed loading selected language."_s });
         QCOMPARE(GetProgramSetting(u"curLang"_s), u"English"_s);
-        QVERIFY(Lang(101).startsWith(u"Tolvane is already running."_s));
+        QVERIFY(Lang(Text::AlreadyRunning).startsWith(u"Tolvane is already running."_s));
 
         world.write(u"program/t.txt"_s,
             "; a comment\r\n   \r\n101 Second_instance\r\n999 last slot\r\n1e3 out of range\r\n1000 four digits\r\n"

@@ -15,7 +15,7 @@ QWidget* openSettings(ProgramRun& run, const QString& page, const QStringList& m
 {
     TestWorld::copyTree(QStringLiteral(TOLVANE_BUILT_PROGRAM_DIR), run.world.path(u"program"_s));
     run.provision(more);
-    ui::menu(run.start(), { Lang(226), Lang(228) });
+    ui::menu(run.start(), { Lang(Text::ToolsMenu), Lang(Text::SettingsItem) });
     QWidget* settings = ui::window(u"Ustawienia..."_s);
     if (settings)
         ui::tab(settings, page);
@@ -24,10 +24,10 @@ QWidget* openSettings(ProgramRun& run, const QString& page, const QStringList& m
 
 // The status as shown ("Installed" in green), and which of Install and Remove can be pressed.
 const auto status = [](QWidget* settings) {
-    const QString said = ui::beside(settings, Lang(327));
+    const QString said = ui::beside(settings, Lang(Text::StatusLabel));
     return u"%1 %2 %3%4"_s.arg(said, ui::get<QLabel>(settings, said)->palette().color(QPalette::WindowText).name())
-        .arg(ui::get<QPushButton>(settings, Lang(330))->isEnabled())
-        .arg(ui::get<QPushButton>(settings, Lang(328))->isEnabled());
+        .arg(ui::get<QPushButton>(settings, Lang(Text::Install))->isEnabled())
+        .arg(ui::get<QPushButton>(settings, Lang(Text::Uninstall))->isEnabled());
 };
 
 } // namespace
@@ -47,12 +47,12 @@ private Q_SLOTS:
     void switchRestartsIntoTheChosenProfile()
     {
         ProgramRun run;
-        QWidget* settings = openSettings(run, Lang(309), { u"Bob"_s });
-        ui::clickRow(settings, Lang(309), 1);
+        QWidget* settings = openSettings(run, Lang(Text::ProfilesPage), { u"Bob"_s });
+        ui::clickRow(settings, Lang(Text::ProfilesPage), 1);
         // From here boxes go to a log that both processes write, answered by the list.
         qputenv("TOLVANE_MSGBOX_LOG", run.world.path(u"boxes.log"_s).toLocal8Bit());
         qputenv("TOLVANE_MSGBOX_ANSWERS", "6");
-        QVERIFY_THROWS_EXCEPTION(ProcessEnded, ui::click(settings, Lang(315)));
+        QVERIFY_THROWS_EXCEPTION(ProcessEnded, ui::click(settings, Lang(Text::SwitchProfile)));
         QCOMPARE(run.config(Keys::switchTo), u"Bob"_s);
 
         // The new process got past the instance test and opened Bob's vault, whose load empties `switch`.
@@ -71,15 +71,15 @@ private Q_SLOTS:
         const QString stick = run.world.path(u"stick"_s);
         QDir().mkpath(stick);
         qputenv("TOLVANE_MEDIA", stick.toLocal8Bit());
-        QWidget* settings = openSettings(run, Lang(308));
-        QVERIFY(!ui::find(settings, Lang(329)));
-        ui::choose(settings, Lang(326), u"d:"_s);
-        QCOMPARE(ui::get<QComboBox>(settings, Lang(326))->currentText(), u"d: [stick]"_s);
-        QCOMPARE(status(settings), Lang(302) + u" #ff0000 10"_s);
+        QWidget* settings = openSettings(run, Lang(Text::DrivesPage));
+        QVERIFY(!ui::find(settings, Lang(Text::DrivesUnavailable)));
+        ui::choose(settings, Lang(Text::LocationLabel), u"d:"_s);
+        QCOMPARE(ui::get<QComboBox>(settings, Lang(Text::LocationLabel))->currentText(), u"d: [stick]"_s);
+        QCOMPARE(status(settings), Lang(Text::NotInstalled) + u" #ff0000 10"_s);
 
-        ui::click(settings, Lang(330));
-        QCOMPARE(run.boxes.last(), u"64|Tolvane|"_s + Lang(298));
-        QCOMPARE(status(settings), Lang(301) + u" #008000 01"_s);
+        ui::click(settings, Lang(Text::Install));
+        QCOMPARE(run.boxes.last(), u"64|Tolvane|"_s + Lang(Text::InstalledOnDrive));
+        QCOMPARE(status(settings), Lang(Text::Installed) + u" #008000 01"_s);
         for (const char* file : { "autorun.inf", "TolvaneKey/usb.inf", "TolvaneKey/languages/Polish/readme.txt",
                  "TolvaneKey/dummy.dat", "TolvaneKey/users.txt" })
             QVERIFY2(QFile::exists(stick + QLatin1Char('/') + QLatin1String(file)), file);
@@ -107,20 +107,20 @@ private Q_SLOTS:
         portable.waitForFinished();
 
         // Removal takes the folder with the profiles in it, then autorun.inf.
-        ui::click(settings, Lang(328));
-        QCOMPARE(run.boxes.last(), u"64|Tolvane|"_s + Lang(303));
+        ui::click(settings, Lang(Text::Uninstall));
+        QCOMPARE(run.boxes.last(), u"64|Tolvane|"_s + Lang(Text::RemovedFromDrive));
         QVERIFY(QDir(stick).isEmpty(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden));
 
         // An install whose autorun.inf went meanwhile: the folder goes, then the failure is told.
         run.world.write(u"stick/TolvaneKey/usb.inf"_s, "x");
         QFile::remove(stick + u"/autorun.inf"_s);
-        ui::choose(settings, Lang(326), u"c:"_s); // the status is read on a change of drive
-        ui::choose(settings, Lang(326), u"d:"_s);
-        ui::click(settings, Lang(328));
-        QCOMPARE(run.boxes.last(), u"16|Tolvane|"_s + Lang(304));
+        ui::choose(settings, Lang(Text::LocationLabel), u"c:"_s); // the status is read on a change of drive
+        ui::choose(settings, Lang(Text::LocationLabel), u"d:"_s);
+        ui::click(settings, Lang(Text::Uninstall));
+        QCOMPARE(run.boxes.last(), u"16|Tolvane|"_s + Lang(Text::RemoveFailed));
         QVERIFY(!QFileInfo::exists(stick + u"/TolvaneKey"_s));
 
-        ui::click(settings, Lang(147));
+        ui::click(settings, Lang(Text::Cancel));
     }
 };
 

@@ -32,9 +32,9 @@ private Q_SLOTS:
         VaultWindow* vault = run.startActive({ entry("Saved") });
         const QByteArray onDisk = run.world.read(u"appdata/Brenmark/Tolvane/data/Administrator/list.dat"_s);
         // A change not yet saved is not in the export.
-        ui::clickRow(vault, Lang(201), 0);
+        ui::clickRow(vault, Lang(Text::PasswordList), 0);
         vault->keepBoxesInStep(); // the boxes free now, not at the timer's next tick
-        ui::type(vault, Lang(244), u"changed"_s, true);
+        ui::type(vault, Lang(Text::PasswordLabel), u"changed"_s, true);
 
         QStringList folders { u"C:\\out"_s, QString(), u"C:\\"_s };
         QList<platform::BrowseFolderCall> calls;
@@ -44,32 +44,32 @@ private Q_SLOTS:
         });
         const QString target = u"Export the data of user Administrator"_s;
         ui::onNextModal([&](QWidget* dialog) {
-            QCOMPARE(dialog->windowTitle(), Lang(179));
+            QCOMPARE(dialog->windowTitle(), Lang(Text::Export));
             QCOMPARE(ui::text(dialog, target), u"C:\\tolvane_data.tvd"_s);
-            ui::click(dialog, Lang(177));
+            ui::click(dialog, Lang(Text::ChooseExportFolder));
             QCOMPARE(ui::text(dialog, target), u"C:\\out\\tolvane_data.tvd"_s);
-            ui::click(dialog, Lang(177)); // cancelled: the default again, not the first choice
+            ui::click(dialog, Lang(Text::ChooseExportFolder)); // cancelled: the default again, not the first choice
             QCOMPARE(ui::text(dialog, target), u"C:\\tolvane_data.tvd"_s);
             QCOMPARE(calls[1].startPath, u"C:\\tolvane_data.tvd"_s);
-            ui::click(dialog, Lang(177)); // a root: the backslash doubles, harmlessly
+            ui::click(dialog, Lang(Text::ChooseExportFolder)); // a root: the backslash doubles, harmlessly
             QCOMPARE(ui::text(dialog, target), u"C:\\\\tolvane_data.tvd"_s);
             ui::type(dialog, target, u"x"_s); // the path is not for typing
             QCOMPARE(ui::text(dialog, target), u"C:\\\\tolvane_data.tvd"_s);
-            ui::click<QPushButton>(dialog, Lang(179));
+            ui::click<QPushButton>(dialog, Lang(Text::Export));
         });
-        ui::menu(vault, { Lang(206), Lang(210) });
-        QCOMPARE(calls[0].title, Lang(177));
-        QCOMPARE(run.boxes.last(), u"64|Tolvane|"_s + Lang(178));
+        ui::menu(vault, { Lang(Text::FileMenu), Lang(Text::ExportItem) });
+        QCOMPARE(calls[0].title, Lang(Text::ChooseExportFolder));
+        QCOMPARE(run.boxes.last(), u"64|Tolvane|"_s + Lang(Text::DataExported));
         QCOMPARE(run.world.read(u"home/tolvane_data.tvd"_s), onDisk);
 
         // A target that can't be written ends the run through the unhandled error.
         folders = { u"C:\\no\\such"_s };
         ui::onNextModal([](QWidget* dialog) {
-            ui::click(dialog, Lang(177));
-            QVERIFY_THROWS_EXCEPTION(ProcessEnded, ui::click<QPushButton>(dialog, Lang(179)));
+            ui::click(dialog, Lang(Text::ChooseExportFolder));
+            QVERIFY_THROWS_EXCEPTION(ProcessEnded, ui::click<QPushButton>(dialog, Lang(Text::Export)));
             dialog->close();
         });
-        ui::menu(vault, { Lang(206), Lang(210) });
+        ui::menu(vault, { Lang(Text::FileMenu), Lang(Text::ExportItem) });
         QVERIFY(run.boxes.last().startsWith(u"16|Tolvane|Run-time error '76'"_s));
     }
 
@@ -93,7 +93,7 @@ private Q_SLOTS:
         });
         const QString source = u"Import data for user Administrator"_s;
         ui::onNextModal([&](QWidget* dialog) {
-            auto* import = ui::get<QPushButton>(dialog, Lang(183));
+            auto* import = ui::get<QPushButton>(dialog, Lang(Text::Import));
             QVERIFY(!import->isEnabled());
             ui::click(dialog, QString::fromUtf8("Otwórz..."));
             QCOMPARE(ui::text(dialog, source), u"C:\\import.tvd"_s);
@@ -102,13 +102,13 @@ private Q_SLOTS:
             QCOMPARE(ui::text(dialog, source), u"C:\\"_s);
             QVERIFY(!import->isEnabled());
             ui::click(dialog, QString::fromUtf8("Otwórz..."));
-            ui::click<QPushButton>(dialog, Lang(183)); // No is the default: nothing happens
-            QCOMPARE(run.boxes.last(), u"324|Tolvane|"_s + Lang(181));
+            ui::click<QPushButton>(dialog, Lang(Text::Import)); // No is the default: nothing happens
+            QCOMPARE(run.boxes.last(), u"324|Tolvane|"_s + Lang(Text::ImportReplacesAll));
             QCOMPARE(run.vaultOnDisk().size(), 1);
             // A file larger than any vault, which the load would not read, fails to copy.
             ui::click(dialog, QString::fromUtf8("Otwórz..."));
             run.boxes.answer(platform::MessageAnswer::Yes);
-            QVERIFY_THROWS_EXCEPTION(ProcessEnded, ui::click<QPushButton>(dialog, Lang(183)));
+            QVERIFY_THROWS_EXCEPTION(ProcessEnded, ui::click<QPushButton>(dialog, Lang(Text::Import)));
             QVERIFY(run.boxes.last().startsWith(u"16|Tolvane|Run-time error '75'"_s));
             QCOMPARE(run.vaultOnDisk().size(), 1);
             ui::click(dialog, QString::fromUtf8("Otwórz..."));
@@ -117,11 +117,12 @@ private Q_SLOTS:
             qputenv("TOLVANE_MSGBOX_LOG", run.world.path(u"boxes.log"_s).toLocal8Bit());
             qputenv("TOLVANE_MSGBOX_ANSWERS", "6");
             run.boxes.answer(platform::MessageAnswer::Yes);
-            QVERIFY_THROWS_EXCEPTION(ProcessEnded, ui::click<QPushButton>(dialog, Lang(183)));
+            QVERIFY_THROWS_EXCEPTION(ProcessEnded, ui::click<QPushButton>(dialog, Lang(Text::Import)));
             dialog->close();
         });
-        ui::menu(vault, { Lang(206), Lang(209) });
-        QCOMPARE(calls[0].fileName + calls[0].defaultExtension + calls[0].filter, u"*.tvd*.tvd"_s + Lang(182));
+        ui::menu(vault, { Lang(Text::FileMenu), Lang(Text::ImportItem) });
+        QCOMPARE(calls[0].fileName + calls[0].defaultExtension + calls[0].filter,
+            u"*.tvd*.tvd"_s + Lang(Text::ImportFileFilter));
         QCOMPARE(run.config(Keys::switchTo), u"Administrator"_s);
         QCOMPARE(run.vaultOnDisk().size(), 2); // replaced, and the open vault was not written back
 

@@ -153,10 +153,11 @@ private Q_SLOTS:
             9);
         VaultWindow* vault = run.start();
         QVERIFY(vault);
-        QCOMPARE(ui::rows(vault, Lang(201)).join(u"\n"_s) + u"\n"_s, QString::fromUtf8(tool({ u"ls"_s }).out));
-        ui::get<QLineEdit>(vault, Lang(239))->setText(u"ANN"_s);
-        ui::click<SkinnedButton>(vault, Lang(239));
-        QCOMPARE(ui::rows(vault, Lang(197)).join(u"\n"_s) + u"\n"_s, found);
+        QCOMPARE(ui::rows(vault, Lang(Text::PasswordList)).join(u"\n"_s) + u"\n"_s,
+            QString::fromUtf8(tool({ u"ls"_s }).out));
+        ui::get<QLineEdit>(vault, Lang(Text::SearchLabel))->setText(u"ANN"_s);
+        ui::click<SkinnedButton>(vault, Lang(Text::SearchLabel));
+        QCOMPARE(ui::rows(vault, Lang(Text::SearchResults)).join(u"\n"_s) + u"\n"_s, found);
         run.close();
 
         // One entry more, by the tool and by the window's new-entry dialog: the same bytes on disk.
@@ -168,18 +169,18 @@ private Q_SLOTS:
         run.world.write(vaultFile, before);
         vault = run.start();
         ui::onNextModal([](QWidget* dialog) {
-            ui::type(dialog, Lang(241), u"Extra"_s);
-            ui::type(dialog, Lang(242), u"x"_s);
-            ui::type(dialog, Lang(244), u"a=b"_s);
-            ui::click(dialog, Lang(248));
+            ui::type(dialog, Lang(Text::TitleLabel), u"Extra"_s);
+            ui::type(dialog, Lang(Text::UserNameLabel), u"x"_s);
+            ui::type(dialog, Lang(Text::PasswordLabel), u"a=b"_s);
+            ui::click(dialog, Lang(Text::Save));
         });
-        ui::click(vault, Lang(207));
+        ui::click(vault, Lang(Text::NewEntryItem));
         run.close();
         QCOMPARE(run.world.read(vaultFile), byTheTool);
 
         QCOMPARE(tool({ u"rm"_s, u"Shop"_s }).code, 0);
         QCOMPARE(tool({ u"ls"_s, u"--json"_s }).out, QByteArray("[\n    \"bank\",\n    \"Extra\",\n    \"Mail\"\n]\n"));
-        QCOMPARE(ui::rows(run.start(), Lang(201)), QStringList({ u"bank"_s, u"Extra"_s, u"Mail"_s }));
+        QCOMPARE(ui::rows(run.start(), Lang(Text::PasswordList)), QStringList({ u"bank"_s, u"Extra"_s, u"Mail"_s }));
         run.close();
 
         // The login's password: asked on the terminal, here the first line of standard input.
@@ -259,7 +260,8 @@ private Q_SLOTS:
         startProgram(second, run.world.path(u"second/tolvane"_s), run.world.path(u"second.log"_s));
         const bool secondEnded = second.waitForFinished(15000);
         second.kill();
-        QVERIFY(secondEnded && run.world.read(u"second.log"_s).contains(Lang(101).section(u'\r', 0, 0).toUtf8()));
+        QVERIFY(secondEnded
+            && run.world.read(u"second.log"_s).contains(Lang(Text::AlreadyRunning).section(u'\r', 0, 0).toUtf8()));
         ::kill(static_cast<pid_t>(program.processId()), SIGTERM);
         QVERIFY(program.waitForFinished(10000));
         QVERIFY(!titles(run.vaultOnDisk()).contains(u"Early"_s));
@@ -395,7 +397,7 @@ private Q_SLOTS:
         UseKeptCodePage(false);
         LoadLanguage();
         platform::UseCodePage(1252);
-        QCOMPARE(Lang(201), QString::fromUtf8("Lista haseł:"));
+        QCOMPARE(Lang(Text::PasswordList), QString::fromUtf8("Lista haseł:"));
     }
 };
 

@@ -63,25 +63,25 @@ private Q_SLOTS:
         VaultWindow* vault = run.startActive({ { "Bank", {}, "C:\\docs\\s.pdf", {}, "bank.example", {}, {}, {} } });
         QVERIFY(vault);
         // Nothing on show: pictures do nothing, the menu hands over ""; then the address as it stands, the document.
-        ui::click(vault, Lang(222));
-        ui::click(vault, Lang(221));
-        QVERIFY(ui::menu(vault, { Lang(220), Lang(222) }));
-        ui::clickRow(vault, Lang(201), 0);
-        ui::click(vault, Lang(222));
-        ui::click(vault, Lang(221));
-        for (const auto& e :
-            { QStringList { Lang(229), Lang(235) }, { u"Tolvane"_s, Lang(235) }, { Lang(229), Lang(232) } })
+        ui::click(vault, Lang(Text::OpenAddressItem));
+        ui::click(vault, Lang(Text::OpenDocumentItem));
+        QVERIFY(ui::menu(vault, { Lang(Text::ViewMenu), Lang(Text::OpenAddressItem) }));
+        ui::clickRow(vault, Lang(Text::PasswordList), 0);
+        ui::click(vault, Lang(Text::OpenAddressItem));
+        ui::click(vault, Lang(Text::OpenDocumentItem));
+        for (const auto& e : { QStringList { Lang(Text::HelpMenu), Lang(Text::HomePageItem) },
+                 { u"Tolvane"_s, Lang(Text::HomePageItem) }, { Lang(Text::HelpMenu), Lang(Text::ReadMeItem) } })
             QVERIFY2(ui::menu(vault, e), qPrintable(e.join(u'>')));
         QCOMPARE(handed(shell),
             (QStringList { u"open|||"_s, u"open|bank.example||"_s, u"open|C:\\docs\\s.pdf||C:\\"_s,
                 u"open|http://127.0.0.1:9/pl||"_s, u"open|http://127.0.0.1:9/pl||"_s }));
         // An address the shell can't open ends the run with the unhandled error, the vault saved first.
         vault->keepBoxesInStep();
-        ui::type(vault, Lang(242), u"ann"_s);
-        QTest::keyClick(ui::get(vault, Lang(242)), Qt::Key_Tab);
-        ui::click(vault, Lang(248));
+        ui::type(vault, Lang(Text::UserNameLabel), u"ann"_s);
+        QTest::keyClick(ui::get(vault, Lang(Text::UserNameLabel)), Qt::Key_Tab);
+        ui::click(vault, Lang(Text::Save));
         shell.results = { 2 };
-        QVERIFY_THROWS_EXCEPTION(ProcessEnded, ui::click(vault, Lang(222)));
+        QVERIFY_THROWS_EXCEPTION(ProcessEnded, ui::click(vault, Lang(Text::OpenAddressItem)));
         QCOMPARE(run.boxes.last(), u"16|Tolvane|Run-time error '53':\n\nFile not found"_s);
         QCOMPARE(run.vaultOnDisk().value(0).userName, QByteArray("ann"));
     }

@@ -17,12 +17,12 @@ VaultWindow* showMail(ProgramRun& run, const char* s4 = "0")
 {
     VaultWindow* vault = run.startActive({ Entry { "Mail", "secret-pass", {}, "annabel", {}, {}, {}, {} } });
     run.setOption(4, QLatin1String(s4));
-    ui::clickRow(vault, Lang(201), 0);
+    ui::clickRow(vault, Lang(Text::PasswordList), 0);
     vault->keepBoxesInStep();
     return vault;
 }
 
-const auto edit = [](VaultWindow* vault, int slot) { ui::menu(vault, { Lang(213), Lang(slot) }); };
+const auto edit = [](VaultWindow* vault, int slot) { ui::menu(vault, { Lang(Text::EditMenu), Lang(slot) }); };
 
 } // namespace
 
@@ -46,16 +46,17 @@ private Q_SLOTS:
         for (int slot : { 217, 216, 218, 214 })
             edit(vault, slot);
         QCOMPARE(ClipboardText(), u"before"_s);
-        ui::click(vault, ActionOnBox(Lang(217), Lang(244)));
+        ui::click(vault, ActionOnBox(Lang(Text::CopyItem), Lang(Text::PasswordLabel)));
         QCOMPARE(ClipboardText(), u"secret-pass"_s); // masked on screen, clear on the clipboard
         QVERIFY(markedSecret());
-        QCOMPARE(ui::get<QLineEdit>(vault, Lang(244))->displayText(), u"***********"_s); // the classic mask
+        QCOMPARE(
+            ui::get<QLineEdit>(vault, Lang(Text::PasswordLabel))->displayText(), u"***********"_s); // the classic mask
 
         // Copy takes the whole box; Tab moves the focus, not the box acted on; cut takes the selection.
-        ui::type(vault, Lang(242), {});
-        auto* name = ui::get<QLineEdit>(vault, Lang(242));
+        ui::type(vault, Lang(Text::UserNameLabel), {});
+        auto* name = ui::get<QLineEdit>(vault, Lang(Text::UserNameLabel));
         name->setSelection(0, 4);
-        ui::click(vault, Lang(217));
+        ui::click(vault, Lang(Text::CopyItem));
         QCOMPARE(ClipboardText(), u"annabel"_s);
         QTest::keyClick(name, Qt::Key_Tab);
         name->setSelection(0, 4);
@@ -66,23 +67,23 @@ private Q_SLOTS:
         // One step of undo: a second undo takes the first back, and redo is that second undo.
         const QString steps[] = { u"annabel"_s, u"bel"_s };
         for (int i = 0; i < 4; ++i) {
-            i % 2 ? ui::click(vault, Lang(i < 2 ? 214 : 215)) : edit(vault, i < 2 ? 214 : 215);
+            i % 2 ? ui::click(vault, Lang(i < 2 ? Text::UndoItem : Text::RedoItem)) : edit(vault, i < 2 ? 214 : 215);
             QCOMPARE(name->text(), steps[i % 2]);
         }
         name->setCursorPosition(0);
-        ui::click(vault, Lang(218)); // paste at the caret, and only the table's copy is old
+        ui::click(vault, Lang(Text::PasteItem)); // paste at the caret, and only the table's copy is old
         QCOMPARE(name->text(), u"annabel"_s);
         QCOMPARE(vault->WorkingCopy().userName, QByteArray("annabel"));
 
         // After a delete the locked box stays current: no cut, paste or undo; its copy empties the clipboard.
-        ui::type(vault, Lang(247), u"note"_s);
+        ui::type(vault, Lang(Text::NoteLabel), u"note"_s);
         run.boxes.answer(platform::MessageAnswer::Yes);
-        ui::click(vault, Lang(208));
+        ui::click(vault, Lang(Text::DeleteEntryItem));
         vault->keepBoxesInStep();
         QApplication::clipboard()->setText(u"pasted"_s);
         edit(vault, 218);
         edit(vault, 214);
-        QCOMPARE(ui::text(vault, Lang(247)), QString());
+        QCOMPARE(ui::text(vault, Lang(Text::NoteLabel)), QString());
         edit(vault, 217);
         QCOMPARE(ClipboardText(), QString());
     }
@@ -91,8 +92,8 @@ private Q_SLOTS:
     {
         ProgramRun run;
         VaultWindow* vault = showMail(run);
-        auto* name = ui::get<QLineEdit>(vault, Lang(242));
-        auto* note = ui::get<QPlainTextEdit>(vault, Lang(247));
+        auto* name = ui::get<QLineEdit>(vault, Lang(Text::UserNameLabel));
+        auto* note = ui::get<QPlainTextEdit>(vault, Lang(Text::NoteLabel));
         // The box's own menu as a right click opens it, the command chosen by its text.
         const auto fromMenu = [](QWidget* at, const QString& command) {
             QTimer::singleShot(0, [command] {
@@ -129,15 +130,15 @@ private Q_SLOTS:
             ui::type(vault, Lang(box), u"annabel"_s, true);
             for (int i = 0; i < 3; ++i)
                 QTest::keyClick(ui::get(vault, Lang(box)), Qt::Key_Left, Qt::ShiftModifier);
-            QTest::mouseMove(ui::get(vault, Lang(216)));
-            ui::click(vault, Lang(216));
+            QTest::mouseMove(ui::get(vault, Lang(Text::CutItem)));
+            ui::click(vault, Lang(Text::CutItem));
             QCOMPARE(ui::text(vault, Lang(box)), u"anna"_s);
             QCOMPARE(ClipboardText(), u"bel"_s);
             ui::type(vault, Lang(box), {});
             QTest::keyClick(ui::get(vault, Lang(box)), Qt::Key_Home);
             QTest::keyClick(ui::get(vault, Lang(box)), Qt::Key_Right, Qt::ShiftModifier);
-            QTest::mouseMove(ui::get(vault, Lang(218)));
-            ui::click(vault, Lang(218));
+            QTest::mouseMove(ui::get(vault, Lang(Text::PasteItem)));
+            ui::click(vault, Lang(Text::PasteItem));
             QCOMPARE(ui::text(vault, Lang(box)), u"belnna"_s);
         }
     }
@@ -147,15 +148,15 @@ private Q_SLOTS:
         ProgramRun run;
         VaultWindow* vault = showMail(run, "1");
         // The menu's copy never minimises; a picture does when the option is exactly "1".
-        ui::type(vault, Lang(244), {});
+        ui::type(vault, Lang(Text::PasswordLabel), {});
         edit(vault, 217);
         QVERIFY(!vault->isMinimized());
-        ui::click(vault, ActionOnBox(Lang(217), Lang(242)));
+        ui::click(vault, ActionOnBox(Lang(Text::CopyItem), Lang(Text::UserNameLabel)));
         QCOMPARE(ClipboardText(), u"annabel"_s);
         QVERIFY(vault->isMinimized());
         vault->showNormal();
         run.setOption(4, u"True"_s);
-        ui::click(vault, ActionOnBox(Lang(217), Lang(245)));
+        ui::click(vault, ActionOnBox(Lang(Text::CopyItem), Lang(Text::UrlLabel)));
         QVERIFY(!vault->isMinimized());
 
         // Another program holds the clipboard: refused in words, the old text stays, it minimises.
@@ -163,7 +164,7 @@ private Q_SLOTS:
         QApplication::clipboard()->setText(u"kept"_s);
         platform::SetClipboardHeldElsewhere(true);
         run.boxes.shown.clear();
-        ui::click(vault, ActionOnBox(Lang(217), Lang(244)));
+        ui::click(vault, ActionOnBox(Lang(Text::CopyItem), Lang(Text::PasswordLabel)));
         platform::SetClipboardHeldElsewhere(false);
         QCOMPARE(run.boxes.all(), QStringList { u"0|Tolvane|Could not open the Clipboard. Copy aborted."_s });
         QCOMPARE(ClipboardText(), u"kept"_s);
@@ -171,7 +172,7 @@ private Q_SLOTS:
 
         // The clipboard holds 8-bit text: what the code page lacks becomes "?".
         vault->showNormal();
-        ui::type(vault, Lang(247), u"Zażółć ☃ €"_s);
+        ui::type(vault, Lang(Text::NoteLabel), u"Zażółć ☃ €"_s);
         edit(vault, 217);
         QCOMPARE(ClipboardText(), u"Za?ó?? ? €"_s);
         edit(vault, 219); // emptied at once, with no question

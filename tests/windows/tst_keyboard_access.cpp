@@ -47,7 +47,8 @@ QStringList audit(QWidget* window)
         QAccessibleActionInterface* actions = QAccessible::queryAccessibleInterface(w)->actionInterface();
         if (actions && actions->actionNames().contains(QAccessibleActionInterface::pressAction())
             && w->isVisibleTo(window) && w->isEnabled() && !stops.contains(w) && w->focusPolicy() != Qt::ClickFocus
-            && ui::nameOf(w) != ui::beside(window, Lang(119)) && !(radio(w) && std::ranges::any_of(stops, radio)))
+            && ui::nameOf(w) != ui::beside(window, Lang(Text::VersionLabel))
+            && !(radio(w) && std::ranges::any_of(stops, radio)))
             faults << u"out of the keyboard's reach: "_s + describe(w);
         if (auto* box = qobject_cast<QLineEdit*>(w); box && box->isReadOnly()) {
             QAccessible::queryAccessibleInterface(box)->setText(QAccessible::Value, u"40"_s);
@@ -71,28 +72,30 @@ private Q_SLOTS:
     {
         ProgramRun run;
         VaultWindow* vault = run.startActive({});
-        ui::type(vault, Lang(244), {});
-        ui::click(vault, ActionOnBox(Lang(217), Lang(244))); // the copy picture leaves the focus in the box
-        QCOMPARE(QApplication::focusWidget(), ui::get(vault, Lang(244)));
+        ui::type(vault, Lang(Text::PasswordLabel), {});
+        ui::click(vault,
+            ActionOnBox(
+                Lang(Text::CopyItem), Lang(Text::PasswordLabel))); // the copy picture leaves the focus in the box
+        QCOMPARE(QApplication::focusWidget(), ui::get(vault, Lang(Text::PasswordLabel)));
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab); // past it to the generator's picture
         QStringList faults;
         ui::onNextModal([&faults](QWidget* w) { faults << w->windowTitle() << audit(w); });
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
-        QCOMPARE(faults, QStringList { Lang(272) });
+        QCOMPARE(faults, QStringList { Lang(Text::GeneratorTitle) });
         faults = audit(vault);
         for (int entry : { 207, 209, 210, 225, 234, 236 }) {
             ui::onNextModal([&faults](QWidget* w) { faults << audit(w); });
             ui::menu(vault, { Lang(entry < 224 ? 206 : entry < 226 ? 224 : 229), Lang(entry) });
         }
-        ui::menu(vault, { Lang(226), Lang(228) });
+        ui::menu(vault, { Lang(Text::ToolsMenu), Lang(Text::SettingsItem) });
         QWidget* settings = ui::window(u"Ustawienia..."_s);
         for (int page : { 307, 308, 309 }) {
             ui::tab(settings, Lang(page));
             faults << audit(settings);
         }
         ui::onNextModal([&faults](QWidget* w) { faults << audit(w); });
-        ui::click(settings, Lang(313));
+        ui::click(settings, Lang(Text::AddProfile));
         run.close();
         run.setIni(u"Administrator/settings.txt"_s, Keys::settings, Keys::password, MD5Hex(u"pw"_s));
         run.start();
@@ -114,14 +117,15 @@ private Q_SLOTS:
                     QVERIFY2(keys.last().isEmpty() || keys.count(keys.last()) == 1, qPrintable(language + a->text()));
                 }
             }
-            QTest::keySequence(vault, QKeySequence::mnemonic(Lang(206))); // Alt and File's key, then New's
+            QTest::keySequence(vault, QKeySequence::mnemonic(Lang(Text::FileMenu))); // Alt and File's key, then New's
             ui::onNextModal([](QWidget* d) {
-                ui::type(d, Lang(241), u"keys"_s); // Save's key takes the focus, so the title goes with it
-                QTest::keySequence(QApplication::focusWidget(), QKeySequence::mnemonic(Lang(248)));
+                ui::type(d, Lang(Text::TitleLabel), u"keys"_s); // Save's key takes the focus, so the title goes with it
+                QTest::keySequence(QApplication::focusWidget(), QKeySequence::mnemonic(Lang(Text::Save)));
                 QTRY_VERIFY(!d->isVisible()); // the press shows before the click
             });
-            QTest::keyClick(QApplication::activePopupWidget(), QKeySequence::mnemonic(Lang(207))[0].key());
-            QCOMPARE(ui::rows(vault, Lang(201)), QStringList { u"keys"_s });
+            QTest::keyClick(
+                QApplication::activePopupWidget(), QKeySequence::mnemonic(Lang(Text::NewEntryItem))[0].key());
+            QCOMPARE(ui::rows(vault, Lang(Text::PasswordList)), QStringList { u"keys"_s });
         }
     }
 };

@@ -22,19 +22,19 @@ void checkLayout(VaultWindow* vault, int W, int H)
 {
     QCOMPARE(vault->OuterWidth(), W);
     QCOMPARE(vault->OuterHeight(), H);
-    const bool results = ui::find(vault, Lang(240));
-    QWidget* list = ui::get(vault, Lang(results ? 197 : 201));
+    const bool results = ui::find(vault, Lang(Text::ShowAllPasswords));
+    QWidget* list = ui::get(vault, Lang(results ? Text::SearchResults : Text::PasswordList));
     QCOMPARE(list->geometry(),
         QRect(Twips(120), Twips(results ? 1200 : 840), Twips(2415), Twips(results ? H - 2350 : H - 2100)));
     for (int caption = 241; caption <= 246; ++caption)
         QCOMPARE(ui::get(vault, Lang(caption))->width(), Twips(W - 4750));
-    QCOMPARE(ui::get(vault, Lang(247))->size(), QSize(Twips(W - 4050), Twips(H - 4700)));
+    QCOMPARE(ui::get(vault, Lang(Text::NoteLabel))->size(), QSize(Twips(W - 4050), Twips(H - 4700)));
     QCOMPARE(vault->findChild<QWidget*>(u"headingStrip"_s)->width(), Twips(W));
     QCOMPARE(vault->findChild<QWidget*>(u"headingLine"_s)->width(), Twips(W));
-    QCOMPARE(ui::get(vault, Lang(248))->pos(), QPoint(Twips(W - 1400), Twips(H - 1600)));
+    QCOMPARE(ui::get(vault, Lang(Text::Save))->pos(), QPoint(Twips(W - 1400), Twips(H - 1600)));
     for (int box : { 242, 243, 244, 245 })
-        QCOMPARE(ui::get(vault, ActionOnBox(Lang(217), Lang(box)))->x(), Twips(W - 850));
-    QCOMPARE(ui::get(vault, Lang(221))->x(), Twips(W - 850));
+        QCOMPARE(ui::get(vault, ActionOnBox(Lang(Text::CopyItem), Lang(box)))->x(), Twips(W - 850));
+    QCOMPARE(ui::get(vault, Lang(Text::OpenDocumentItem))->x(), Twips(W - 850));
     for (int picture : { 222, 227 })
         QCOMPARE(ui::get(vault, Lang(picture))->x(), Twips(W - 450));
 }
@@ -53,8 +53,8 @@ private Q_SLOTS:
         QVERIFY(vault);
         for (const bool results : { false, true }) {
             if (results) {
-                ui::get<QLineEdit>(vault, Lang(239))->setText(u"ann"_s);
-                ui::click<SkinnedButton>(vault, Lang(239));
+                ui::get<QLineEdit>(vault, Lang(Text::SearchLabel))->setText(u"ann"_s);
+                ui::click<SkinnedButton>(vault, Lang(Text::SearchLabel));
             }
             // Below the minimum in one direction or both it snaps back; at the minimum and
             // above it the window keeps its size (each size one pixel more than the last).
@@ -76,15 +76,16 @@ private Q_SLOTS:
     {
         ProgramRun run;
         VaultWindow* vault = run.startActive({ Entry { "Bank", {}, {}, "ann", {}, {}, {}, {} } });
-        QCOMPARE(QApplication::focusWidget(), ui::get(vault, Lang(239))); // the keyboard starts in the search box
-        ui::clickRow(vault, Lang(201), 0);
+        QCOMPARE(QApplication::focusWidget(),
+            ui::get(vault, Lang(Text::SearchLabel))); // the keyboard starts in the search box
+        ui::clickRow(vault, Lang(Text::PasswordList), 0);
         vault->keepBoxesInStep(); // the boxes free now, not at the timer's next tick
-        ui::type(vault, Lang(242), u"-x"_s);
+        ui::type(vault, Lang(Text::UserNameLabel), u"-x"_s);
         QCOMPARE(vault->WorkingCopy().userName, QByteArray("ann")); // the box has not been left yet
-        QTest::mouseMove(ui::get(vault, Lang(214))); // merely passing over a button takes the focus
-        QTRY_VERIFY(ui::get(vault, Lang(214))->hasFocus());
+        QTest::mouseMove(ui::get(vault, Lang(Text::UndoItem))); // merely passing over a button takes the focus
+        QTRY_VERIFY(ui::get(vault, Lang(Text::UndoItem))->hasFocus());
         QCOMPARE(vault->WorkingCopy().userName, QByteArray("-xann"));
-        QCOMPARE(ui::text(vault, Lang(242)), u"-xann"_s); // nothing was clicked
+        QCOMPARE(ui::text(vault, Lang(Text::UserNameLabel)), u"-xann"_s); // nothing was clicked
     }
 
     void theTitleBoxIsGreyAsAReadOnlyField()
@@ -108,7 +109,7 @@ private Q_SLOTS:
         QCOMPARE(vault->menuBar()->actions().value(6)->menu(), vault->TrayMenu());
         // A toolbar button clicks with the left button, on its picture as on its ground; not with another
         // button, nor with a release beside it, nor with a double click's second press.
-        auto* b = ui::get<SkinnedButton>(vault, Lang(216));
+        auto* b = ui::get<SkinnedButton>(vault, Lang(Text::CutItem));
         QSignalSpy clicks(b, &SkinnedButton::clicked);
         QTest::mouseClick(b, Qt::RightButton);
         QTest::mouseClick(vault->windowHandle(), Qt::LeftButton, {}, b->mapTo(vault, QPoint(10, 10)));
@@ -117,9 +118,9 @@ private Q_SLOTS:
         QTest::mouseDClick(vault->windowHandle(), Qt::LeftButton, {}, b->mapTo(vault, QPoint(20, 10)));
         QCOMPARE(clicks.size(), 2);
         // A screen reader's press on the copy picture beside the password copies that box.
-        ui::clickRow(vault, Lang(201), 0);
-        QAccessibleInterface* copy
-            = QAccessible::queryAccessibleInterface(ui::get(vault, ActionOnBox(Lang(217), Lang(244))));
+        ui::clickRow(vault, Lang(Text::PasswordList), 0);
+        QAccessibleInterface* copy = QAccessible::queryAccessibleInterface(
+            ui::get(vault, ActionOnBox(Lang(Text::CopyItem), Lang(Text::PasswordLabel))));
         QCOMPARE(copy->role(), QAccessible::Button);
         copy->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
         QTRY_COMPARE(QGuiApplication::clipboard()->text(), u"pw-1"_s);

@@ -21,8 +21,8 @@ class tst_login_dialog : public QObject
     // Types the password and presses Enter, as the user does at the prompt.
     static void logIn(ProgramRun& run, const QString& password)
     {
-        ui::type(run.login(), Lang(190), password, true);
-        QTest::keyClick(ui::get(run.login(), Lang(190)), Qt::Key_Return);
+        ui::type(run.login(), Lang(Text::LoginPasswordLabel), password, true);
+        QTest::keyClick(ui::get(run.login(), Lang(Text::LoginPasswordLabel)), Qt::Key_Return);
     }
 
 private Q_SLOTS:
@@ -47,16 +47,17 @@ private Q_SLOTS:
         QVERIFY(!run.start());
         ui::activate(run.login());
         QCOMPARE(chosen(run), u"Administrator"_s);
-        QVERIFY(ui::find<QLabel>(run.login(), Lang(188)));
-        QCOMPARE(ui::get<QLineEdit>(run.login(), Lang(190))->echoMode(), QLineEdit::Normal); // readable, by design
+        QVERIFY(ui::find<QLabel>(run.login(), Lang(Text::LoginTitle)));
+        QCOMPARE(ui::get<QLineEdit>(run.login(), Lang(Text::LoginPasswordLabel))->echoMode(),
+            QLineEdit::Normal); // readable, by design
         for (int attempt = 0; attempt < 3; ++attempt) {
-            QTest::keyClicks(ui::get(run.login(), Lang(190)), u"x"_s);
-            QTest::keyClick(ui::get(run.login(), Lang(190)), Qt::Key_Return);
+            QTest::keyClicks(ui::get(run.login(), Lang(Text::LoginPasswordLabel)), u"x"_s);
+            QTest::keyClick(ui::get(run.login(), Lang(Text::LoginPasswordLabel)), Qt::Key_Return);
         }
-        QCOMPARE(run.boxes.all(), QStringList(3, u"64|Tolvane|"_s + Lang(185)));
-        QCOMPARE(ui::text(run.login(), Lang(190)), u"xxx"_s); // what was typed stays
-        ui::get<QLineEdit>(run.login(), Lang(190))->setText(QString(40000, QLatin1Char('k')));
-        QCOMPARE(ui::text(run.login(), Lang(190)).size(), 40000); // no limit on the length
+        QCOMPARE(run.boxes.all(), QStringList(3, u"64|Tolvane|"_s + Lang(Text::WrongPassword)));
+        QCOMPARE(ui::text(run.login(), Lang(Text::LoginPasswordLabel)), u"xxx"_s); // what was typed stays
+        ui::get<QLineEdit>(run.login(), Lang(Text::LoginPasswordLabel))->setText(QString(40000, QLatin1Char('k')));
+        QCOMPARE(ui::text(run.login(), Lang(Text::LoginPasswordLabel)).size(), 40000); // no limit on the length
         QPointer<QDialog> typedInto(run.login());
         logIn(run, u"Zażółć 1"_s);
         // The login is gone from the screen and from memory: only the vault window is left.
@@ -68,8 +69,8 @@ private Q_SLOTS:
         QVERIFY(!run.start());
         QVERIFY(QDir(run.data(u"Administrator"_s)).removeRecursively());
         logIn(run, QString());
-        QCOMPARE(run.boxes.last(), u"16|Tolvane|"_s + Lang(186));
-        QTest::keyClick(ui::get(run.login(), Lang(190)), Qt::Key_Escape); // cancel: nothing opens
+        QCOMPARE(run.boxes.last(), u"16|Tolvane|"_s + Lang(Text::ProfileMissingOrDamaged));
+        QTest::keyClick(ui::get(run.login(), Lang(Text::LoginPasswordLabel)), Qt::Key_Escape); // cancel: nothing opens
         QVERIFY(ui::windowsOnScreen().isEmpty());
         QVERIFY(!VaultWindow::Loaded());
     }
@@ -108,7 +109,7 @@ private Q_SLOTS:
             platform::LookAtRegistryStoresAnew(); // a new run
             setPassword(run, u"Administrator"_s, u"kept"_s);
             QVERIFY2(!run.start() && run.login(), form.constData());
-            QTest::keyClick(ui::get(run.login(), Lang(190)), Qt::Key_Escape);
+            QTest::keyClick(ui::get(run.login(), Lang(Text::LoginPasswordLabel)), Qt::Key_Escape);
             QDir(store).removeRecursively();
         }
         // A new machine, with no store at all, still clears it.
@@ -136,7 +137,7 @@ private Q_SLOTS:
             run.setConfig(Keys::tempChangeable2, r[3]);
             QVERIFY(!run.start());
             QCOMPARE(chosen(run), r[4]);
-            QTest::keyClick(ui::get(run.login(), Lang(190)), Qt::Key_Escape);
+            QTest::keyClick(ui::get(run.login(), Lang(Text::LoginPasswordLabel)), Qt::Key_Escape);
         }
         // The last used profile without its marker: nothing chosen, a run with an empty current.
         QFile::remove(run.data(u"Eve/dummy.dat"_s));
@@ -150,11 +151,11 @@ private Q_SLOTS:
         QFile::remove(run.data(u"Administrator/settings.txt"_s));
         run.setConfig(Keys::switchTo, u"Bob"_s);
         QVERIFY(!run.start());
-        QCOMPARE(run.boxes.all(), QStringList { u"16|Tolvane|"_s + Lang(187) });
+        QCOMPARE(run.boxes.all(), QStringList { u"16|Tolvane|"_s + Lang(Text::DefaultProfileMissing) });
         QCOMPARE(chosen(run), u"Administrator"_s);
         // An empty password matches only the digest of an empty text, never the empty value.
         logIn(run, QString());
-        QCOMPARE(run.boxes.last(), u"64|Tolvane|"_s + Lang(185));
+        QCOMPARE(run.boxes.last(), u"64|Tolvane|"_s + Lang(Text::WrongPassword));
         setPassword(run, u"Administrator"_s, QString());
         logIn(run, QString());
         QVERIFY(VaultWindow::Loaded());

@@ -15,8 +15,8 @@
 
 namespace {
 
-const auto length = [](QWidget* g) { return ui::get<QLineEdit>(g, Lang(273))->text(); };
-const auto result = [](QWidget* g) { return ui::text(g, Lang(278)); };
+const auto length = [](QWidget* g) { return ui::get<QLineEdit>(g, Lang(Text::Characters))->text(); };
+const auto result = [](QWidget* g) { return ui::text(g, Lang(Text::GeneratedPasswordLabel)); };
 const auto enabled = [](QWidget* g, const QString& button) { return ui::get<QPushButton>(g, button)->isEnabled(); };
 
 // Chi-square of counts that a fair source makes equal.
@@ -71,7 +71,7 @@ private Q_SLOTS:
             for (int kind = 0; kind < 3; ++kind) {
                 ui::click(&g, Lang(274 + kind));
                 for (int press = 0; press < 30; ++press) {
-                    ui::click(&g, Lang(277));
+                    ui::click(&g, Lang(Text::Generate));
                     QCOMPARE(result(&g).size(), n);
                     QVERIFY2(shapes[kind].match(result(&g)).hasMatch(), qPrintable(result(&g)));
                     seen[kind] += result(&g);
@@ -83,12 +83,12 @@ private Q_SLOTS:
             QCOMPARE(QSet<QChar>(seen[kind].cbegin(), seen[kind].cend()).size(), letters);
         // A new choice counts from the next press; the copy takes the result as it stands.
         const QString before = result(&g);
-        ui::click(&g, Lang(275));
+        ui::click(&g, Lang(Text::Digits));
         QCOMPARE(result(&g), before);
-        ui::click<ClickablePicture>(&g, ActionOnBox(Lang(217), Lang(278)));
+        ui::click<ClickablePicture>(&g, ActionOnBox(Lang(Text::CopyItem), Lang(Text::GeneratedPasswordLabel)));
         QCOMPARE(platform::ClipboardText(), before);
         g.keepUseButtonInStep(); // opened without a box to fill: Use never comes
-        QVERIFY(!enabled(&g, Lang(279)));
+        QVERIFY(!enabled(&g, Lang(Text::Use)));
     }
 
     void theSystemSourceIsFair()
@@ -130,37 +130,37 @@ private Q_SLOTS:
         VaultWindow* vault = run.startActive({ Entry { "Mail", "old-pass", {}, {}, {}, {}, {}, {} } });
         QVERIFY(vault);
         auto generate = [](QWidget* g) {
-            ui::click(g, Lang(277));
+            ui::click(g, Lang(Text::Generate));
             static_cast<PasswordGenerator*>(g)->keepUseButtonInStep();
         };
 
         // The box is empty (nothing selected): Use comes with the first result, nothing asked.
         ui::onNextModal([&](QWidget* g) {
             static_cast<PasswordGenerator*>(g)->keepUseButtonInStep();
-            QVERIFY(!enabled(g, Lang(279)));
+            QVERIFY(!enabled(g, Lang(Text::Use)));
             generate(g);
-            ui::click(g, Lang(279));
+            ui::click(g, Lang(Text::Use));
         });
-        ui::click<ClickablePicture>(vault, Lang(227));
-        QCOMPARE(ui::text(vault, Lang(244)).size(), 5);
+        ui::click<ClickablePicture>(vault, Lang(Text::GeneratorItem));
+        QCOMPARE(ui::text(vault, Lang(Text::PasswordLabel)).size(), 5);
         QVERIFY(run.boxes.shown.isEmpty());
 
         // A filled box asks; No keeps the generator up and the box as it was, Yes replaces.
-        ui::clickRow(vault, Lang(201), 0);
+        ui::clickRow(vault, Lang(Text::PasswordList), 0);
         run.boxes.answer(platform::MessageAnswer::No);
         run.boxes.answer(platform::MessageAnswer::Yes);
         QString delivered;
         ui::onNextModal([&](QWidget* g) {
             generate(g);
-            ui::click(g, Lang(279));
+            ui::click(g, Lang(Text::Use));
             QVERIFY(g->isVisible());
-            QCOMPARE(ui::text(vault, Lang(244)), u"old-pass"_s);
+            QCOMPARE(ui::text(vault, Lang(Text::PasswordLabel)), u"old-pass"_s);
             delivered = result(g);
-            ui::click(g, Lang(279));
+            ui::click(g, Lang(Text::Use));
         });
-        ui::click<ClickablePicture>(vault, Lang(227));
-        QCOMPARE(run.boxes.all(), QStringList(2, u"36|Tolvane|"_s + Lang(271)));
-        QCOMPARE(ui::text(vault, Lang(244)), delivered);
+        ui::click<ClickablePicture>(vault, Lang(Text::GeneratorItem));
+        QCOMPARE(run.boxes.all(), QStringList(2, u"36|Tolvane|"_s + Lang(Text::ReplacePassword)));
+        QCOMPARE(ui::text(vault, Lang(Text::PasswordLabel)), delivered);
     }
 };
 

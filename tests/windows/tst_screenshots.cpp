@@ -31,18 +31,18 @@ class tst_screenshots : public QObject
             { "E-mail", "sun4Moon!", {}, "jsmith@mail.example", "https://mail.example", {}, {}, {} },
             { "Forum", {}, {}, {}, {}, {}, {}, {} }, { "Shop", {}, {}, {}, {}, {}, {}, {} } });
         QVERIFY(vault);
-        ui::clickRow(vault, Lang(201), 1);
+        ui::clickRow(vault, Lang(Text::PasswordList), 1);
         // The mouse rests on the copy button, which shows the look of a button under the mouse.
-        QTest::mouseMove(ui::get(vault, Lang(217)));
+        QTest::mouseMove(ui::get(vault, Lang(Text::CopyItem)));
         QTest::qWait(200);
         save(vault, "main");
-        save(ui::get(vault, Lang(217)), "toolbar");
-        ui::menu(vault, { Lang(226), Lang(228) });
+        save(ui::get(vault, Lang(Text::CopyItem)), "toolbar");
+        ui::menu(vault, { Lang(Text::ToolsMenu), Lang(Text::SettingsItem) });
         ui::activate(ui::window(QStringLiteral("Ustawienia...")));
         save(ui::window(QStringLiteral("Ustawienia...")), "settings");
         PasswordGenerator generator(nullptr, nullptr);
         ui::activate(&generator);
-        ui::click(&generator, Lang(277));
+        ui::click(&generator, Lang(Text::Generate));
         generator.keepUseButtonInStep();
         save(&generator, "generator");
     }

@@ -24,7 +24,7 @@ VaultWindow* startWith(ProgramRun& run, const QStringList& more, const QString& 
 
 QWidget* openSettings(VaultWindow* vault, const QString& page = QString())
 {
-    ui::menu(vault, { Lang(226), Lang(228) });
+    ui::menu(vault, { Lang(Text::ToolsMenu), Lang(Text::SettingsItem) });
     QWidget* settings = ui::window(title);
     if (settings && !page.isEmpty())
         ui::tab(settings, page);
@@ -35,8 +35,8 @@ const auto option = [](QWidget* settings, int slot) { return ui::get<QCheckBox>(
 
 void selectProfile(QWidget* settings, const QString& name)
 {
-    ui::clickRow(settings, Lang(309), ui::rows(settings, Lang(309)).indexOf(name));
-    QCOMPARE(ui::beside(settings, Lang(312)), name);
+    ui::clickRow(settings, Lang(Text::ProfilesPage), ui::rows(settings, Lang(Text::ProfilesPage)).indexOf(name));
+    QCOMPARE(ui::beside(settings, Lang(Text::SelectedProfileLabel)), name);
 }
 
 } // namespace
@@ -52,15 +52,15 @@ private Q_SLOTS:
         VaultWindow* vault = startWith(run, {});
         QFile::remove(run.data(u"Administrator/cfg.txt"_s));
         run.program->vault().store({ "Kept", {}, {}, {}, {}, {}, {}, {} }); // not listed: the unload saves nothing
-        ui::click<SkinnedButton>(vault, Lang(228)); // the toolbar opens the same window
+        ui::click<SkinnedButton>(vault, Lang(Text::SettingsItem)); // the toolbar opens the same window
         QWidget* settings = ui::window(title);
         QVERIFY(settings && !settings->isModal() && settings->parentWidget() == vault);
-        QVERIFY(!ui::find(settings, Lang(314))); // the General page only
+        QVERIFY(!ui::find(settings, Lang(Text::DeleteProfile))); // the General page only
         for (int slot = 320; slot <= 324; ++slot)
             QCOMPARE(option(settings, slot), Qt::Unchecked); // a missing cfg.txt: nothing ticked
-        ui::tab(settings, Lang(309));
-        QVERIFY(ui::find(settings, Lang(314)) && !ui::find(settings, Lang(324)));
-        ui::tab(settings, Lang(307));
+        ui::tab(settings, Lang(Text::ProfilesPage));
+        QVERIFY(ui::find(settings, Lang(Text::DeleteProfile)) && !ui::find(settings, Lang(Text::HidePasswordsOption)));
+        ui::tab(settings, Lang(Text::GeneralPage));
         for (int slot : { 324, 321, 320 })
             ui::click(settings, Lang(slot));
         ui::click(settings, u"OK"_s);
@@ -71,14 +71,15 @@ private Q_SLOTS:
         QVERIFY(!ui::window(title));
         VaultWindow* reloaded = VaultWindow::Loaded();
         QVERIFY(reloaded && reloaded != vault && reloaded->isVisible());
-        QCOMPARE(ui::rows(reloaded, Lang(201)), QStringList { u"Kept"_s }); // an empty file keeps the run's vault
-        QCOMPARE(ui::get<QLineEdit>(reloaded, Lang(244))->echoMode(), QLineEdit::Password);
+        QCOMPARE(ui::rows(reloaded, Lang(Text::PasswordList)),
+            QStringList { u"Kept"_s }); // an empty file keeps the run's vault
+        QCOMPARE(ui::get<QLineEdit>(reloaded, Lang(Text::PasswordLabel))->echoMode(), QLineEdit::Password);
         QVERIFY(!(reloaded->windowFlags() & Qt::WindowStaysOnTopHint)); // "on top" is a dead switch
 
         // Cancel stores nothing and reloads nothing.
         settings = openSettings(reloaded);
-        ui::click(settings, Lang(324));
-        ui::click(settings, Lang(147));
+        ui::click(settings, Lang(Text::HidePasswordsOption));
+        ui::click(settings, Lang(Text::Cancel));
         QCOMPARE(VaultWindow::Loaded(), reloaded);
         QCOMPARE(run.option(5), u"1"_s);
 
@@ -91,9 +92,9 @@ private Q_SLOTS:
         for (const auto& [slot, state] :
             { std::pair { 320, Qt::PartiallyChecked }, { 321, Qt::Checked }, { 323, Qt::Unchecked } })
             QCOMPARE(option(settings, slot), state);
-        ui::tab(settings, Lang(309));
-        QVERIFY(!ui::get<QCheckBox>(settings, Lang(319))->isChecked()); // only "True" ticks it
-        ui::click(settings, Lang(319));
+        ui::tab(settings, Lang(Text::ProfilesPage));
+        QVERIFY(!ui::get<QCheckBox>(settings, Lang(Text::LastProfileIsDefault))->isChecked()); // only "True" ticks it
+        ui::click(settings, Lang(Text::LastProfileIsDefault));
         ui::click(settings, u"OK"_s);
         QCOMPARE(run.option(1), u"2"_s);
         QCOMPARE(run.option(3), u"0"_s);
@@ -106,56 +107,57 @@ private Q_SLOTS:
         ProgramRun run;
         VaultWindow* vault = startWith(run, { u"Ann"_s, u"Joanna"_s }, u"Ann"_s);
         run.setIni(u"Joanna/time.txt"_s, Keys::settings, Keys::time, u"10:00:00 01.02.2026"_s);
-        QWidget* settings = openSettings(vault, Lang(309));
+        QWidget* settings = openSettings(vault, Lang(Text::ProfilesPage));
         // "ann" is inside "joanna", below it: the selected user is Joanna.
-        QCOMPARE(QStringList({ ui::beside(settings, Lang(310)), ui::beside(settings, Lang(311)),
-                     ui::beside(settings, Lang(312)) }),
+        QCOMPARE(QStringList({ ui::beside(settings, Lang(Text::CurrentProfileLabel)),
+                     ui::beside(settings, Lang(Text::DefaultProfileLabel)),
+                     ui::beside(settings, Lang(Text::SelectedProfileLabel)) }),
             QStringList({ "Ann", "Administrator", "Joanna" }));
         QVERIFY(ui::find<QLabel>(settings, u"Last login: 10:00:00 01.02.2026"_s));
         selectProfile(settings, u"Ann"_s);
         QVERIFY(ui::find<QLabel>(settings, u"Last login:"_s));
-        ui::click(settings, Lang(318)); // written at once, told, shown
+        ui::click(settings, Lang(Text::SetAsDefault)); // written at once, told, shown
         QCOMPARE(run.config(Keys::defaultProfile), u"Ann"_s);
         QCOMPARE(run.boxes.last(), u"64|Tolvane|The user 'Ann' is now the default user."_s);
-        QCOMPARE(ui::beside(settings, Lang(311)), u"Ann"_s);
+        QCOMPARE(ui::beside(settings, Lang(Text::DefaultProfileLabel)), u"Ann"_s);
         selectProfile(settings, u"Joanna"_s); // a password changes only for the one in use
-        ui::click(settings, Lang(317));
-        QCOMPARE(run.boxes.last(), u"64|Tolvane|"_s + Lang(293));
+        ui::click(settings, Lang(Text::ChangePassword));
+        QCOMPARE(run.boxes.last(), u"64|Tolvane|"_s + Lang(Text::ChangeOnlyOwnPassword));
         // Ann may delete nobody else; with Joanna the default, both keys turn back all the same.
-        ui::click(settings, Lang(318));
-        ui::click(settings, Lang(314));
-        QCOMPARE(run.boxes.last(), u"16|Tolvane|"_s + Lang(296));
+        ui::click(settings, Lang(Text::SetAsDefault));
+        ui::click(settings, Lang(Text::DeleteProfile));
+        QCOMPARE(run.boxes.last(), u"16|Tolvane|"_s + Lang(Text::OnlyAdministratorDeletes));
         QVERIFY(QFile::exists(run.data(u"Joanna/dummy.dat"_s)));
         QCOMPARE(run.config(Keys::current) + run.config(Keys::defaultProfile), u"AdministratorAdministrator"_s);
-        ui::click(settings, Lang(147));
+        ui::click(settings, Lang(Text::Cancel));
 
         // Administrator deletes after the question (No is kept); the default going makes
         // Administrator the default.
         run.setConfig(Keys::defaultProfile, u"Joanna"_s);
-        settings = openSettings(vault, Lang(309));
-        ui::click(settings, Lang(314)); // Administrator selected: never deleted
-        QCOMPARE(run.boxes.last(), u"16|Tolvane|"_s + Lang(294));
+        settings = openSettings(vault, Lang(Text::ProfilesPage));
+        ui::click(settings, Lang(Text::DeleteProfile)); // Administrator selected: never deleted
+        QCOMPARE(run.boxes.last(), u"16|Tolvane|"_s + Lang(Text::AdministratorStays));
         selectProfile(settings, u"Joanna"_s);
         run.boxes.answer(platform::MessageAnswer::No);
-        ui::click(settings, Lang(314));
+        ui::click(settings, Lang(Text::DeleteProfile));
         QCOMPARE(run.boxes.last(), u"36|Tolvane|Do you really want to delete the user Joanna?"_s);
-        QCOMPARE(ui::rows(settings, Lang(309)).size(), 3);
+        QCOMPARE(ui::rows(settings, Lang(Text::ProfilesPage)).size(), 3);
         run.boxes.answer(platform::MessageAnswer::Yes);
-        ui::click(settings, Lang(314));
+        ui::click(settings, Lang(Text::DeleteProfile));
         QVERIFY(!QFileInfo::exists(run.data(u"Joanna"_s)));
         QCOMPARE(run.users(), QByteArray("Administrator\r\nAnn\r\n"));
         QCOMPARE(run.config(Keys::defaultProfile), u"Administrator"_s);
         run.boxes.answer(platform::MessageAnswer::Yes);
-        ui::click(settings, Lang(314)); // no row selected now: no other name goes
+        ui::click(settings, Lang(Text::DeleteProfile)); // no row selected now: no other name goes
         QCOMPARE(run.users(), QByteArray("Administrator\r\nAnn\r\n"));
-        ui::click(settings, Lang(147));
+        ui::click(settings, Lang(Text::Cancel));
 
         // A profile may delete itself: the folder goes, then the restart; its name stays listed.
         run.setConfig(Keys::current, u"Ann"_s);
-        settings = openSettings(vault, Lang(309));
+        settings = openSettings(vault, Lang(Text::ProfilesPage));
         ShellScript shell;
         run.boxes.answer(platform::MessageAnswer::Yes);
-        QVERIFY_THROWS_EXCEPTION(ProcessEnded, ui::click(settings, Lang(314)));
+        QVERIFY_THROWS_EXCEPTION(ProcessEnded, ui::click(settings, Lang(Text::DeleteProfile)));
         QVERIFY(!QFileInfo::exists(run.data(u"Ann"_s)));
         QCOMPARE(shell.calls.value(0).file + shell.calls.value(0).parameters,
             platform::ProgramFolder() + u"\\tolvane.exe/restart"_s);
@@ -172,18 +174,19 @@ private Q_SLOTS:
             u"Administrator\\"_s, u"\\"_s, u"x\\..\\.."_s };
         run.world.write(u"appdata/Brenmark/Tolvane/data/users.txt"_s,
             (QStringList { u"Administrator"_s } + refused + QStringList { u"lnk\\sub"_s }).join(u"\r\n"_s).toLatin1());
-        QWidget* settings = openSettings(vault, Lang(309));
+        QWidget* settings = openSettings(vault, Lang(Text::ProfilesPage));
         for (const QString& name : refused) {
             selectProfile(settings, name);
             run.boxes.shown.clear();
-            ui::click(settings, Lang(314));
-            QCOMPARE(run.boxes.all(), QStringList(u"16|Tolvane|"_s + Lang(294))); // before any question
+            ui::click(settings, Lang(Text::DeleteProfile));
+            QCOMPARE(
+                run.boxes.all(), QStringList(u"16|Tolvane|"_s + Lang(Text::AdministratorStays))); // before any question
         }
         // Through a link the delete fails as a folder that can't go: the name goes, the rest stays.
         selectProfile(settings, u"lnk\\sub"_s);
         run.boxes.answer(platform::MessageAnswer::Yes);
-        ui::click(settings, Lang(314));
-        QVERIFY(!ui::rows(settings, Lang(309)).contains(u"lnk\\sub"_s));
+        ui::click(settings, Lang(Text::DeleteProfile));
+        QVERIFY(!ui::rows(settings, Lang(Text::ProfilesPage)).contains(u"lnk\\sub"_s));
         QVERIFY(QFile::exists(run.world.path(u"home/elsewhere/sub/keep.txt"_s)));
         QVERIFY(QFile::exists(run.data(u"Administrator/dummy.dat"_s)) && QFile::exists(run.data(u"Bob/dummy.dat"_s)));
     }
@@ -196,7 +199,7 @@ private Q_SLOTS:
         run.world.write(u"home/elsewhere/mine.txt"_s, "mine");
         const QString elsewhere = run.world.path(u"home/elsewhere"_s);
         qputenv("TOLVANE_MEDIA", stick.toLocal8Bit());
-        QWidget* settings = openSettings(startWith(run, {}), Lang(308));
+        QWidget* settings = openSettings(startWith(run, {}), Lang(Text::DrivesPage));
         // autorun.inf a link to somebody's file, TolvaneKey a link to a folder, on the stick and at home.
         const std::tuple<QString, QString, QString, QString> cases[] = {
             { u"d:"_s, stick, u"autorun.inf"_s, elsewhere + u"/mine.txt"_s },
@@ -205,9 +208,9 @@ private Q_SLOTS:
         };
         for (const auto& [drive, root, link, to] : cases) {
             QVERIFY(QFile::link(to, root + QLatin1Char('/') + link));
-            ui::choose(settings, Lang(326), drive);
-            ui::click(settings, Lang(330));
-            QCOMPARE(run.boxes.last(), u"16|Tolvane|"_s + Lang(300));
+            ui::choose(settings, Lang(Text::LocationLabel), drive);
+            ui::click(settings, Lang(Text::Install));
+            QCOMPARE(run.boxes.last(), u"16|Tolvane|"_s + Lang(Text::InstallFailed));
             QCOMPARE(
                 QDir(elsewhere).entryList(QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot), QStringList("mine.txt"));
             QCOMPARE(run.world.read(u"home/elsewhere/mine.txt"_s), QByteArray("mine"));
@@ -218,11 +221,11 @@ private Q_SLOTS:
         QVERIFY(QFile::link(elsewhere, stick + u"/TolvaneKey"_s));
         run.world.write(u"stick/autorun.inf"_s, "x");
         run.world.write(u"home/elsewhere/usb.inf"_s, "x");
-        ui::choose(settings, Lang(326), u"c:"_s);
-        ui::choose(settings, Lang(326), u"d:"_s);
-        QCOMPARE(ui::beside(settings, Lang(327)), Lang(301));
-        ui::click(settings, Lang(328));
-        QCOMPARE(run.boxes.last(), u"64|Tolvane|"_s + Lang(303));
+        ui::choose(settings, Lang(Text::LocationLabel), u"c:"_s);
+        ui::choose(settings, Lang(Text::LocationLabel), u"d:"_s);
+        QCOMPARE(ui::beside(settings, Lang(Text::StatusLabel)), Lang(Text::Installed));
+        ui::click(settings, Lang(Text::Uninstall));
+        QCOMPARE(run.boxes.last(), u"64|Tolvane|"_s + Lang(Text::RemovedFromDrive));
         QVERIFY(!QFileInfo::exists(stick + u"/TolvaneKey"_s));
         QCOMPARE(run.world.read(u"home/elsewhere/mine.txt"_s), QByteArray("mine"));
         qputenv("TOLVANE_MEDIA", "");
@@ -232,18 +235,18 @@ private Q_SLOTS:
     {
         ProgramRun run;
         QWidget* settings = openSettings(startWith(run, { u"Bob"_s }));
-        ui::click(settings, Lang(322));
-        ui::tab(settings, Lang(309));
+        ui::click(settings, Lang(Text::ClearClipboardOption));
+        ui::tab(settings, Lang(Text::ProfilesPage));
         selectProfile(settings, u"Bob"_s);
         const QByteArray cfg = run.world.read(u"appdata/Brenmark/Tolvane/data/Administrator/cfg.txt"_s);
         ShellScript shell;
-        ui::click(settings, Lang(315)); // No is the default button
-        QCOMPARE(run.boxes.last(), u"324|Tolvane|"_s + Lang(297));
+        ui::click(settings, Lang(Text::SwitchProfile)); // No is the default button
+        QCOMPARE(run.boxes.last(), u"324|Tolvane|"_s + Lang(Text::SwitchRestarts));
         QVERIFY(shell.calls.isEmpty());
         QCOMPARE(run.world.read(u"appdata/Brenmark/Tolvane/data/Administrator/cfg.txt"_s), cfg);
         QCOMPARE(run.config(Keys::switchTo), QString());
         run.boxes.answer(platform::MessageAnswer::Yes);
-        QVERIFY_THROWS_EXCEPTION(ProcessEnded, ui::click(settings, Lang(315)));
+        QVERIFY_THROWS_EXCEPTION(ProcessEnded, ui::click(settings, Lang(Text::SwitchProfile)));
         QCOMPARE(run.option(3) + run.config(Keys::current) + run.config(Keys::switchTo), u"0BobBob"_s);
         QCOMPARE(shell.calls.size(), 1);
     }

@@ -38,10 +38,11 @@ private Q_SLOTS:
         QVERIFY(vault);
         TrayHost* host = TrayHost::Loaded();
         QVERIFY(host && !host->IconShown());
-        const QStringList entries = { Lang(237), "-", Lang(234), "-", Lang(235), Lang(238), "-", Lang(236), Lang(212) };
+        const QStringList entries = { Lang(Text::OpenProgramItem), "-", Lang(Text::CheckForUpdatesItem), "-",
+            Lang(Text::HomePageItem), Lang(Text::ForumItem), "-", Lang(Text::AboutItem), Lang(Text::CloseItem) };
         // No notification area here: the icon's menu stands in the window's bar, as "Tolvane".
         ShellScript shell;
-        QVERIFY(ui::menu(vault, { u"Tolvane"_s, Lang(238) }));
+        QVERIFY(ui::menu(vault, { u"Tolvane"_s, Lang(Text::ForumItem) }));
         QCOMPARE(shell.calls.size(), 1); // the forum's page
         for (int message : { 514, 517 }) { // left up, right up
             iconMessage(message);
@@ -49,7 +50,7 @@ private Q_SLOTS:
             QApplication::activePopupWidget()->close();
         }
         // Settings > OK loads the window anew: the menu is still in its bar, and Alt+O opens it.
-        ui::menu(vault, { Lang(226), Lang(228) });
+        ui::menu(vault, { Lang(Text::ToolsMenu), Lang(Text::SettingsItem) });
         ui::click(ui::window(u"Ustawienia..."_s), u"OK"_s);
         VaultWindow* reloaded = VaultWindow::Loaded();
         QVERIFY(reloaded && reloaded != vault);
@@ -77,10 +78,10 @@ private Q_SLOTS:
         QVERIFY(again && !again->isVisible());
         QTRY_VERIFY(qobject_cast<QMenu*>(QApplication::activePopupWidget()));
         auto* popup = static_cast<QMenu*>(QApplication::activePopupWidget());
-        QCOMPARE(popup->actions().first()->text(), Lang(237));
+        QCOMPARE(popup->actions().first()->text(), Lang(Text::OpenProgramItem));
         QTest::mouseClick(popup, Qt::LeftButton, {}, popup->actionGeometry(popup->actions().first()).center());
         QVERIFY(again->isVisible());
-        QCOMPARE(ui::rows(again, Lang(201)), QStringList { u"Mail"_s });
+        QCOMPARE(ui::rows(again, Lang(Text::PasswordList)), QStringList { u"Mail"_s });
     }
 };
 

@@ -49,7 +49,7 @@ QStringList checkFromTheMenu(ProgramRun& run, VaultWindow* vault)
 {
     run.boxes.shown.clear();
     ui::onNextModal([](QWidget* update) { static_cast<UpdateWindow*>(update)->checkTick(); });
-    ui::menu(vault, { Lang(229), Lang(234) });
+    ui::menu(vault, { Lang(Text::HelpMenu), Lang(Text::CheckForUpdatesItem) });
     return run.boxes.all();
 }
 
@@ -66,8 +66,8 @@ private Q_SLOTS:
         ManifestServer server;
         ShellScript shell;
         VaultWindow* vault = run.start();
-        const QStringList news { u"36|Tolvane|"_s + Lang(144) };
-        const QStringList nothing { u"64|Tolvane|"_s + Lang(146) };
+        const QStringList news { u"36|Tolvane|"_s + Lang(Text::NewVersionAvailable) };
+        const QStringList nothing { u"64|Tolvane|"_s + Lang(Text::LatestVersion) };
 
         server.serve("200 OK", "2.9");
         run.boxes.answer(platform::MessageAnswer::Yes);
@@ -93,18 +93,18 @@ private Q_SLOTS:
         ManifestServer silent;
         silent.response.clear();
         ui::onNextModal([&silent](QWidget* update) {
-            QVERIFY(ui::find<QLabel>(update, Lang(145)));
+            QVERIFY(ui::find<QLabel>(update, Lang(Text::CheckingForNewVersion)));
             // The bar is a sign of life only: ten ticks to 100, where it stays.
             auto* window = static_cast<UpdateWindow*>(update);
             for (int i = 0; i < 12; ++i)
                 window->advanceBar();
             QCOMPARE(update->findChild<QProgressBar*>()->value(), 100);
-            QTimer::singleShot(300, update, [update] { ui::click(update, Lang(147)); });
+            QTimer::singleShot(300, update, [update] { ui::click(update, Lang(Text::Cancel)); });
             window->checkTick(); // waits, with events running, until the cancel
             QVERIFY(silent.request.startsWith("GET "));
         });
         run.boxes.shown.clear();
-        ui::menu(vault, { Lang(229), Lang(234) });
+        ui::menu(vault, { Lang(Text::HelpMenu), Lang(Text::CheckForUpdatesItem) });
         QVERIFY(run.boxes.shown.isEmpty() && ui::windowsOnScreen() == QList<QWidget*> { vault });
     }
 
@@ -137,7 +137,7 @@ private Q_SLOTS:
             closed = !about->isVisible();
             about->close();
         });
-        ui::menu(vault, { Lang(229), Lang(236) });
+        ui::menu(vault, { Lang(Text::HelpMenu), Lang(Text::AboutItem) });
         QCOMPARE(lines, 2);
         QVERIFY(closed);
         QVERIFY(shell.calls.isEmpty()); // no web page
@@ -150,8 +150,8 @@ private Q_SLOTS:
         run.provision();
         run.setIni(u"Administrator/settings.txt"_s, Keys::settings, Keys::password, MD5Hex(u"pw"_s));
         QVERIFY(!run.start());
-        ui::type(run.login(), Lang(190), u"pw"_s);
-        QTest::keyClick(ui::get(run.login(), Lang(190)), Qt::Key_Return);
+        ui::type(run.login(), Lang(Text::LoginPasswordLabel), u"pw"_s);
+        QTest::keyClick(ui::get(run.login(), Lang(Text::LoginPasswordLabel)), Qt::Key_Return);
         VaultWindow* vault = VaultWindow::Loaded();
 
         for (const QByteArray& body : { QByteArray("2.10"), QByteArray("2.0"), QByteArray("3.0") }) {
@@ -162,7 +162,7 @@ private Q_SLOTS:
             check->checkTick();
             QVERIFY(!SilentUpdateCheck::Loaded());
         }
-        QCOMPARE(run.boxes.all(), QStringList(u"36|Tolvane|"_s + Lang(144)));
+        QCOMPARE(run.boxes.all(), QStringList(u"36|Tolvane|"_s + Lang(Text::NewVersionAvailable)));
     }
 };
 

@@ -20,15 +20,15 @@ void addEntry(VaultWindow* vault, const QStringList& fields)
             if (!fields[i].isEmpty())
                 ui::type(dialog, Lang(captions[i]), fields[i]);
         }
-        ui::click(dialog, Lang(248));
+        ui::click(dialog, Lang(Text::Save));
     });
-    ui::click(vault, Lang(207));
+    ui::click(vault, Lang(Text::NewEntryItem));
     ui::activate(vault);
 }
 
 const auto search = [](VaultWindow* vault, const QString& text) {
-    ui::get<QLineEdit>(vault, Lang(239))->setText(text);
-    ui::click<SkinnedButton>(vault, Lang(239));
+    ui::get<QLineEdit>(vault, Lang(Text::SearchLabel))->setText(text);
+    ui::click<SkinnedButton>(vault, Lang(Text::SearchLabel));
 };
 
 const auto panel
@@ -56,44 +56,47 @@ private Q_SLOTS:
         addEntry(vault, { u"beta"_s, u"joe"_s, u"b-pass"_s });
         addEntry(vault, { u"Alpha"_s, u"ann"_s, u"joe99"_s });
         addEntry(vault, { u"gamma"_s, u"gus"_s, {}, u"see Joe\nat 5"_s });
-        QCOMPARE(run.boxes.last(), u"64|Tolvane|"_s + Lang(193));
-        QCOMPARE(ui::rows(vault, Lang(201)), QStringList({ "Alpha", "beta", "gamma" }));
+        QCOMPARE(run.boxes.last(), u"64|Tolvane|"_s + Lang(Text::EntrySaved));
+        QCOMPARE(ui::rows(vault, Lang(Text::PasswordList)), QStringList({ "Alpha", "beta", "gamma" }));
         QCOMPARE(panel(vault, 1), u"0 entries"_s); // counted at the load only
 
         // Each row tells the field that matched first, the password in clear; the heading too.
         search(vault, u"JOE"_s);
-        QCOMPARE(ui::rows(vault, Lang(197)), QStringList({ "Alpha (Password: joe99)", "beta (joe)", "gamma" }));
-        ui::clickRow(vault, Lang(197), 1);
-        QCOMPARE(ui::text(vault, Lang(241)), u"beta"_s);
+        QCOMPARE(ui::rows(vault, Lang(Text::SearchResults)),
+            QStringList({ "Alpha (Password: joe99)", "beta (joe)", "gamma" }));
+        ui::clickRow(vault, Lang(Text::SearchResults), 1);
+        QCOMPARE(ui::text(vault, Lang(Text::TitleLabel)), u"beta"_s);
         QVERIFY(ui::find<QLabel>(vault, u"beta"_s)); // the heading over the boxes
         vault->keepBoxesInStep();
         QCOMPARE(panel(vault, 4), u"beta"_s);
-        QVERIFY(ui::get<QPushButton>(vault, Lang(248))->isEnabled());
+        QVERIFY(ui::get<QPushButton>(vault, Lang(Text::Save))->isEnabled());
 
         // A changed password counts once its box has lost the focus (to Save, here).
-        ui::type(vault, Lang(244), u"new-pass"_s, true);
-        ui::click(vault, Lang(248));
-        QCOMPARE(ui::rows(vault, Lang(197)), QStringList({ "Alpha", "beta", "gamma" })); // all, still results
-        ui::click(vault, Lang(208)); // nothing selected
-        QCOMPARE(run.boxes.last(), u"16|Tolvane|"_s + Lang(198));
+        ui::type(vault, Lang(Text::PasswordLabel), u"new-pass"_s, true);
+        ui::click(vault, Lang(Text::Save));
+        QCOMPARE(ui::rows(vault, Lang(Text::SearchResults)),
+            QStringList({ "Alpha", "beta", "gamma" })); // all, still results
+        ui::click(vault, Lang(Text::DeleteEntryItem)); // nothing selected
+        QCOMPARE(run.boxes.last(), u"16|Tolvane|"_s + Lang(Text::SelectEntryFirst));
 
-        ui::click(vault, Lang(240)); // back to the whole list
-        ui::clickRow(vault, Lang(201), 2);
+        ui::click(vault, Lang(Text::ShowAllPasswords)); // back to the whole list
+        ui::clickRow(vault, Lang(Text::PasswordList), 2);
         run.boxes.answer(platform::MessageAnswer::No);
-        ui::click(vault, Lang(208));
-        QCOMPARE(run.boxes.last(), u"36|Tolvane|%1 gamma %2"_s.arg(Lang(199), Lang(200)));
+        ui::click(vault, Lang(Text::DeleteEntryItem));
+        QCOMPARE(run.boxes.last(),
+            u"36|Tolvane|%1 gamma %2"_s.arg(Lang(Text::DeleteEntryQuestion), Lang(Text::DeleteEntryQuestionEnd)));
         run.boxes.answer(platform::MessageAnswer::Yes);
-        ui::click(vault, Lang(208));
-        QCOMPARE(ui::rows(vault, Lang(201)), QStringList({ "Alpha", "beta" }));
+        ui::click(vault, Lang(Text::DeleteEntryItem));
+        QCOMPARE(ui::rows(vault, Lang(Text::PasswordList)), QStringList({ "Alpha", "beta" }));
         // The removed row takes the selection with it: a second delete meets no row.
-        ui::click(vault, Lang(208));
-        QCOMPARE(run.boxes.last(), u"16|Tolvane|"_s + Lang(198));
-        ui::menu(vault, { Lang(206), Lang(208) });
-        QCOMPARE(run.boxes.last(), u"16|Tolvane|"_s + Lang(205));
-        QCOMPARE(ui::rows(vault, Lang(201)), QStringList({ "Alpha", "beta" }));
+        ui::click(vault, Lang(Text::DeleteEntryItem));
+        QCOMPARE(run.boxes.last(), u"16|Tolvane|"_s + Lang(Text::SelectEntryFirst));
+        ui::menu(vault, { Lang(Text::FileMenu), Lang(Text::DeleteEntryItem) });
+        QCOMPARE(run.boxes.last(), u"16|Tolvane|"_s + Lang(Text::SelectEntryToDelete));
+        QCOMPARE(ui::rows(vault, Lang(Text::PasswordList)), QStringList({ "Alpha", "beta" }));
         vault->keepBoxesInStep(); // no title on show: the boxes lock, Save greys
-        QVERIFY(ui::get<QLineEdit>(vault, Lang(244))->isReadOnly());
-        QVERIFY(!ui::get<QPushButton>(vault, Lang(248))->isEnabled());
+        QVERIFY(ui::get<QLineEdit>(vault, Lang(Text::PasswordLabel))->isReadOnly());
+        QVERIFY(!ui::get<QPushButton>(vault, Lang(Text::Save))->isEnabled());
 
         run.close();
         const QList<Entry> saved = run.vaultOnDisk();
@@ -108,68 +111,69 @@ private Q_SLOTS:
     {
         ProgramRun run;
         search(run.start(), u"x"_s);
-        QCOMPARE(run.boxes.last(), u"64|Tolvane|"_s + Lang(195)); // an empty vault
+        QCOMPARE(run.boxes.last(), u"64|Tolvane|"_s + Lang(Text::NothingToSearch)); // an empty vault
         run.close();
         VaultWindow* vault = run.startActive({ entry("Bank (old)", "u1"), entry("Mail", "u2"), entry("mail", "u3") });
         search(vault, QString());
-        QCOMPARE(run.boxes.last(), u"64|Tolvane|"_s + Lang(196));
+        QCOMPARE(run.boxes.last(), u"64|Tolvane|"_s + Lang(Text::TypeSearchText));
         run.boxes.shown.clear();
         search(vault, u"nothing like it"_s); // an empty list in results mode, no word
-        QVERIFY(run.boxes.shown.isEmpty() && ui::rows(vault, Lang(197)).isEmpty());
-        ui::menu(vault, { Lang(220), Lang(223) });
+        QVERIFY(run.boxes.shown.isEmpty() && ui::rows(vault, Lang(Text::SearchResults)).isEmpty());
+        ui::menu(vault, { Lang(Text::ViewMenu), Lang(Text::RefreshItem) });
 
         // Titles that differ in case are two entries; "Bank (old)" looks up "Bank": a beep, and
         // the entry on show again; so does a click below the rows.
-        ui::clickRow(vault, Lang(201), 2);
-        QCOMPARE(ui::text(vault, Lang(242)), u"u3"_s);
-        ui::clickRow(vault, Lang(201), 0);
+        ui::clickRow(vault, Lang(Text::PasswordList), 2);
+        QCOMPARE(ui::text(vault, Lang(Text::UserNameLabel)), u"u3"_s);
+        ui::clickRow(vault, Lang(Text::PasswordList), 0);
         QCOMPARE(run.beeps, 1);
-        QCOMPARE(ui::text(vault, Lang(241)), u"mail"_s);
-        auto* list = ui::get<QListWidget>(vault, Lang(201));
+        QCOMPARE(ui::text(vault, Lang(Text::TitleLabel)), u"mail"_s);
+        auto* list = ui::get<QListWidget>(vault, Lang(Text::PasswordList));
         list->clearSelection();
         QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, QPoint(5, list->viewport()->height() - 3));
         QCOMPARE(run.beeps, 2);
-        ui::clickRow(vault, Lang(201), 0);
-        ui::click(vault, Lang(208)); // the delete cuts the same way, and finds no "Bank"
-        QCOMPARE(ui::rows(vault, Lang(201)).size(), 3);
+        ui::clickRow(vault, Lang(Text::PasswordList), 0);
+        ui::click(vault, Lang(Text::DeleteEntryItem)); // the delete cuts the same way, and finds no "Bank"
+        QCOMPARE(ui::rows(vault, Lang(Text::PasswordList)).size(), 3);
 
         // Enter in the title box: the title never left the box, so it is empty for the save.
         run.boxes.shown.clear();
         ui::onNextModal([](QWidget* d) {
-            ui::type(d, Lang(241), u"Fresh"_s);
-            QTest::keyClick(ui::get(d, Lang(241)), Qt::Key_Return);
-            ui::type(d, Lang(247), QString()); // Enter in the note presses Save too
-            QTest::keyClick(ui::get(d, Lang(247)), Qt::Key_Return);
+            ui::type(d, Lang(Text::TitleLabel), u"Fresh"_s);
+            QTest::keyClick(ui::get(d, Lang(Text::TitleLabel)), Qt::Key_Return);
+            ui::type(d, Lang(Text::NoteLabel), QString()); // Enter in the note presses Save too
+            QTest::keyClick(ui::get(d, Lang(Text::NoteLabel)), Qt::Key_Return);
         });
-        ui::click(vault, Lang(207));
-        QCOMPARE(run.boxes.all(), QStringList({ u"16|Tolvane|"_s + Lang(192), u"64|Tolvane|"_s + Lang(193) }));
-        QVERIFY(ui::rows(vault, Lang(201)).contains(u"Fresh"_s));
+        ui::click(vault, Lang(Text::NewEntryItem));
+        QCOMPARE(run.boxes.all(),
+            QStringList({ u"16|Tolvane|"_s + Lang(Text::TitleEmpty), u"64|Tolvane|"_s + Lang(Text::EntrySaved) }));
+        QVERIFY(ui::rows(vault, Lang(Text::PasswordList)).contains(u"Fresh"_s));
         // A title listed already is refused; a cancel leaves the working copy empty.
         ui::onNextModal([](QWidget* d) {
-            ui::type(d, Lang(241), u"Mail"_s);
-            ui::click(d, Lang(248));
-            ui::click(d, Lang(147));
+            ui::type(d, Lang(Text::TitleLabel), u"Mail"_s);
+            ui::click(d, Lang(Text::Save));
+            ui::click(d, Lang(Text::Cancel));
         });
-        ui::click(vault, Lang(207));
-        QCOMPARE(run.boxes.last(), u"64|Tolvane|"_s + Lang(288));
-        ui::onNextModal([](QWidget* d) { ui::click(d, Lang(147)); });
-        ui::click(vault, Lang(207));
-        ui::click(vault, Lang(248));
-        QCOMPARE(run.boxes.last(), u"16|Tolvane|"_s + Lang(192));
+        ui::click(vault, Lang(Text::NewEntryItem));
+        QCOMPARE(run.boxes.last(), u"64|Tolvane|"_s + Lang(Text::TitleTaken));
+        ui::onNextModal([](QWidget* d) { ui::click(d, Lang(Text::Cancel)); });
+        ui::click(vault, Lang(Text::NewEntryItem));
+        ui::click(vault, Lang(Text::Save));
+        QCOMPARE(run.boxes.last(), u"16|Tolvane|"_s + Lang(Text::TitleEmpty));
 
         // In results mode a new entry whose title is not listed overwrites that entry; the list
         // is full again, the heading still says results.
         search(vault, u"u2"_s);
-        QCOMPARE(ui::rows(vault, Lang(197)), QStringList { u"Mail (u2"_s }); // ends at a padding zero
+        QCOMPARE(ui::rows(vault, Lang(Text::SearchResults)), QStringList { u"Mail (u2"_s }); // ends at a padding zero
         addEntry(vault, { u"Mail"_s, u"overwritten"_s });
-        QCOMPARE(ui::rows(vault, Lang(197)).size(), 4);
+        QCOMPARE(ui::rows(vault, Lang(Text::SearchResults)).size(), 4);
         // The working copy is now that entry while the boxes show another: a typed field goes
         // to the working copy.
-        ui::clickRow(vault, Lang(197), 2);
+        ui::clickRow(vault, Lang(Text::SearchResults), 2);
         vault->keepBoxesInStep();
         addEntry(vault, { u"Newest"_s });
-        ui::type(vault, Lang(243), u"phrase"_s);
-        ui::click(vault, Lang(248));
+        ui::type(vault, Lang(Text::PassphraseLabel), u"phrase"_s);
+        ui::click(vault, Lang(Text::Save));
         run.close();
         const QList<Entry> saved = run.vaultOnDisk();
         QCOMPARE(saved.size(), 5);
@@ -186,9 +190,9 @@ private Q_SLOTS:
         const qsizetype original = run.world.read(file).size();
         VaultWindow* vault = run.start();
         for (int i = 0; i < 2; ++i) { // deleting the last entries empties the list
-            ui::clickRow(vault, Lang(201), 0);
+            ui::clickRow(vault, Lang(Text::PasswordList), 0);
             run.boxes.answer(platform::MessageAnswer::Yes);
-            ui::click(vault, Lang(208));
+            ui::click(vault, Lang(Text::DeleteEntryItem));
         }
         run.close(); // an empty list at the end: nothing saved, the entries are back next time
         QCOMPARE(run.vaultOnDisk().size(), 2);
@@ -211,17 +215,18 @@ private Q_SLOTS:
         platform::SetFileDialogBackend([&answers](const platform::FileDialogCall&) { return answers.takeFirst(); });
         run.boxes.shown.clear();
         ui::onNextModal([](QWidget* d) {
-            ui::type(d, Lang(241), u"pic"_s);
+            ui::type(d, Lang(Text::TitleLabel), u"pic"_s);
             for (int i = 0; i < 4; ++i)
                 d->findChild<QPushButton*>(u"loadPictureButton"_s)->click(); // off the dialog, unseen
-            ui::click(d, Lang(248));
+            ui::click(d, Lang(Text::Save));
         });
-        ui::click(vault, Lang(207));
+        ui::click(vault, Lang(Text::NewEntryItem));
         QCOMPARE(run.boxes.all().mid(0, 2),
             QStringList({ "16|Tolvane|Error #53:\nFile not found", "16|Tolvane|Error #481:\nInvalid picture" }));
         run.close();
         // Titles are raw section lines; blanks and signs sort before letters.
-        QCOMPARE(ui::rows(run.start(), Lang(201)), QStringList({ "  lead", ";semi", "[open", "a=b", "pic" }));
+        QCOMPARE(
+            ui::rows(run.start(), Lang(Text::PasswordList)), QStringList({ "  lead", ";semi", "[open", "a=b", "pic" }));
         QCOMPARE(run.vaultOnDisk()[4].picture, run.world.read(u"home/p.bmp"_s));
     }
 
@@ -237,7 +242,7 @@ private Q_SLOTS:
             QList<Entry> entries;
             for (const QString& title : sorted)
                 entries.prepend(Entry { platform::ToCodePage(title), {}, {}, {}, {}, {}, {}, {} });
-            QCOMPARE(ui::rows(run.startActive(entries), Lang(201)), sorted);
+            QCOMPARE(ui::rows(run.startActive(entries), Lang(Text::PasswordList)), sorted);
         }
         QLocale::setDefault(QLocale::system());
     }
@@ -246,17 +251,17 @@ private Q_SLOTS:
     {
         ProgramRun run;
         VaultWindow* vault = run.startActive({ entry("One", "a") });
-        ui::clickRow(vault, Lang(201), 0);
+        ui::clickRow(vault, Lang(Text::PasswordList), 0);
         vault->keepBoxesInStep(); // the boxes free now, not at the timer's next tick
-        ui::type(vault, Lang(242), u"b"_s);
-        QTest::keyClick(ui::get(vault, Lang(242)), Qt::Key_Tab); // the text goes with the focus
-        ui::click(vault, Lang(248));
+        ui::type(vault, Lang(Text::UserNameLabel), u"b"_s);
+        QTest::keyClick(ui::get(vault, Lang(Text::UserNameLabel)), Qt::Key_Tab); // the text goes with the focus
+        ui::click(vault, Lang(Text::Save));
         ui::onNextModal([](QWidget* d) {
-            ui::click(d, ActionOnBox(Lang(229), Lang(246))); // "?" beside the document
-            ui::click(d, Lang(147));
+            ui::click(d, ActionOnBox(Lang(Text::HelpMenu), Lang(Text::DocumentLabel))); // "?" beside the document
+            ui::click(d, Lang(Text::Cancel));
         });
-        ui::click(vault, Lang(207));
-        QCOMPARE(run.boxes.last(), u"64|Tolvane|"_s + Lang(289));
+        ui::click(vault, Lang(Text::NewEntryItem));
+        QCOMPARE(run.boxes.last(), u"64|Tolvane|"_s + Lang(Text::DocumentHint));
         run.close();
         QCOMPARE(run.vaultOnDisk()[0].userName, QByteArray("ba\0", 3)); // read back with its padding
         // More than the walk can carry: the message, and the vault on disk stays as it was.
@@ -267,7 +272,7 @@ private Q_SLOTS:
         const QString file = u"appdata/Brenmark/Tolvane/data/Administrator/list.dat"_s;
         const QByteArray onDisk = run.world.read(file);
         run.close();
-        QCOMPARE(run.boxes.last(), u"16|Tolvane|"_s + Lang(900));
+        QCOMPARE(run.boxes.last(), u"16|Tolvane|"_s + Lang(Text::VaultTooLarge));
         QCOMPARE(run.world.read(file), onDisk);
     }
 
@@ -280,26 +285,26 @@ private Q_SLOTS:
         for (int i = 0; i < 16; ++i)
             run.program->vault().store(
                 Entry { "Big" + QByteArray::number(i), {}, {}, {}, {}, {}, QByteArray(1450, 'x'), {} });
-        const QString tooLarge = u"16|Tolvane|"_s + Lang(900);
+        const QString tooLarge = u"16|Tolvane|"_s + Lang(Text::VaultTooLarge);
         const QString more(600, u'y');
         // The new-entry dialog says so and stays open; a small entry still goes in.
         ui::onNextModal([&](QWidget* d) {
-            ui::type(d, Lang(241), u"New"_s);
-            ui::type(d, Lang(247), more);
-            ui::click(d, Lang(248));
+            ui::type(d, Lang(Text::TitleLabel), u"New"_s);
+            ui::type(d, Lang(Text::NoteLabel), more);
+            ui::click(d, Lang(Text::Save));
             QCOMPARE(run.boxes.last(), tooLarge);
-            ui::click(d, Lang(147));
+            ui::click(d, Lang(Text::Cancel));
         });
-        ui::click(vault, Lang(207));
+        ui::click(vault, Lang(Text::NewEntryItem));
         addEntry(vault, { u"Small"_s, u"s"_s });
         // A changed note in the window: the message, and the entry stays as it was.
-        ui::clickRow(vault, Lang(201), 0);
+        ui::clickRow(vault, Lang(Text::PasswordList), 0);
         vault->keepBoxesInStep();
-        ui::type(vault, Lang(247), more);
-        QTest::keyClick(ui::get(vault, Lang(247)), Qt::Key_Tab);
-        ui::click(vault, Lang(248));
+        ui::type(vault, Lang(Text::NoteLabel), more);
+        QTest::keyClick(ui::get(vault, Lang(Text::NoteLabel)), Qt::Key_Tab);
+        ui::click(vault, Lang(Text::Save));
         QCOMPARE(run.boxes.last(), tooLarge);
-        QVERIFY(!ui::rows(vault, Lang(201)).contains(u"New"_s));
+        QVERIFY(!ui::rows(vault, Lang(Text::PasswordList)).contains(u"New"_s));
         run.close();
         const QList<Entry> saved = run.vaultOnDisk();
         QCOMPARE(saved.size(), 17);
@@ -343,16 +348,16 @@ private Q_SLOTS:
                     QApplication::activeModalWidget()->close();
             });
             closer.start(20);
-            ui::click(vault, Lang(207));
+            ui::click(vault, Lang(Text::NewEntryItem));
             endMidSave();
             try {
-                ui::menu(vault, { Lang(206), Lang(212) });
+                ui::menu(vault, { Lang(Text::FileMenu), Lang(Text::CloseItem) });
             } catch (const ProcessEnded&) {
                 ++endsMidSave;
             }
         });
         QTest::qSleep(2);
-        QVERIFY_THROWS_EXCEPTION(ProcessEnded, ui::menu(vault, { Lang(206), Lang(212) }));
+        QVERIFY_THROWS_EXCEPTION(ProcessEnded, ui::menu(vault, { Lang(Text::FileMenu), Lang(Text::CloseItem) }));
         QVERIFY(!windowMidSave);
         QCOMPARE(endsMidSave, 0);
         QCOMPARE(run.vaultOnDisk().size(), 3);
