@@ -57,13 +57,14 @@ public:
     {
         WriteIni(section, key, value, platform::ToWindows(data(file)));
     }
-    // The [user] keys of config.txt, and the options s1..s5 of Administrator's cfg.txt.
+    // The [user] keys of config.txt, and the options s1..s5 of Administrator's cfg.txt by the
+    // file's own keys, so that a test also checks which option each key is.
     QString config(const QString& key) const { return ini(u"config.txt"_s, Keys::user, key); }
     void setConfig(const QString& key, const QString& value) const { setIni(u"config.txt"_s, Keys::user, key, value); }
-    QString option(int n) const { return ini(u"Administrator/cfg.txt"_s, Keys::setts, Keys::option(n)); }
+    QString option(int n) const { return ini(u"Administrator/cfg.txt"_s, Keys::setts, u"s%1"_s.arg(n)); }
     void setOption(int n, const QString& v) const
     {
-        setIni(u"Administrator/cfg.txt"_s, Keys::setts, Keys::option(n), v);
+        setIni(u"Administrator/cfg.txt"_s, Keys::setts, u"s%1"_s.arg(n), v);
     }
     QByteArray users() const { return world.read(u"appdata/Brenmark/Tolvane/data/users.txt"_s); }
 

@@ -44,8 +44,8 @@ void provisionTree(ListControl& list)
         != platform::ErrNone)
         return;
     const QString cfg = data + QStringLiteral("Administrator\\cfg.txt");
-    for (int n = 1; n <= 5; ++n)
-        WriteIni(Keys::setts, Keys::option(n), QStringLiteral("1"), cfg);
+    for (Option option : AllOptions)
+        WriteIni(Keys::setts, Keys::option(option), QStringLiteral("1"), cfg);
 }
 
 } // namespace

@@ -42,11 +42,6 @@ QString Lang(Text text)
     return table()[static_cast<size_t>(slot)];
 }
 
-QString Lang(int slot)
-{
-    return Lang(static_cast<Text>(slot));
-}
-
 void ClearLanguageTable()
 {
     for (QString& s : table())

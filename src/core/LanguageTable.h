@@ -8,7 +8,6 @@
 
 // The text in the chosen language; empty when the file has none for it.
 QString Lang(Text text);
-QString Lang(int slot); // until every caller names its text
 
 // Reads curLang (asking once and writing "English" when it is empty) and fills the table.
 void LoadLanguage();
@@ -21,13 +20,3 @@ void ClearLanguageTable();
 
 // The runtime's Val: the number at the start of a text, blanks skipped, 0 when there is none.
 double Val(const QString& text);
-
-// The slots of the program's own messages, which the original never had; every language file
-// fills them.
-namespace OwnSlot {
-// The vault's text is past what a save can write.
-constexpr int VaultTooLarge = 900;
-// A save that could not be written: the first half, the file, the second half.
-constexpr int VaultNotSaved = 901;
-constexpr int ChangesNotSaved = 902;
-} // namespace OwnSlot

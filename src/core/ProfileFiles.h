@@ -6,6 +6,20 @@
 QString GetIni(const QString& section, const QString& key, const QString& file);
 void WriteIni(const QString& section, const QString& key, const QString& value, const QString& file);
 
+// The options of a profile, kept in cfg.txt's setts section, "1" for on.
+enum class Option
+{
+    AlwaysOnTop, // stored and shown, and acted on by nothing
+    SortList, // stored and shown, and acted on by nothing
+    ClearClipboardOnClose,
+    MinimiseAfterCopy,
+    HidePasswords,
+};
+
+// Every option, in the order of the file and of the settings window's boxes.
+inline constexpr Option AllOptions[] = { Option::AlwaysOnTop, Option::SortList, Option::ClearClipboardOnClose,
+    Option::MinimiseAfterCopy, Option::HidePasswords };
+
 // Every section and key of those files, in one place.
 namespace Keys {
 inline const QString user = QStringLiteral("user");
@@ -24,27 +38,6 @@ inline const QString answer = QStringLiteral("answer");
 inline const QString email = QStringLiteral("email");
 inline const QString time = QStringLiteral("time");
 
-// s1 to s5 of cfg.txt, by number.
-inline QString option(int n) // until every caller names its option
-{
-    return QStringLiteral("s%1").arg(n);
-}
-} // namespace Keys
-
-// The options of a profile, kept in cfg.txt's setts section, "1" for on.
-enum class Option
-{
-    AlwaysOnTop, // stored and shown, and acted on by nothing
-    SortList, // stored and shown, and acted on by nothing
-    ClearClipboardOnClose,
-    MinimiseAfterCopy,
-    HidePasswords,
-};
-
-// Every option, in the order of the file and of the settings window's boxes.
-inline constexpr Option AllOptions[] = { Option::AlwaysOnTop, Option::SortList, Option::ClearClipboardOnClose,
-    Option::MinimiseAfterCopy, Option::HidePasswords };
-
-namespace Keys {
+// s1 to s5 of cfg.txt.
 QString option(Option option);
 } // namespace Keys

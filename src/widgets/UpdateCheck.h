@@ -20,7 +20,7 @@ bool FetchText(platform::HttpClient& inet, const QString& url, QString& body);
 // Newer by plain comparison of text: "2.9" is newer than "2.10", and "2.10\r\n" too.
 bool UpdateAvailable(bool fetched, const QString& body);
 
-// The news told: slot 144 with Yes and No; Yes opens the update page.
+// The news told, with Yes and No; Yes opens the update page.
 void OfferUpdate();
 
 // The tick of both check windows: one check at a time (a tick while it waits or asks does

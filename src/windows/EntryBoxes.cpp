@@ -26,10 +26,12 @@ void CarryIntoWorkingCopy(QObject* context, const EntryBoxes& boxes, Entry& work
 
 void SetEntryCaptions(const EntryLabels& labels)
 {
-    int slot = 241;
-    for (QLabel* label :
-        { labels.title, labels.userName, labels.passphrase, labels.password, labels.url, labels.document, labels.note })
-        label->setText(Lang(slot++));
+    const std::pair<QLabel*, Text> captions[] = { { labels.title, Text::TitleLabel },
+        { labels.userName, Text::UserNameLabel }, { labels.passphrase, Text::PassphraseLabel },
+        { labels.password, Text::PasswordLabel }, { labels.url, Text::UrlLabel },
+        { labels.document, Text::DocumentLabel }, { labels.note, Text::NoteLabel } };
+    for (const auto& [label, caption] : captions)
+        label->setText(Lang(caption));
 }
 
 void ShowEntry(const EntryBoxes& boxes, const Entry& entry)

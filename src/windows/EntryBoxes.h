@@ -30,7 +30,7 @@ struct EntryLabels
     QLabel* note;
 };
 
-// Sets them from their language slots, 241 to 247.
+// Sets their captions in the chosen language.
 void SetEntryCaptions(const EntryLabels& labels);
 
 // Each box carries its whole text into its field of the working copy when it loses the focus.

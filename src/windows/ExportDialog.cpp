@@ -24,7 +24,7 @@ ExportDialog::ExportDialog(QWidget* owner)
 
 void ExportDialog::load()
 {
-    SetTransferCaptions(parts, this, 179, 180, Lang(Text::ChooseExportFolder));
+    SetTransferCaptions(parts, this, Text::Export, Text::ExportProfileLabel, Lang(Text::ChooseExportFolder));
 }
 
 void ExportDialog::browse()

@@ -30,7 +30,7 @@ ImportDialog::ImportDialog(QWidget* owner)
 
 void ImportDialog::load()
 {
-    SetTransferCaptions(parts, this, 183, 184, openTitle);
+    SetTransferCaptions(parts, this, Text::Import, Text::ImportProfileLabel, openTitle);
 }
 
 void ImportDialog::chooseFile()

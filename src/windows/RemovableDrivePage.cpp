@@ -100,9 +100,9 @@ QString RemovableDrivePage::drive() const
     return driveList->Drive().left(2);
 }
 
-void RemovableDrivePage::setStatus(int slot, int colour)
+void RemovableDrivePage::setStatus(Text text, int colour)
 {
-    status->setText(Lang(slot));
+    status->setText(Lang(text));
     QPalette palette = status->palette();
     palette.setColor(QPalette::WindowText, QColor(colour & 0xFF, (colour >> 8) & 0xFF, (colour >> 16) & 0xFF));
     status->setPalette(palette);
@@ -113,13 +113,13 @@ void RemovableDrivePage::showStatus()
     QString found;
     if (platform::FirstFileMatching(drive() + QStringLiteral("\\TolvaneKey\\usb.inf"), found) != platform::ErrNone) {
         // A drive without a medium: neither install nor removal is offered.
-        setStatus(302, colourNotInstalled);
+        setStatus(Text::NotInstalled, colourNotInstalled);
         installButton->setEnabled(false);
         removeButton->setEnabled(false);
         return;
     }
     const bool installed = !found.isEmpty();
-    setStatus(installed ? 301 : 302, installed ? colourInstalled : colourNotInstalled);
+    setStatus(installed ? Text::Installed : Text::NotInstalled, installed ? colourInstalled : colourNotInstalled);
     installButton->setEnabled(!installed);
     removeButton->setEnabled(installed);
 }

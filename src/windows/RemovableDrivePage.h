@@ -2,6 +2,8 @@
 #pragma once
 // The settings window's second page (the original's Frame5 of frmSettings): a portable copy of
 // the program put on a removable drive, or taken off it again.
+#include "core/Texts.h"
+
 #include <QGroupBox>
 
 class DriveList;
@@ -26,7 +28,7 @@ private:
     void remove();
     // The drive as "E:", read from the list at each use.
     QString drive() const;
-    void setStatus(int slot, int colour);
+    void setStatus(Text text, int colour);
 
     DriveList* driveList;
     QLabel *driveCaption, *statusCaption, *status, *portableNotice;

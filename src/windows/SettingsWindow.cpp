@@ -99,24 +99,38 @@ void SettingsWindow::buildGeneralPage()
 
 void SettingsWindow::setCaptions()
 {
-    const int tabSlots[] = { 307, 308, 309 };
+    const Text tabs[] = { Text::GeneralPage, Text::DrivesPage, Text::ProfilesPage };
     for (int i = 0; i < 3; ++i)
-        pageTabs->setTabText(i, Lang(tabSlots[i]));
+        pageTabs->setTabText(i, Lang(tabs[i]));
     generalPage->setTitle(Lang(Text::GeneralPage));
     drivePage->SetCaptions();
     profilesPage->SetCaptions();
-    for (int n = 1; n <= 5; ++n)
-        optionBox(n)->setText(Lang(319 + n));
+    const std::pair<Option, Text> captions[] = { { Option::AlwaysOnTop, Text::AlwaysOnTopOption },
+        { Option::SortList, Text::SortListOption }, { Option::ClearClipboardOnClose, Text::ClearClipboardOption },
+        { Option::MinimiseAfterCopy, Text::MinimiseAfterCopyOption },
+        { Option::HidePasswords, Text::HidePasswordsOption } };
+    for (const auto& [option, caption] : captions)
+        optionBox(option)->setText(Lang(caption));
     languageCaption->setText(Lang(Text::LanguageLabel));
     saveLanguageButton->setText(Lang(Text::Save));
     cancelButton->setText(Lang(Text::Cancel));
 }
 
-QCheckBox* SettingsWindow::optionBox(int n) const
+QCheckBox* SettingsWindow::optionBox(Option option) const
 {
-    QCheckBox* const boxes[]
-        = { alwaysOnTopBox, sortListBox, clearClipboardBox, minimiseAfterCopyBox, hidePasswordsBox };
-    return boxes[n - 1];
+    switch (option) {
+    case Option::AlwaysOnTop:
+        return alwaysOnTopBox;
+    case Option::SortList:
+        return sortListBox;
+    case Option::ClearClipboardOnClose:
+        return clearClipboardBox;
+    case Option::MinimiseAfterCopy:
+        return minimiseAfterCopyBox;
+    case Option::HidePasswords:
+        return hidePasswordsBox;
+    }
+    return nullptr;
 }
 
 void SettingsWindow::load()
@@ -133,12 +147,12 @@ void SettingsWindow::load()
     languageList->setCurrentIndex(languageList->findText(GetProgramSetting(QStringLiteral("curLang"))));
 
     profilesPage->Fill();
-    for (int n = 1; n <= 5; ++n) {
+    for (Option option : AllOptions) {
         // A value that is no number (a missing key) or no state of a box leaves it unticked.
         const QString cfg = DataFolder() + CurrentProfile() + QStringLiteral("\\cfg.txt");
         int value = 0;
-        if (platform::WholeNumberFromText(GetIni(Keys::setts, Keys::option(n), cfg), value) && value >= 0 && value <= 2)
-            optionBox(n)->setCheckState(checkStates[value]);
+        if (platform::WholeNumberFromText(GetIni(Keys::setts, Keys::option(option), cfg), value) && value >= 0 && value <= 2)
+            optionBox(option)->setCheckState(checkStates[value]);
     }
     profilesPage->SetLastProfileIsDefault(
         GetIni(Keys::user, Keys::tempChangeable, ConfigFile()) == QLatin1String("True"));
@@ -154,9 +168,9 @@ void SettingsWindow::showSelectedPage()
 
 void SettingsWindow::saveOptions()
 {
-    for (int n = 1; n <= 5; ++n) {
+    for (Option option : AllOptions) {
         const QString cfg = DataFolder() + CurrentProfile() + QStringLiteral("\\cfg.txt");
-        WriteIni(Keys::setts, Keys::option(n), QString::number(CheckValue(optionBox(n))), cfg);
+        WriteIni(Keys::setts, Keys::option(option), QString::number(CheckValue(optionBox(option))), cfg);
     }
     WriteIni(Keys::user, Keys::tempChangeable,
         profilesPage->LastProfileIsDefault() ? QStringLiteral("True") : QStringLiteral("False"), ConfigFile());

@@ -6,6 +6,7 @@
 // them by a reload of the vault window; everything on the other pages takes effect at once.
 #include "widgets/WindowSlot.h"
 
+enum class Option;
 class ProfilesPage;
 class QCheckBox;
 class QComboBox;
@@ -45,7 +46,7 @@ private:
     void accept() override;
     void cancel();
     void saveLanguage();
-    QCheckBox* optionBox(int n) const;
+    QCheckBox* optionBox(Option option) const;
 
     QTabBar* pageTabs;
     QGroupBox* generalPage;

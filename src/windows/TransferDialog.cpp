@@ -33,13 +33,13 @@ TransferParts BuildTransferFrame(QDialog* dialog, const TransferTexts& texts)
 }
 
 void SetTransferCaptions(
-    const TransferParts& p, QDialog* dialog, int captionSlot, int leadSlot, const QString& browseDialogTitle)
+    const TransferParts& p, QDialog* dialog, Text caption, Text lead, const QString& browseDialogTitle)
 {
     p.profileName->setText(CurrentProfile());
-    dialog->setWindowTitle(Lang(captionSlot));
-    p.frame->setTitle(Lang(captionSlot));
-    p.lead->setText(Lang(leadSlot));
-    p.actionButton->setText(Lang(captionSlot));
+    dialog->setWindowTitle(Lang(caption));
+    p.frame->setTitle(Lang(caption));
+    p.lead->setText(Lang(lead));
+    p.actionButton->setText(Lang(caption));
     p.cancelButton->setText(Lang(Text::Cancel));
     p.pathBox->editor()->setAccessibleName(SpokenCaption(p.lead->text()) + QLatin1Char(' ') + p.profileName->text());
     p.browseButton->setAccessibleName(SpokenCaption(browseDialogTitle));

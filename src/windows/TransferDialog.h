@@ -3,6 +3,7 @@
 // What export and import share (the original's frmExport and frmImport have one look): a frame
 // with the profile's name, a path the user can't type in and a "..." beside it, and two
 // buttons below: the one of the dialog's action and Cancel.
+#include "core/Texts.h"
 #include "widgets/WindowSlot.h"
 
 #include <QPushButton>
@@ -37,7 +38,7 @@ TransferParts BuildTransferFrame(QDialog* dialog, const TransferTexts& texts);
 // the names a screen reader gives the path ("Export the data of user Ann") and the "..." (the
 // dialog it opens).
 void SetTransferCaptions(
-    const TransferParts& parts, QDialog* dialog, int captionSlot, int leadSlot, const QString& browseDialogTitle);
+    const TransferParts& parts, QDialog* dialog, Text caption, Text lead, const QString& browseDialogTitle);
 
 template <typename Form> class TransferDialog : public SingleDialog<Form>
 {

@@ -77,8 +77,8 @@ void TrayHost::load(const QIcon& icon)
     menuInWindow = !iconShown;
     const QString cfg = ProfileFile(QStringLiteral("cfg.txt"));
     if (!FileExist(cfg)) {
-        for (int n = 1; n <= 5; ++n)
-            WriteIni(Keys::setts, Keys::option(n), QStringLiteral("1"), cfg);
+        for (Option option : AllOptions)
+            WriteIni(Keys::setts, Keys::option(option), QStringLiteral("1"), cfg);
     }
 }
 

@@ -370,49 +370,49 @@ void VaultWindow::buildPictures(QWidget* client)
 
 void VaultWindow::setCaptions()
 {
-    const std::pair<QMenu*, int> menus[] = {
-        { fileMenu, 206 },
-        { editMenu, 213 },
-        { viewMenu, 220 },
-        { reportsMenu, 224 },
-        { toolsMenu, 226 },
-        { helpMenu, 229 },
+    const std::pair<QMenu*, Text> menus[] = {
+        { fileMenu, Text::FileMenu },
+        { editMenu, Text::EditMenu },
+        { viewMenu, Text::ViewMenu },
+        { reportsMenu, Text::ReportsMenu },
+        { toolsMenu, Text::ToolsMenu },
+        { helpMenu, Text::HelpMenu },
     };
-    for (const auto& [menu, slot] : menus)
-        menu->setTitle(Lang(slot));
-    const std::pair<QAction*, int> entries[] = {
-        { newEntryAction, 207 },
-        { deleteEntryAction, 208 },
-        { importAction, 209 },
-        { exportAction, 210 },
-        { printAction, 211 },
-        { closeAction, 212 },
-        { undoAction, 214 },
-        { redoAction, 215 },
-        { cutAction, 216 },
-        { copyAction, 217 },
-        { pasteAction, 218 },
-        { clearClipboardAction, 219 },
-        { openDocumentAction, 221 },
-        { openAddressAction, 222 },
-        { refreshAction, 223 },
-        { reportAction, 225 },
-        { generatorAction, 227 },
-        { settingsAction, 228 },
-        { readMeAction, 232 },
-        { licenceAction, 233 },
-        { updateAction, 234 },
-        { homePageAction, 235 },
-        { aboutAction, 236 },
-        { showWindowAction, 237 },
-        { trayUpdateAction, 234 },
-        { trayHomePageAction, 235 },
-        { forumAction, 238 },
-        { trayAboutAction, 236 },
-        { trayCloseAction, 212 },
+    for (const auto& [menu, title] : menus)
+        menu->setTitle(Lang(title));
+    const std::pair<QAction*, Text> entries[] = {
+        { newEntryAction, Text::NewEntryItem },
+        { deleteEntryAction, Text::DeleteEntryItem },
+        { importAction, Text::ImportItem },
+        { exportAction, Text::ExportItem },
+        { printAction, Text::PrintItem },
+        { closeAction, Text::CloseItem },
+        { undoAction, Text::UndoItem },
+        { redoAction, Text::RedoItem },
+        { cutAction, Text::CutItem },
+        { copyAction, Text::CopyItem },
+        { pasteAction, Text::PasteItem },
+        { clearClipboardAction, Text::ClearClipboardItem },
+        { openDocumentAction, Text::OpenDocumentItem },
+        { openAddressAction, Text::OpenAddressItem },
+        { refreshAction, Text::RefreshItem },
+        { reportAction, Text::PasswordListItem },
+        { generatorAction, Text::GeneratorItem },
+        { settingsAction, Text::SettingsItem },
+        { readMeAction, Text::ReadMeItem },
+        { licenceAction, Text::LicenceItem },
+        { updateAction, Text::CheckForUpdatesItem },
+        { homePageAction, Text::HomePageItem },
+        { aboutAction, Text::AboutItem },
+        { showWindowAction, Text::OpenProgramItem },
+        { trayUpdateAction, Text::CheckForUpdatesItem },
+        { trayHomePageAction, Text::HomePageItem },
+        { forumAction, Text::ForumItem },
+        { trayAboutAction, Text::AboutItem },
+        { trayCloseAction, Text::CloseItem },
     };
-    for (const auto& [action, slot] : entries)
-        action->setText(Lang(slot));
+    for (const auto& [action, text] : entries)
+        action->setText(Lang(text));
     searchCaption->setText(Lang(Text::SearchLabel));
     // The toolbar has pictures only; assistive tools name each button after its menu entry.
     const std::pair<SkinnedButton*, QAction*> tools[] = {
@@ -681,13 +681,13 @@ void VaultWindow::newEntry()
     dialog.exec();
 }
 
-void VaultWindow::deleteSelectedEntry(int noSelectionSlot)
+void VaultWindow::deleteSelectedEntry(Text noSelection)
 {
     if (vault.saveRunning())
         return;
     const QString title = RowTitle(list->selectedText());
     if (title.isEmpty()) {
-        platform::ShowMessage(Lang(noSelectionSlot), platform::MessageIcon::Critical);
+        platform::ShowMessage(Lang(noSelection), platform::MessageIcon::Critical);
         return;
     }
     if (platform::ShowMessage(Lang(Text::DeleteEntryQuestion) + QLatin1Char(' ') + title + QLatin1Char(' ')
@@ -706,12 +706,12 @@ void VaultWindow::deleteSelectedEntry(int noSelectionSlot)
 
 void VaultWindow::deleteEntryFromMenu()
 {
-    deleteSelectedEntry(205);
+    deleteSelectedEntry(Text::SelectEntryToDelete);
 }
 
 void VaultWindow::deleteEntryFromToolbar()
 {
-    deleteSelectedEntry(198);
+    deleteSelectedEntry(Text::SelectEntryFirst);
 }
 
 TextBox* VaultWindow::currentFieldBox() const

@@ -5,6 +5,7 @@
 // `current` into the run's vault and its unload writes it back; nothing else saves the vault.
 #include "core/Entry.h"
 #include "core/ListControl.h"
+#include "core/Texts.h"
 #include "windows/EntryBoxes.h"
 
 #include <QMainWindow>
@@ -95,7 +96,7 @@ private:
     void saveChangedEntry();
     void deleteEntryFromMenu();
     void deleteEntryFromToolbar();
-    void deleteSelectedEntry(int noSelectionSlot);
+    void deleteSelectedEntry(Text noSelection);
 
     // The edit commands act on the field clicked last, not on the focused box; Redo is a
     // second Undo.

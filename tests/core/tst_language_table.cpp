@@ -35,7 +35,7 @@ private Q_SLOTS:
             { 1000, QString() }, { 100, u" four digits"_s }, { 0, u"letters go to slot 0"_s }, { 5, u"e digit"_s },
             { 102, QString() }, { 103, u"one\rtwo"_s } };
         for (const auto& [slot, text] : expected)
-            QCOMPARE(Lang(slot), text);
+            QCOMPARE(Lang(static_cast<Text>(slot)), text); // any number fits, named or not
         QCOMPARE(ReadLanguageFile(u"C:\\..\\program\\none.txt"_s) + ReadLanguageFile(QString()), 2);
 
         // Each shipped language fills English's slots.
@@ -45,7 +45,7 @@ private Q_SLOTS:
             QCOMPARE(ReadLanguageFile(u"C:\\..\\program\\languages\\%1\\%1.txt"_s.arg(language)), qint16(0));
             QList<int> filled;
             for (int slot = 0; slot < 1000; ++slot)
-                if (!Lang(slot).isEmpty())
+                if (!Lang(static_cast<Text>(slot)).isEmpty())
                     filled << slot;
             QCOMPARE(filled, english.isEmpty() ? (english = filled) : english);
             QVERIFY(!filled.contains(0) && filled.contains(330));

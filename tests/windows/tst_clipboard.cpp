@@ -22,7 +22,7 @@ VaultWindow* showMail(ProgramRun& run, const char* s4 = "0")
     return vault;
 }
 
-const auto edit = [](VaultWindow* vault, int slot) { ui::menu(vault, { Lang(Text::EditMenu), Lang(slot) }); };
+const auto edit = [](VaultWindow* vault, Text item) { ui::menu(vault, { Lang(Text::EditMenu), Lang(item) }); };
 
 } // namespace
 
@@ -43,8 +43,8 @@ private Q_SLOTS:
         VaultWindow* vault = showMail(run);
         QApplication::clipboard()->setText(u"before"_s);
         // No box clicked yet: the edit commands do nothing, the copy pictures work.
-        for (int slot : { 217, 216, 218, 214 })
-            edit(vault, slot);
+        for (Text item : { Text::CopyItem, Text::CutItem, Text::PasteItem, Text::UndoItem })
+            edit(vault, item);
         QCOMPARE(ClipboardText(), u"before"_s);
         ui::click(vault, ActionOnBox(Lang(Text::CopyItem), Lang(Text::PasswordLabel)));
         QCOMPARE(ClipboardText(), u"secret-pass"_s); // masked on screen, clear on the clipboard
@@ -60,14 +60,15 @@ private Q_SLOTS:
         QCOMPARE(ClipboardText(), u"annabel"_s);
         QTest::keyClick(name, Qt::Key_Tab);
         name->setSelection(0, 4);
-        edit(vault, 216);
+        edit(vault, Text::CutItem);
         QCOMPARE(name->text(), u"bel"_s);
         QCOMPARE(ClipboardText(), u"anna"_s);
         QVERIFY(markedSecret());
         // One step of undo: a second undo takes the first back, and redo is that second undo.
         const QString steps[] = { u"annabel"_s, u"bel"_s };
         for (int i = 0; i < 4; ++i) {
-            i % 2 ? ui::click(vault, Lang(i < 2 ? Text::UndoItem : Text::RedoItem)) : edit(vault, i < 2 ? 214 : 215);
+            i % 2 ? ui::click(vault, Lang(i < 2 ? Text::UndoItem : Text::RedoItem))
+                  : edit(vault, i < 2 ? Text::UndoItem : Text::RedoItem);
             QCOMPARE(name->text(), steps[i % 2]);
         }
         name->setCursorPosition(0);
@@ -81,10 +82,10 @@ private Q_SLOTS:
         ui::click(vault, Lang(Text::DeleteEntryItem));
         vault->keepBoxesInStep();
         QApplication::clipboard()->setText(u"pasted"_s);
-        edit(vault, 218);
-        edit(vault, 214);
+        edit(vault, Text::PasteItem);
+        edit(vault, Text::UndoItem);
         QCOMPARE(ui::text(vault, Lang(Text::NoteLabel)), QString());
-        edit(vault, 217);
+        edit(vault, Text::CopyItem);
         QCOMPARE(ClipboardText(), QString());
     }
 
@@ -126,7 +127,7 @@ private Q_SLOTS:
         ProgramRun run;
         VaultWindow* vault = showMail(run);
         // Passing over the toolbar takes the focus from the box; Cut and Paste still find the selection.
-        for (int box : { 242, 247 }) {
+        for (Text box : { Text::UserNameLabel, Text::NoteLabel }) {
             ui::type(vault, Lang(box), u"annabel"_s, true);
             for (int i = 0; i < 3; ++i)
                 QTest::keyClick(ui::get(vault, Lang(box)), Qt::Key_Left, Qt::ShiftModifier);
@@ -149,7 +150,7 @@ private Q_SLOTS:
         VaultWindow* vault = showMail(run, "1");
         // The menu's copy never minimises; a picture does when the option is exactly "1".
         ui::type(vault, Lang(Text::PasswordLabel), {});
-        edit(vault, 217);
+        edit(vault, Text::CopyItem);
         QVERIFY(!vault->isMinimized());
         ui::click(vault, ActionOnBox(Lang(Text::CopyItem), Lang(Text::UserNameLabel)));
         QCOMPARE(ClipboardText(), u"annabel"_s);
@@ -173,9 +174,9 @@ private Q_SLOTS:
         // The clipboard holds 8-bit text: what the code page lacks becomes "?".
         vault->showNormal();
         ui::type(vault, Lang(Text::NoteLabel), u"Zażółć ☃ €"_s);
-        edit(vault, 217);
+        edit(vault, Text::CopyItem);
         QCOMPARE(ClipboardText(), u"Za?ó?? ? €"_s);
-        edit(vault, 219); // emptied at once, with no question
+        edit(vault, Text::ClearClipboardItem); // emptied at once, with no question
         QCOMPARE(ClipboardText(), QString());
     }
 };

@@ -84,13 +84,17 @@ private Q_SLOTS:
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
         QCOMPARE(faults, QStringList { Lang(Text::GeneratorTitle) });
         faults = audit(vault);
-        for (int entry : { 207, 209, 210, 225, 234, 236 }) {
+        const std::pair<Text, Text> entries[]
+            = { { Text::FileMenu, Text::NewEntryItem }, { Text::FileMenu, Text::ImportItem },
+                  { Text::FileMenu, Text::ExportItem }, { Text::ReportsMenu, Text::PasswordListItem },
+                  { Text::HelpMenu, Text::CheckForUpdatesItem }, { Text::HelpMenu, Text::AboutItem } };
+        for (const auto& [menu, entry] : entries) {
             ui::onNextModal([&faults](QWidget* w) { faults << audit(w); });
-            ui::menu(vault, { Lang(entry < 224 ? 206 : entry < 226 ? 224 : 229), Lang(entry) });
+            ui::menu(vault, { Lang(menu), Lang(entry) });
         }
         ui::menu(vault, { Lang(Text::ToolsMenu), Lang(Text::SettingsItem) });
         QWidget* settings = ui::window(u"Ustawienia..."_s);
-        for (int page : { 307, 308, 309 }) {
+        for (Text page : { Text::GeneralPage, Text::DrivesPage, Text::ProfilesPage }) {
             ui::tab(settings, Lang(page));
             faults << audit(settings);
         }

@@ -26,16 +26,17 @@ void checkLayout(VaultWindow* vault, int W, int H)
     QWidget* list = ui::get(vault, Lang(results ? Text::SearchResults : Text::PasswordList));
     QCOMPARE(list->geometry(),
         QRect(Twips(120), Twips(results ? 1200 : 840), Twips(2415), Twips(results ? H - 2350 : H - 2100)));
-    for (int caption = 241; caption <= 246; ++caption)
+    for (Text caption : { Text::TitleLabel, Text::UserNameLabel, Text::PassphraseLabel, Text::PasswordLabel,
+             Text::UrlLabel, Text::DocumentLabel })
         QCOMPARE(ui::get(vault, Lang(caption))->width(), Twips(W - 4750));
     QCOMPARE(ui::get(vault, Lang(Text::NoteLabel))->size(), QSize(Twips(W - 4050), Twips(H - 4700)));
     QCOMPARE(vault->findChild<QWidget*>(u"headingStrip"_s)->width(), Twips(W));
     QCOMPARE(vault->findChild<QWidget*>(u"headingLine"_s)->width(), Twips(W));
     QCOMPARE(ui::get(vault, Lang(Text::Save))->pos(), QPoint(Twips(W - 1400), Twips(H - 1600)));
-    for (int box : { 242, 243, 244, 245 })
+    for (Text box : { Text::UserNameLabel, Text::PassphraseLabel, Text::PasswordLabel, Text::UrlLabel })
         QCOMPARE(ui::get(vault, ActionOnBox(Lang(Text::CopyItem), Lang(box)))->x(), Twips(W - 850));
     QCOMPARE(ui::get(vault, Lang(Text::OpenDocumentItem))->x(), Twips(W - 850));
-    for (int picture : { 222, 227 })
+    for (Text picture : { Text::OpenAddressItem, Text::GeneratorItem })
         QCOMPARE(ui::get(vault, Lang(picture))->x(), Twips(W - 450));
 }
 
@@ -93,12 +94,12 @@ private Q_SLOTS:
         ProgramRun run;
         VaultWindow* vault = run.startActive({ Entry { "Mail", "pw", {}, "anna", {}, {}, {}, {} } });
         // The ground of each box at its right end, where no text stands.
-        auto ground = [vault](int caption) {
+        auto ground = [vault](Text caption) {
             const QImage shot = ui::get(vault, Lang(caption))->grab().toImage();
             return shot.pixelColor(shot.width() - 4, shot.height() / 2);
         };
-        QCOMPARE(ground(241), vault->palette().color(QPalette::Window));
-        QCOMPARE(ground(242), vault->palette().color(QPalette::Base));
+        QCOMPARE(ground(Text::TitleLabel), vault->palette().color(QPalette::Window));
+        QCOMPARE(ground(Text::UserNameLabel), vault->palette().color(QPalette::Base));
     }
 
     void theToolbarClicksAsAButtonAndAScreenReaderPressesThePictures()

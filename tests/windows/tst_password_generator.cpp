@@ -66,10 +66,11 @@ private Q_SLOTS:
         // Each length from 15 down to 4, each alphabet: a to y, 0 to 8, every character of which turns up.
         const QRegularExpression shapes[] = { QRegularExpression(u"^[a-y]+$"_s), QRegularExpression(u"^[0-8]+$"_s),
             QRegularExpression(u"^[a-y0-8]+$"_s) };
+        const Text kinds[] = { Text::Letters, Text::Digits, Text::DigitsAndLetters };
         QString seen[3];
         for (int n = 15; n >= 4; --n) {
             for (int kind = 0; kind < 3; ++kind) {
-                ui::click(&g, Lang(274 + kind));
+                ui::click(&g, Lang(kinds[kind]));
                 for (int press = 0; press < 30; ++press) {
                     ui::click(&g, Lang(Text::Generate));
                     QCOMPARE(result(&g).size(), n);

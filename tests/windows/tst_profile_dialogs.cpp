@@ -37,7 +37,8 @@ class tst_profile_dialogs : public QObject
     static void addProfile(QWidget* settings, const QStringList& fields)
     {
         ui::onNextModal([fields](QWidget* d) {
-            const int captions[] = { 241, 252, 253, 255, 254 };
+            const Text captions[] = { Text::TitleLabel, Text::NewProfilePasswordLabel, Text::ReminderQuestionLabel,
+                Text::EmailLabel, Text::ReminderAnswerLabel };
             for (int i = 0; i < fields.size(); ++i)
                 ui::type(d, Lang(captions[i]), fields[i]);
             ui::click(d, Lang(Text::Add));

@@ -31,7 +31,8 @@ QWidget* openSettings(VaultWindow* vault, const QString& page = QString())
     return settings;
 }
 
-const auto option = [](QWidget* settings, int slot) { return ui::get<QCheckBox>(settings, Lang(slot))->checkState(); };
+const auto option
+    = [](QWidget* settings, Text caption) { return ui::get<QCheckBox>(settings, Lang(caption))->checkState(); };
 
 void selectProfile(QWidget* settings, const QString& name)
 {
@@ -56,13 +57,14 @@ private Q_SLOTS:
         QWidget* settings = ui::window(title);
         QVERIFY(settings && !settings->isModal() && settings->parentWidget() == vault);
         QVERIFY(!ui::find(settings, Lang(Text::DeleteProfile))); // the General page only
-        for (int slot = 320; slot <= 324; ++slot)
-            QCOMPARE(option(settings, slot), Qt::Unchecked); // a missing cfg.txt: nothing ticked
+        for (Text caption : { Text::AlwaysOnTopOption, Text::SortListOption, Text::ClearClipboardOption,
+                 Text::MinimiseAfterCopyOption, Text::HidePasswordsOption })
+            QCOMPARE(option(settings, caption), Qt::Unchecked); // a missing cfg.txt: nothing ticked
         ui::tab(settings, Lang(Text::ProfilesPage));
         QVERIFY(ui::find(settings, Lang(Text::DeleteProfile)) && !ui::find(settings, Lang(Text::HidePasswordsOption)));
         ui::tab(settings, Lang(Text::GeneralPage));
-        for (int slot : { 324, 321, 320 })
-            ui::click(settings, Lang(slot));
+        for (Text caption : { Text::HidePasswordsOption, Text::SortListOption, Text::AlwaysOnTopOption })
+            ui::click(settings, Lang(caption));
         ui::click(settings, u"OK"_s);
         const QString stored[] = { "1", "1", "0", "0", "1" };
         for (int n = 1; n <= 5; ++n)
@@ -89,9 +91,9 @@ private Q_SLOTS:
             run.setOption(n, QLatin1String(value));
         run.setConfig(Keys::tempChangeable, u"true"_s);
         settings = openSettings(reloaded);
-        for (const auto& [slot, state] :
-            { std::pair { 320, Qt::PartiallyChecked }, { 321, Qt::Checked }, { 323, Qt::Unchecked } })
-            QCOMPARE(option(settings, slot), state);
+        for (const auto& [caption, state] : { std::pair { Text::AlwaysOnTopOption, Qt::PartiallyChecked },
+                 { Text::SortListOption, Qt::Checked }, { Text::MinimiseAfterCopyOption, Qt::Unchecked } })
+            QCOMPARE(option(settings, caption), state);
         ui::tab(settings, Lang(Text::ProfilesPage));
         QVERIFY(!ui::get<QCheckBox>(settings, Lang(Text::LastProfileIsDefault))->isChecked()); // only "True" ticks it
         ui::click(settings, Lang(Text::LastProfileIsDefault));

@@ -15,7 +15,7 @@ namespace {
 void addEntry(VaultWindow* vault, const QStringList& fields)
 {
     ui::onNextModal([fields](QWidget* dialog) {
-        const int captions[] = { 241, 242, 244, 247 };
+        const Text captions[] = { Text::TitleLabel, Text::UserNameLabel, Text::PasswordLabel, Text::NoteLabel };
         for (int i = 0; i < fields.size(); ++i) {
             if (!fields[i].isEmpty())
                 ui::type(dialog, Lang(captions[i]), fields[i]);
