@@ -151,7 +151,8 @@ void SettingsWindow::load()
         // A value that is no number (a missing key) or no state of a box leaves it unticked.
         const QString cfg = DataFolder() + CurrentProfile() + QStringLiteral("\\cfg.txt");
         int value = 0;
-        if (platform::WholeNumberFromText(GetIni(Keys::setts, Keys::option(option), cfg), value) && value >= 0 && value <= 2)
+        if (platform::WholeNumberFromText(GetIni(Keys::setts, Keys::option(option), cfg), value) && value >= 0
+            && value <= 2)
             optionBox(option)->setCheckState(checkStates[value]);
     }
     profilesPage->SetLastProfileIsDefault(
