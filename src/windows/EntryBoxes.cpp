@@ -3,6 +3,7 @@
 
 #include "core/LanguageTable.h"
 #include "platform/CodePage.h"
+#include "platform/MessageBox.h"
 #include "widgets/TextBox.h"
 
 #include <QLabel>
@@ -43,4 +44,15 @@ void ShowEntry(const EntryBoxes& boxes, const Entry& entry)
     boxes.userName->setText(Shown(entry.userName));
     boxes.document->setText(Shown(entry.document));
     boxes.passphrase->setText(Shown(entry.passphrase));
+}
+
+bool StoreAndTell(Vault& vault, const Entry& entry)
+{
+    if (vault.storeWouldOverfill(entry)) {
+        platform::ShowMessage(Lang(Text::VaultTooLarge), platform::MessageIcon::Critical);
+        return false;
+    }
+    vault.store(entry);
+    platform::ShowMessage(Lang(Text::EntrySaved), platform::MessageIcon::Information);
+    return true;
 }

@@ -136,12 +136,8 @@ void EntryDialog::storeNewEntry()
         platform::ShowMessage(Lang(Text::TitleTaken), platform::MessageIcon::Information);
         return;
     }
-    if (vault.storeWouldOverfill(copy)) {
-        platform::ShowMessage(Lang(Text::VaultTooLarge), platform::MessageIcon::Critical);
+    if (!StoreAndTell(vault, copy))
         return;
-    }
-    vault.store(copy);
-    platform::ShowMessage(Lang(Text::EntrySaved), platform::MessageIcon::Information);
     refillList();
     reject();
 }

@@ -660,12 +660,8 @@ void VaultWindow::saveChangedEntry()
         platform::ShowMessage(Lang(Text::TitleEmpty), platform::MessageIcon::Critical);
         return;
     }
-    if (vault.storeWouldOverfill(copy)) {
-        platform::ShowMessage(Lang(Text::VaultTooLarge), platform::MessageIcon::Critical);
+    if (!StoreAndTell(vault, copy))
         return;
-    }
-    vault.store(copy);
-    platform::ShowMessage(Lang(Text::EntrySaved), platform::MessageIcon::Information);
     fillWithAllTitles(); // the mode stays, the selection is gone
 }
 
