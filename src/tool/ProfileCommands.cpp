@@ -355,11 +355,14 @@ int ProfileCommands::show()
     const bool clear = flag("show-password");
     QJsonObject object;
     QString text;
-    for (const EntryField& f : ShownFields) {
+    // The JSON has every field, the picture too, as every JSON of the tool; the text what the
+    // window shows.
+    for (const EntryField& f : EntryFields) {
         const bool hidden = f.member == &Entry::password && !clear && !(e.*f.member).isEmpty();
         const QString value = hidden ? masked : shown(e.*f.member);
         object.insert(QLatin1String(f.name), value);
-        text += QStringLiteral("%1:").arg(QLatin1String(f.label)).leftJustified(12) + value + QLatin1Char('\n');
+        if (f.member != &Entry::picture)
+            text += QStringLiteral("%1:").arg(QLatin1String(f.label)).leftJustified(12) + value + QLatin1Char('\n');
     }
     flag("json") ? printJson(QJsonDocument(object)) : print(text);
     return 0;
@@ -390,8 +393,8 @@ int ProfileCommands::clip()
     const QString text = shown(vault->entries.at(vault->index).*field->member);
     const QByteArray what = QByteArray(field->label).toLower();
     const bool held = platform::HoldOnClipboard(keeper, text, seconds, [&] {
-        std::fprintf(stderr, "The %s of \"%s\" is on the clipboard for %d seconds (Ctrl+C clears it now).\n",
-            what.constData(), positional.at(0).toLocal8Bit().constData(), seconds);
+        std::fprintf(stderr, "The %s of \"%s\" is on the clipboard for %d second%s (Ctrl+C clears it now).\n",
+            what.constData(), positional.at(0).toLocal8Bit().constData(), seconds, seconds == 1 ? "" : "s");
     });
     return held ? 0 : refuse(QStringLiteral("the %1 could not be put on the clipboard").arg(QLatin1String(what)));
 }

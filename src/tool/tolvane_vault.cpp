@@ -21,6 +21,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
@@ -153,6 +154,9 @@ int save(const QString& given, const QString& path)
     // Only a regular file is replaced; a folder, a pipe or a device is left alone, and so is a
     // file larger than any vault.
     const QFileInfo target(given);
+    // A link would be written through, past the checks below on where the file lies.
+    if (target.isSymLink())
+        return fail(QStringLiteral("%1 is a symbolic link: name the file itself; nothing was written").arg(given));
     if (target.exists() && !target.isFile())
         return fail(unreadable(platform::ReadOutcome::NotAFile, given));
     if (target.isFile() && target.size() > LargestVaultFile)
@@ -164,24 +168,52 @@ int save(const QString& given, const QString& path)
         return fail(QStringLiteral("standard input is longer than %1 bytes: no vault is that large").arg(largestInput));
     QJsonParseError error {};
     const QJsonDocument doc = QJsonDocument::fromJson(input, &error);
-    if (error.error != QJsonParseError::NoError || !doc.isArray())
+    if (error.error != QJsonParseError::NoError)
         return fail(QStringLiteral("standard input is not a JSON array of entries: %1").arg(error.errorString()));
+    if (!doc.isArray())
+        return fail(QStringLiteral("standard input is not a JSON array of entries"));
+    // Whatever the input holds that the vault would not keep is refused, not dropped: a field
+    // under another name (the file's own keys, a typo) would be written empty without a word.
     QList<Entry> entries;
     for (const QJsonValue& v : doc.array()) {
         if (!v.isObject())
             return fail(QStringLiteral("an entry is not a JSON object"));
-        const QString title = v.toObject().value(QLatin1String("title")).toString();
+        const QJsonObject object = v.toObject();
+        for (auto field = object.begin(); field != object.end(); ++field) {
+            const auto known = std::find_if(std::begin(EntryFields), std::end(EntryFields),
+                [&](const EntryField& f) { return field.key() == QLatin1String(f.name); });
+            if (known == std::end(EntryFields))
+                return fail(
+                    QStringLiteral("an entry has a field \"%1\", which no vault has; the fields are title, user, "
+                                   "password, passphrase, url, document, note and picture; nothing was written")
+                        .arg(field.key()));
+            if (!field.value().isString())
+                return fail(QStringLiteral("the %1 of an entry is not a text; nothing was written").arg(field.key()));
+        }
+        const QString title = object.value(QLatin1String("title")).toString();
+        if (title.isEmpty())
+            return fail(
+                QStringLiteral("an entry has no title, and the program writes no entry without one; nothing was "
+                               "written"));
         if (const QString fault = ProfileCommands::TitleFault(title); !fault.isEmpty())
             return fail(fault);
         Entry e;
         for (const EntryField& f : EntryFields)
-            e.*f.member = platform::ToCodePage(v.toObject().value(QLatin1String(f.name)).toString());
+            e.*f.member = platform::ToCodePage(object.value(QLatin1String(f.name)).toString());
         entries.append(e);
     }
     // Inside a data tree the program's rules hold: no write through a link below its top folder,
     // and none while the program holds the tree (it would write its own copy over this one).
     std::optional<platform::TreeWriteLock> lock;
-    if (const QString tree = dataTreeOf(platform::ToNative(path)); !tree.isEmpty()) {
+    QString savedAt = path;
+    QString tree = dataTreeOf(platform::ToNative(path));
+    if (tree.isEmpty()) { // a link from outside into a tree (to a profile's folder) finds it too
+        const QString real
+            = QFileInfo(target.absolutePath()).canonicalFilePath() + QLatin1Char('/') + target.fileName();
+        if (tree = dataTreeOf(real); !tree.isEmpty())
+            savedAt = platform::ToWindows(real);
+    }
+    if (!tree.isEmpty()) {
         platform::AddWorkingFolder(platform::ToWindows(tree));
         lock.emplace(platform::ToWindows(tree));
         if (lock->State() == platform::TreeLock::ProgramRuns)
@@ -190,7 +222,7 @@ int save(const QString& given, const QString& path)
         if (lock->State() == platform::TreeLock::Unavailable)
             return fail(QStringLiteral("can't lock the data tree %1; nothing was written").arg(tree));
     }
-    switch (SaveVault(path, entries)) {
+    switch (SaveVault(savedAt, entries)) {
     case VaultSave::Saved:
         return 0;
     case VaultSave::TooLarge:

@@ -101,11 +101,14 @@ private Q_SLOTS:
         const std::tuple<const char*, const char*, QByteArray, const char*> refusals[]
             = { { "dump", "none.dat", "", "no such file" }, { "save", "x.dat", tooLarge, "nothing was written" },
                   { "save", "x.dat", QByteArray(5 << 20, ' '), "longer than" },
-                  { "save", "x.dat", "not json", "JSON array" }, { "dump", "/dev/zero", "[]", "regular file" },
-                  { "dump", "pipe", "[]", "regular file" }, { "save", "pipe", "[]", "regular file" },
-                  { "unwrap", "home", "[]", "a folder" }, { "save", "home", "[]", "a folder" },
-                  { "rescue", "huge.dat", "[]", "any vault file" }, { "save", "none/x.dat", "[]", "no such folder" },
-                  { "dump", "locked.dat", "", "no permission" } };
+                  { "save", "x.dat", "not json", "JSON array" }, { "save", "x.dat", "{}", "JSON array" },
+                  { "save", "x.dat", R"([{"title":"A","name":"the file key"}])", "no vault has" },
+                  { "save", "x.dat", R"([{"title":"A","user":5}])", "not a text" },
+                  { "save", "x.dat", R"([{"user":"no title"}])", "no title" },
+                  { "dump", "/dev/zero", "[]", "regular file" }, { "dump", "pipe", "[]", "regular file" },
+                  { "save", "pipe", "[]", "regular file" }, { "unwrap", "home", "[]", "a folder" },
+                  { "save", "home", "[]", "a folder" }, { "rescue", "huge.dat", "[]", "any vault file" },
+                  { "save", "none/x.dat", "[]", "no such folder" }, { "dump", "locked.dat", "", "no permission" } };
         const QDir at(world.dir.path());
         for (const auto& [command, name, input, reason] : refusals) {
             if (::geteuid() == 0 && qstrcmp(name, "locked.dat") == 0)
@@ -146,11 +149,10 @@ private Q_SLOTS:
         const QString shown = QString::fromUtf8(tool({ u"show"_s, u"Shop"_s }).out);
         QVERIFY2(
             shown.contains(u"User name:  bob\n"_s) && shown.contains(u"Password:   ********\n"_s), qPrintable(shown));
-        QCOMPARE(QJsonDocument::fromJson(tool({ u"show"_s, u"Mail"_s, u"--show-password"_s, u"--json"_s }).out)
-                     .object()[u"password"_s]
-                     .toString()
-                     .size(),
-            9);
+        const QJsonObject json
+            = QJsonDocument::fromJson(tool({ u"show"_s, u"Mail"_s, u"--show-password"_s, u"--json"_s }).out).object();
+        QCOMPARE(json[u"password"_s].toString().size(), 9);
+        QCOMPARE(json.keys().size(), 8); // every field, the picture too, as the other JSON has them
         VaultWindow* vault = run.start();
         QVERIFY(vault);
         QCOMPARE(ui::rows(vault, Lang(Text::PasswordList)).join(u"\n"_s) + u"\n"_s,
@@ -237,6 +239,12 @@ private Q_SLOTS:
         QVERIFY2(waiting.exitCode() == 1 && waiting.readAllStandardError().contains("Tolvane is running"), "");
         const Run live = tool({ u"save"_s, run.data(u"Administrator/list.dat"_s) }, R"([{"title":"Lost"}])");
         QVERIFY2(live.code == 1 && live.err.contains("Tolvane is running"), live.err);
+        // Nor through a link to the vault, or to its folder, from outside the tree.
+        QVERIFY(QFile::link(run.data(u"Administrator/list.dat"_s), run.world.path(u"link.dat"_s)));
+        QVERIFY(QFile::link(run.data(u"Administrator"_s), run.world.path(u"profile"_s)));
+        QCOMPARE(tool({ u"save"_s, run.world.path(u"link.dat"_s) }, R"([{"title":"Lost"}])").code, 1);
+        const Run linked = tool({ u"save"_s, run.world.path(u"profile/list.dat"_s) }, R"([{"title":"Lost"}])");
+        QVERIFY2(linked.code == 1 && linked.err.contains("Tolvane is running"), linked.err);
         QVERIFY(!titles(run.vaultOnDisk()).contains(u"Late"_s) && !titles(run.vaultOnDisk()).contains(u"Lost"_s));
         run.close();
         run.setIni(u"Administrator/settings.txt"_s, Keys::settings, Keys::password, QString());
@@ -295,7 +303,7 @@ private Q_SLOTS:
         const QByteArray binary = built.readAll();
         QVERIFY(!binary.contains("libQt6Gui") && !binary.contains("libQt6Network") && !binary.contains("libQt6DBus"));
         const Run held = tool({ u"clip"_s, u"Foo"_s, u"user"_s, u"--seconds=1"_s });
-        QVERIFY2(held.code == 0 && held.err.contains("The user name of \"Foo\" is on the clipboard for 1 seconds"),
+        QVERIFY2(held.code == 0 && held.err.contains("The user name of \"Foo\" is on the clipboard for 1 second ("),
             held.err);
         QProcess clip;
         clip.start(toolPath, { u"clip"_s, u"Foo"_s, u"--seconds=60"_s });

@@ -8,6 +8,7 @@
 #include <csignal>
 #include <fcntl.h>
 #include <iterator>
+#include <poll.h>
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -30,6 +31,8 @@ void passEndOn(int)
 }
 
 constexpr int endSignals[] = { SIGINT, SIGTERM, SIGHUP };
+// How long the keeper has to put the text on the clipboard, in milliseconds.
+constexpr int keeperAnswerBound = 10000;
 
 void writeAll(int fd, const QByteArray& bytes)
 {
@@ -112,9 +115,18 @@ bool HoldOnClipboard(const QString& keeper, const QString& text, int seconds, co
         writeAll(input[1], text.toUtf8());
         ::close(input[1]);
         // One byte once the text is on the clipboard; the end of the pipe when the keeper failed.
+        // A keeper that says neither within the bound is stuck (a display that takes the
+        // connection and never answers) and is ended.
         char byte = 0;
         ssize_t n = 0;
-        while ((n = ::read(ready[0], &byte, 1)) < 0 && errno == EINTR) { }
+        pollfd answer { ready[0], POLLIN, 0 };
+        int polled = 0;
+        while ((polled = ::poll(&answer, 1, keeperAnswerBound)) < 0 && errno == EINTR) { }
+        if (polled == 1) {
+            while ((n = ::read(ready[0], &byte, 1)) < 0 && errno == EINTR) { }
+        } else {
+            ::kill(id, SIGKILL);
+        }
         onClipboard = n == 1;
         if (onClipboard)
             copied();
