@@ -60,8 +60,8 @@ const QStringList flagNames = { QStringLiteral("json"), QStringLiteral("show-pas
     QStringLiteral("generate"), QStringLiteral("letters"), QStringLiteral("digits"), QStringLiteral("mixed"),
     QStringLiteral("help") };
 const QStringList optionNames = { QStringLiteral("profile"), QStringLiteral("seconds"), QStringLiteral("length"),
-    QStringLiteral("user"), QStringLiteral("password"), QStringLiteral("passphrase"), QStringLiteral("url"),
-    QStringLiteral("document"), QStringLiteral("note") };
+    QStringLiteral("title"), QStringLiteral("user"), QStringLiteral("password"), QStringLiteral("passphrase"),
+    QStringLiteral("url"), QStringLiteral("document"), QStringLiteral("note") };
 
 } // namespace
 
@@ -74,7 +74,9 @@ ProfileCommands::ProfileCommands(const QStringList& arguments)
             flags.insert(QStringLiteral("help"));
             continue;
         }
-        if (optionsEnded || !a.startsWith(QLatin1String("--")) || a == QLatin1String("--")) {
+        // show's -a FIELD, as keepassxc-cli spells --attribute.
+        const bool shortAttribute = a == QLatin1String("-a") && !optionsEnded;
+        if (!shortAttribute && (optionsEnded || !a.startsWith(QLatin1String("--")) || a == QLatin1String("--"))) {
             if (a == QLatin1String("--") && !optionsEnded)
                 optionsEnded = true;
             else if (command.isEmpty())
@@ -83,7 +85,7 @@ ProfileCommands::ProfileCommands(const QStringList& arguments)
                 positional.append(a);
             continue;
         }
-        QString name = a.mid(2);
+        QString name = shortAttribute ? QStringLiteral("attribute") : a.mid(2);
         std::optional<QString> value;
         if (const qsizetype eq = name.indexOf(QLatin1Char('=')); eq >= 0) {
             value = name.mid(eq + 1);
@@ -91,7 +93,7 @@ ProfileCommands::ProfileCommands(const QStringList& arguments)
         }
         if (flagNames.contains(name) && !value) {
             flags.insert(name);
-        } else if (optionNames.contains(name)) {
+        } else if (optionNames.contains(name) || name == QLatin1String("attribute")) {
             if (!value) {
                 if (++i >= arguments.size()) {
                     parseError = QStringLiteral("--%1 needs a value").arg(name);
@@ -99,7 +101,10 @@ ProfileCommands::ProfileCommands(const QStringList& arguments)
                 }
                 value = arguments.at(i);
             }
-            options.insert(name, *value);
+            if (name == QLatin1String("attribute")) // may be given again: each field printed in turn
+                attributes.append(*value);
+            else
+                options.insert(name, *value);
         } else {
             parseError = QStringLiteral("unknown option %1").arg(a);
             return;
@@ -138,10 +143,11 @@ const char* ProfileCommands::Usage()
   ls                      the titles, in the order of the program's list
   search TEXT             the program's search: the rows it lists, in its order
   show TITLE              every field of the entry; the password masked
+  show TITLE -a FIELD     that field alone, raw; the password in clear
   clip TITLE [FIELD]      the field (default: password) on the clipboard for a while
   generate                a password from the program's generator
   add TITLE               a new entry, with the field options below
-  edit TITLE              change the fields given below
+  edit TITLE              change the fields given below (--title NEW renames it)
   rm TITLE                remove the entry
 
 Options of the profile commands:
@@ -150,11 +156,13 @@ Options of the profile commands:
                           terminal; otherwise the first line of standard input)
   --json                  ls, search and show print JSON
   --show-password         show prints the password in clear
+  -a, --attribute FIELD   show: print only this field (repeatable, in the order given)
   --seconds N             clip: clear the clipboard after N seconds (default 10),
                           unless something else was copied meanwhile
   --letters, --digits, --mixed
                           generate: letters a to y, digits 0 to 8, or both (default)
   --length N              generate: 4 to 15 characters (default 5)
+  --title NEW             edit: the new title, refused when an entry has it already
   --user TEXT             add, edit: the user name
   --password TEXT         add, edit: the password (seen by other users' process lists;
                           --ask-password is safer)
@@ -335,23 +343,40 @@ int ProfileCommands::search()
             rows.append(*row);
     }
     rows = SortedRows(rows);
+    // As grep and keepassxc-cli: a script tells "nothing found" by the exit code.
+    if (rows.isEmpty())
+        return refuse(QStringLiteral("no entry matches \"%1\"").arg(positional.at(0)));
     if (flag("json")) {
         QJsonArray array;
         for (const QString& row : rows)
             array.append(QJsonObject { { QStringLiteral("row"), row }, { QStringLiteral("title"), RowTitle(row) } });
         printJson(QJsonDocument(array));
     } else {
-        print(rows.join(QLatin1Char('\n')) + (rows.isEmpty() ? QString() : QStringLiteral("\n")));
+        print(rows.join(QLatin1Char('\n')) + QLatin1Char('\n'));
     }
     return 0;
 }
 
 int ProfileCommands::show()
 {
+    QList<const EntryField*> asked;
+    for (const QString& name : attributes) {
+        asked.append(ShownFieldNamed(name));
+        if (!asked.last())
+            return usageError(QStringLiteral("no field \"%1\"").arg(name));
+    }
+    if (!asked.isEmpty() && flag("json"))
+        return usageError(QStringLiteral("show: -a prints the fields raw, not as JSON"));
     const std::optional<OpenVault> vault = openEntry();
     if (!vault)
         return 1;
     const Entry& e = vault->entries.at(vault->index);
+    if (!asked.isEmpty()) {
+        // Raw, for $(...): named fields are printed as they are, the password too.
+        for (const EntryField* f : asked)
+            print(shown(e.*f->member) + QLatin1Char('\n'));
+        return 0;
+    }
     const bool clear = flag("show-password");
     QJsonObject object;
     QString text;
@@ -510,6 +535,8 @@ QString ProfileCommands::TitleFault(const QString& title)
 
 int ProfileCommands::add()
 {
+    if (options.contains(QStringLiteral("title")))
+        return usageError(QStringLiteral("add: the title is the argument; --title renames, with edit"));
     const QString title = Shown(Stored(positional.at(0)));
     if (title.isEmpty())
         return refuse(QStringLiteral("the title of the entry must not be empty"));
@@ -529,16 +556,31 @@ int ProfileCommands::add()
 int ProfileCommands::edit()
 {
     // Every save escapes escaped values once more: a write that changes nothing is no write.
-    const bool anyField = std::any_of(std::begin(ShownFields) + 1, std::end(ShownFields),
+    const bool anyField = std::any_of(std::begin(ShownFields), std::end(ShownFields),
                               [this](const EntryField& f) { return options.contains(QLatin1String(f.name)); })
         || flag("ask-password") || flag("generate");
     if (!anyField)
         return usageError(QStringLiteral("edit: give at least one field to change"));
+    // The new title as the file will keep it, with the rules of a title on the command line.
+    const std::optional<QString> newTitle = option("title");
+    if (newTitle) {
+        if (const QString fault = TitleFault(*newTitle); !fault.isEmpty())
+            return refuse(fault);
+        if (Shown(Stored(*newTitle)).isEmpty())
+            return refuse(QStringLiteral("the title of the entry must not be empty"));
+    }
     std::optional<OpenVault> vault = openEntry(true);
     if (!vault)
         return 1;
-    applyFieldOptions(vault->entries[vault->index]);
-    return writeEntries(vault->profile, vault->entries, positional.at(0));
+    // The title is the entry's key: two entries of one title would leave the first unreachable.
+    if (newTitle && lastIndexOf(vault->entries.all(), *newTitle) >= 0)
+        return refuse(QStringLiteral("an entry titled \"%1\" is already in the list; nothing was changed")
+                          .arg(Shown(Stored(*newTitle))));
+    Entry& entry = vault->entries[vault->index];
+    if (newTitle)
+        entry.title = Stored(*newTitle);
+    applyFieldOptions(entry);
+    return writeEntries(vault->profile, vault->entries, Shown(entry.title));
 }
 
 int ProfileCommands::remove()

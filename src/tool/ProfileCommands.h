@@ -32,7 +32,7 @@ public:
     // For the commands on a file: the arguments after the command, when nothing else was given.
     std::optional<QStringList> PlainArguments() const
     {
-        if (!parseError.isEmpty() || !flags.isEmpty() || !options.isEmpty())
+        if (!parseError.isEmpty() || !flags.isEmpty() || !options.isEmpty() || !attributes.isEmpty())
             return std::nullopt;
         return positional;
     }
@@ -108,6 +108,7 @@ private:
     QStringList positional;
     QSet<QString> flags;
     QHash<QString, QString> options;
+    QStringList attributes; // show's -a, in the order given
     QString parseError;
     std::optional<QString> newPassword;
     std::unique_ptr<platform::TreeWriteLock> writeLock;

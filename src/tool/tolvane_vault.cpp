@@ -56,7 +56,8 @@ Options:
 
 const char* exitCodes = R"(
 Exit codes: 0 done, 1 refused or bad input (a wrong password, a write while the program
-runs, a missing or unreadable file, bad JSON, a vault too large), 2 usage.
+runs, a missing or unreadable file, bad JSON, a vault too large, a failed write to standard
+output; and, as for grep, a search that finds nothing), 2 usage.
 )";
 
 void printJson(const QList<Entry>& entries)

@@ -146,9 +146,14 @@ private Q_SLOTS:
         QCOMPARE(tool({ u"add"_s, u"Mail"_s }).code, 1); // the title is the entry's key
         const QString found = QString::fromUtf8(tool({ u"search"_s, u"ANN"_s }).out);
         QCOMPARE(found, u"bank (ann)\nMail\n"_s);
+        const Run nothing = tool({ u"search"_s, u"zzz"_s }); // as grep: nothing found is exit 1
+        QVERIFY2(nothing.code == 1 && nothing.out.isEmpty(), nothing.out);
         const QString shown = QString::fromUtf8(tool({ u"show"_s, u"Shop"_s }).out);
         QVERIFY2(
             shown.contains(u"User name:  bob\n"_s) && shown.contains(u"Password:   ********\n"_s), qPrintable(shown));
+        const QStringList fields { u"show"_s, u"Shop"_s, u"-a"_s, u"password"_s, u"--attribute=user"_s };
+        QCOMPARE(tool(fields).out, QByteArray("sh0p-pass\nbob\n")); // asked for by name: in clear
+        QCOMPARE(tool({ u"show"_s, u"Shop"_s, u"-a"_s, u"name"_s }).code, 2);
         const QJsonObject json
             = QJsonDocument::fromJson(tool({ u"show"_s, u"Mail"_s, u"--show-password"_s, u"--json"_s }).out).object();
         QCOMPARE(json[u"password"_s].toString().size(), 9);
@@ -326,12 +331,16 @@ private Q_SLOTS:
         // the code page, in every command.
         qputenv("TOLVANE_CODEPAGE", "1252");
         const QStringList refusedTitles[] = { { u"add"_s, u"Inj]\r\nage=x\r\n[Entry3"_s }, { u"add"_s, u"a\tb"_s },
-            { u"add"_s, u"Łódź"_s }, { u"show"_s, u"Żódź"_s }, { u"rm"_s, u"Żódź"_s } };
+            { u"add"_s, u"Łódź"_s }, { u"show"_s, u"Żódź"_s }, { u"rm"_s, u"Żódź"_s },
+            { u"edit"_s, u"Foo"_s, u"--title=Łódź"_s }, { u"edit"_s, u"Foo"_s, u"--title="_s },
+            { u"edit"_s, u"Foo"_s, u"--title"_s, u"Seed"_s } }; // a title taken, or none
         for (const QStringList& args : refusedTitles)
             QCOMPARE(tool(args).code, 1);
         QCOMPARE(tool({ u"save"_s, run.world.path(u"new.dat"_s) }, "[{\"title\":\"A]\\r\\n[B\"}]").code, 1);
         qunsetenv("TOLVANE_CODEPAGE");
         QCOMPARE(titles(run.vaultOnDisk()), (QStringList { u"Seed"_s, u"Foo"_s }));
+        QCOMPARE(tool({ u"edit"_s, u"Foo"_s, u"--title"_s, u"Bar"_s }).code, 0); // renamed in its place
+        QCOMPARE(titles(run.vaultOnDisk()), (QStringList { u"Seed"_s, u"Bar"_s }));
 
         // 150,000 sections in 1 MiB, and a value of 500,000 escapes: read in the tool's time limit.
         QByteArray sections, title;
