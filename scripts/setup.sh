@@ -5,7 +5,8 @@ set -euo pipefail
 packages=(cmake g++ make ccache qt6-base-dev qt6-base-dev-tools libqt6svg6 qt6-translations-l10n libxcb1-dev clang libclang-rt-14-dev xvfb xauth fonts-liberation2 trayer
           xclip xdotool xdg-utils shared-mime-info poppler-utils dpkg-dev
           dbus at-spi2-core python3-pyatspi
-          scdoc help2man lintian desktop-file-utils appstream)
+          scdoc help2man lintian desktop-file-utils appstream
+          keepassxc)
 missing=()
 for p in "${packages[@]}"; do
     dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")

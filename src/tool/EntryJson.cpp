@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "tool/EntryJson.h"
 
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
 #include <algorithm>
 #include <array>
 
@@ -71,4 +75,56 @@ QByteArray EntriesJson(const QList<Entry>& entries)
     }
     out.append("]\n");
     return out;
+}
+
+std::optional<QList<EntryTexts>> EntriesFromJson(const QByteArray& json, QString& error)
+{
+    QJsonParseError parsed {};
+    const QJsonDocument doc = QJsonDocument::fromJson(json, &parsed);
+    if (parsed.error != QJsonParseError::NoError) {
+        error = QStringLiteral("not a JSON array of entries: %1").arg(parsed.errorString());
+        return std::nullopt;
+    }
+    if (!doc.isArray()) {
+        error = QStringLiteral("not a JSON array of entries");
+        return std::nullopt;
+    }
+    QList<EntryTexts> entries;
+    for (const QJsonValue& v : doc.array()) {
+        if (!v.isObject()) {
+            error = QStringLiteral("an entry is not a JSON object");
+            return std::nullopt;
+        }
+        const QJsonObject object = v.toObject();
+        EntryTexts texts;
+        for (auto field = object.begin(); field != object.end(); ++field) {
+            const auto known = std::find_if(std::begin(EntryFields), std::end(EntryFields),
+                [&](const EntryField& f) { return field.key() == QLatin1String(f.name); });
+            if (known == std::end(EntryFields)) {
+                error = QStringLiteral("an entry has a field \"%1\", which no vault has; the fields are title, user, "
+                                       "password, passphrase, url, document, note and picture")
+                            .arg(field.key());
+                return std::nullopt;
+            }
+            if (!field.value().isString()) {
+                error = QStringLiteral("the %1 of an entry is not a text").arg(field.key());
+                return std::nullopt;
+            }
+            texts.insert(field.key(), field.value().toString());
+        }
+        if (texts.value(QStringLiteral("title")).isEmpty()) {
+            error = QStringLiteral("an entry has no title, and the program writes no entry without one");
+            return std::nullopt;
+        }
+        entries.append(texts);
+    }
+    return entries;
+}
+
+Entry StoredEntry(const EntryTexts& texts)
+{
+    Entry e;
+    for (const EntryField& f : EntryFields)
+        e.*f.member = platform::ToCodePage(texts.value(QLatin1String(f.name)));
+    return e;
 }

@@ -6,9 +6,11 @@
 #include "core/Entry.h"
 
 #include <QByteArray>
+#include <QHash>
 #include <QList>
 #include <QString>
 
+#include <optional>
 #include <span>
 
 struct EntryField
@@ -46,3 +48,15 @@ inline const EntryField* ShownFieldNamed(const QString& name)
 // values the texts of the files' code page: the text QJsonDocument gives in its indented form,
 // written directly (building the document takes longer than reading the whole vault).
 QByteArray EntriesJson(const QList<Entry>& entries);
+
+// An entry as a file of another making gives it (JSON, another keeper's export): each field's
+// text by its name above, before the files' code page; a field not given is empty.
+using EntryTexts = QHash<QString, QString>;
+
+// The entries of a JSON array in the vocabulary above. Whatever the vault would not keep is
+// refused, not dropped: a field under another name (the file's own keys, a typo) would be
+// written empty without a word. Nothing, and `error` set, when the text is no such array.
+std::optional<QList<EntryTexts>> EntriesFromJson(const QByteArray& json, QString& error);
+
+// The entry as the files keep it: every text through the code page.
+Entry StoredEntry(const EntryTexts& texts);

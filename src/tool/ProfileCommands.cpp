@@ -17,6 +17,11 @@
 #include "platform/Paths.h"
 #include "platform/Terminal.h"
 #include "tool/EntryJson.h"
+#include "tool/KeePassCsv.h"
+#include "tool/KeePassXml.h"
+
+#include <QDir>
+#include <QFileInfo>
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -34,6 +39,10 @@ QString shown(const QByteArray& value)
 }
 
 const QString masked = QStringLiteral("********");
+
+// What import reads at the most: another keeper's export with its history and attachments, of
+// which a vault keeps 32 KB.
+constexpr qint64 largestImport = 16 * 1024 * 1024;
 
 void print(const QString& text)
 {
@@ -58,10 +67,10 @@ void warn(const QString& message)
 
 const QStringList flagNames = { QStringLiteral("json"), QStringLiteral("show-password"), QStringLiteral("ask-password"),
     QStringLiteral("generate"), QStringLiteral("letters"), QStringLiteral("digits"), QStringLiteral("mixed"),
-    QStringLiteral("help") };
+    QStringLiteral("help"), QStringLiteral("replace") };
 const QStringList optionNames = { QStringLiteral("profile"), QStringLiteral("seconds"), QStringLiteral("length"),
     QStringLiteral("title"), QStringLiteral("user"), QStringLiteral("password"), QStringLiteral("passphrase"),
-    QStringLiteral("url"), QStringLiteral("document"), QStringLiteral("note") };
+    QStringLiteral("url"), QStringLiteral("document"), QStringLiteral("note"), QStringLiteral("format") };
 
 } // namespace
 
@@ -121,6 +130,8 @@ const ProfileCommands::Verb ProfileCommands::verbs[] = {
     { "add", 1, 1, &ProfileCommands::add },
     { "edit", 1, 1, &ProfileCommands::edit },
     { "rm", 1, 1, &ProfileCommands::remove },
+    { "export", 0, 0, &ProfileCommands::exportEntries },
+    { "import", 1, 1, &ProfileCommands::importEntries },
 };
 
 const ProfileCommands::Verb* ProfileCommands::verbNamed(const QString& name)
@@ -149,6 +160,8 @@ const char* ProfileCommands::Usage()
   add TITLE               a new entry, with the field options below
   edit TITLE              change the fields given below (--title NEW renames it)
   rm TITLE                remove the entry
+  export                  the profile on standard output as KeePass 2 XML (--format json)
+  import FILE             entries of KeePassXC's CSV, JSON or XML (--format, --replace)
 
 Options of the profile commands:
   --profile NAME          the profile; without it, the one the program's login offers.
@@ -201,8 +214,8 @@ int ProfileCommands::run()
     const Verb* verb = verbNamed(command);
     if (positional.size() < verb->fewest || positional.size() > verb->most)
         return usageError(QStringLiteral("%1: wrong number of arguments").arg(command));
-    // Every argument but search's text is a title.
-    if (!positional.isEmpty() && command != QLatin1String("search")) {
+    // Every argument but search's text and import's file is a title.
+    if (!positional.isEmpty() && command != QLatin1String("search") && command != QLatin1String("import")) {
         if (const QString fault = TitleFault(positional.at(0)); !fault.isEmpty())
             return refuse(fault);
     }
@@ -261,9 +274,14 @@ std::optional<ProfileCommands::OpenVault> ProfileCommands::openVault(bool toWrit
     std::optional<Profile> profile = openProfile();
     if (!profile)
         return std::nullopt;
+    if (toWrite && !takeNewPassword())
+        return std::nullopt;
+    return readVault(*profile, toWrite);
+}
+
+std::optional<ProfileCommands::OpenVault> ProfileCommands::readVault(const Profile& profile, bool toWrite)
+{
     if (toWrite) {
-        if (!takeNewPassword())
-            return std::nullopt;
         // Taken after the passwords, so that a tool waiting at its prompt holds nothing; held
         // from the read to the write, so that no other writer's change falls between.
         writeLock = std::make_unique<platform::TreeWriteLock>(DataFolder());
@@ -275,16 +293,15 @@ std::optional<ProfileCommands::OpenVault> ProfileCommands::openVault(bool toWrit
                                   "this change. End it (File > Close) and try again; nothing was written"));
             return std::nullopt;
         case platform::TreeLock::Unavailable:
-            refuse(
-                QStringLiteral("can't lock the data tree of profile \"%1\"; nothing was written").arg(profile->name));
+            refuse(QStringLiteral("can't lock the data tree of profile \"%1\"; nothing was written").arg(profile.name));
             return std::nullopt;
         }
     }
-    OpenVault opened { *profile, {} };
+    OpenVault opened { profile, {} };
     // Nothing a vault can be is larger; a missing file is an empty vault, as the load makes it.
-    const platform::ReadOutcome read = opened.entries.read(profile->vault);
+    const platform::ReadOutcome read = opened.entries.read(profile.vault);
     if (read != platform::ReadOutcome::Read && read != platform::ReadOutcome::Missing) {
-        refuse(QStringLiteral("can't read the vault of profile \"%1\"").arg(profile->name));
+        refuse(QStringLiteral("can't read the vault of profile \"%1\"").arg(profile.name));
         return std::nullopt;
     }
     return opened;
@@ -479,35 +496,45 @@ bool ProfileCommands::takeNewPassword()
     return true;
 }
 
+namespace {
+
+// The text into the field, and a warning when the files' code page changes it.
+void storeText(Entry& entry, const EntryField& f, const QString& value)
+{
+    entry.*f.member = Stored(value);
+    if (Shown(entry.*f.member) != value)
+        warn(QStringLiteral("the %1 of \"%2\" holds characters that the files' code page lacks: it is kept as \"%3\"")
+                 .arg(QLatin1String(f.name), Shown(entry.title), Shown(entry.*f.member)));
+}
+
+} // namespace
+
 void ProfileCommands::applyFieldOptions(Entry& entry)
 {
     for (const EntryField& f : ShownFields) {
         const std::optional<QString> value = f.member == &Entry::title ? std::nullopt : option(f.name);
-        if (!value)
-            continue;
-        entry.*f.member = Stored(*value);
-        if (Shown(entry.*f.member) != *value)
-            warn(QStringLiteral(
-                "the %1 of \"%2\" holds characters that the files' code page lacks: it is kept as \"%3\"")
-                     .arg(QLatin1String(f.name), Shown(entry.title), Shown(entry.*f.member)));
+        if (value)
+            storeText(entry, f, *value);
     }
     if (newPassword)
         entry.password = Stored(*newPassword);
 }
 
-int ProfileCommands::writeEntries(const Profile& profile, Vault& entries, const QString& changedTitle)
+int ProfileCommands::writeEntries(const Profile& profile, Vault& entries, const QStringList& changedTitles)
 {
-    // What the next load will give back of the entry: the format keeps 48 characters of a value,
-    // escapes "&", "=", "[", "]" and line breaks, and a save escapes what an earlier one did.
-    const int changed = lastIndexOf(entries.all(), changedTitle);
+    // What the next load will give back of the entries: the format keeps 48 characters of a
+    // value, escapes "&", "=", "[", "]" and line breaks, and a save escapes what an earlier one did.
     QList<Entry> copy = entries.all();
-    const QList<Entry> readBack = ParseInnerText(ComposeInnerText(copy));
-    const int back = lastIndexOf(readBack, changedTitle);
-    if (changed >= 0 && back >= 0) {
+    const QList<Entry> readBack = changedTitles.isEmpty() ? QList<Entry>() : ParseInnerText(ComposeInnerText(copy));
+    for (const QString& title : changedTitles) {
+        const int changed = lastIndexOf(entries.all(), title);
+        const int back = lastIndexOf(readBack, title);
+        if (changed < 0 || back < 0)
+            continue;
         for (const EntryField& f : ShownFields) {
             if (shown(readBack.at(back).*f.member) != shown(entries.at(changed).*f.member))
                 warn(QStringLiteral("the %1 of \"%2\" will read back as \"%3\"")
-                         .arg(QLatin1String(f.name), changedTitle, shown(readBack.at(back).*f.member)));
+                         .arg(QLatin1String(f.name), title, shown(readBack.at(back).*f.member)));
         }
     }
     switch (entries.save(profile.vault)) {
@@ -550,7 +577,7 @@ int ProfileCommands::add()
     entry.title = Stored(title);
     applyFieldOptions(entry);
     vault->entries.insert(vault->entries.count(), entry);
-    return writeEntries(vault->profile, vault->entries, title);
+    return writeEntries(vault->profile, vault->entries, { title });
 }
 
 int ProfileCommands::edit()
@@ -580,7 +607,7 @@ int ProfileCommands::edit()
     if (newTitle)
         entry.title = Stored(*newTitle);
     applyFieldOptions(entry);
-    return writeEntries(vault->profile, vault->entries, Shown(entry.title));
+    return writeEntries(vault->profile, vault->entries, { Shown(entry.title) });
 }
 
 int ProfileCommands::remove()
@@ -594,5 +621,109 @@ int ProfileCommands::remove()
         return refuse(QStringLiteral("\"%1\" is the last entry: the program saves no empty list, so it would be back "
                                      "at the next start; nothing was changed")
                           .arg(positional.at(0)));
-    return writeEntries(vault->profile, vault->entries, QString());
+    return writeEntries(vault->profile, vault->entries, {});
+}
+
+int ProfileCommands::exportEntries()
+{
+    const QString format = option("format").value_or(QStringLiteral("xml"));
+    if (format != QLatin1String("xml") && format != QLatin1String("json"))
+        return usageError(QStringLiteral("export: --format is xml or json"));
+    const std::optional<OpenVault> vault = openVault();
+    if (!vault)
+        return 1;
+    QStringList warnings;
+    const QByteArray out = format == QLatin1String("json")
+        ? EntriesJson(vault->entries.all())
+        : KeePassXml(vault->profile.name, vault->entries.all(), warnings);
+    for (const QString& w : warnings)
+        warn(w);
+    std::fwrite(out.constData(), 1, static_cast<size_t>(out.size()), stdout);
+    return 0;
+}
+
+int ProfileCommands::importEntries()
+{
+    const QString file = positional.at(0);
+    const QString named = file == QLatin1String("-") ? QStringLiteral("standard input") : file;
+    // Without --format, the file's name tells.
+    const QString suffix = QFileInfo(file).suffix().toLower();
+    const QString format = option("format").value_or(suffix == QLatin1String("csv") ? QStringLiteral("keepassxc-csv")
+            : suffix == QLatin1String("json") || suffix == QLatin1String("xml")     ? suffix
+                                                                                    : QString());
+    if (format.isEmpty())
+        return usageError(QStringLiteral("import: give --format keepassxc-csv, json or xml"));
+    if (format != QLatin1String("keepassxc-csv") && format != QLatin1String("json") && format != QLatin1String("xml"))
+        return usageError(QStringLiteral("import: --format is keepassxc-csv, json or xml"));
+    const std::optional<Profile> profile = openProfile();
+    if (!profile)
+        return 1;
+    // After the password, which a script gives as standard input's first line.
+    QByteArray bytes;
+    const platform::ReadOutcome read = file == QLatin1String("-")
+        ? (platform::ReadStandardInput(bytes, largestImport) ? platform::ReadOutcome::Read
+                                                             : platform::ReadOutcome::TooLarge)
+        : platform::ReadFileBounded(platform::ToWindows(QDir::current().absoluteFilePath(file)), largestImport, bytes);
+    switch (read) {
+    case platform::ReadOutcome::Read:
+        break;
+    case platform::ReadOutcome::Missing:
+        return refuse(QStringLiteral("no such file: %1").arg(file));
+    case platform::ReadOutcome::TooLarge:
+        return refuse(QStringLiteral("%1 is larger than %2 bytes, far more than a vault holds: it was not read")
+                          .arg(named)
+                          .arg(largestImport));
+    default:
+        return refuse(QStringLiteral("can't read %1 (only a regular file is read)").arg(file));
+    }
+    QString error;
+    QStringList warnings;
+    const std::optional<QList<EntryTexts>> texts = format == QLatin1String("json") ? EntriesFromJson(bytes, error)
+        : format == QLatin1String("xml") ? EntriesFromKeePassXml(bytes, error, warnings)
+                                         : EntriesFromKeePassCsv(bytes, error, warnings);
+    if (!texts)
+        return refuse(QStringLiteral("%1: %2; nothing was written").arg(named, error));
+    if (texts->isEmpty())
+        return refuse(QStringLiteral("%1 holds no entries; nothing was written").arg(named));
+    // The title is an entry's key: each must be one the file keeps as it is, and once.
+    QStringList titles, twice;
+    QSet<QString> seen;
+    for (const EntryTexts& t : *texts) {
+        const QString title = t.value(QStringLiteral("title"));
+        if (title.isEmpty())
+            return refuse(QStringLiteral("%1: an entry has no title, and the program writes no entry without one; "
+                                         "nothing was written")
+                              .arg(named));
+        if (const QString fault = TitleFault(title); !fault.isEmpty())
+            return refuse(fault + QStringLiteral("; nothing was written"));
+        if (seen.contains(title) && !twice.contains(title))
+            twice.append(title);
+        seen.insert(title);
+        titles.append(title);
+    }
+    if (!twice.isEmpty())
+        return refuse(QStringLiteral("%1 has several entries titled \"%2\"; nothing was written")
+                          .arg(named, twice.join(QStringLiteral("\", \""))));
+    std::optional<OpenVault> vault = readVault(*profile, true);
+    if (!vault)
+        return 1;
+    QStringList taken;
+    for (const QString& title : titles) {
+        if (lastIndexOf(vault->entries.all(), title) >= 0)
+            taken.append(title);
+    }
+    if (!taken.isEmpty() && !flag("replace"))
+        return refuse(QStringLiteral("the profile has entries titled \"%1\" already (--replace replaces them); "
+                                     "nothing was written")
+                          .arg(taken.join(QStringLiteral("\", \""))));
+    for (const QString& w : warnings)
+        warn(w);
+    // As add puts a new entry, at the end; one of a title taken where it stands.
+    for (const EntryTexts& t : *texts) {
+        Entry entry;
+        for (const EntryField& f : EntryFields)
+            storeText(entry, f, t.value(QLatin1String(f.name)));
+        vault->entries.store(entry);
+    }
+    return writeEntries(vault->profile, vault->entries, titles);
 }

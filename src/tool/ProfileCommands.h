@@ -73,6 +73,8 @@ private:
     int add();
     int edit();
     int remove();
+    int exportEntries();
+    int importEntries();
 
     struct OpenVault
     {
@@ -87,11 +89,14 @@ private:
     // them back, the data tree's lock is taken first (after the password) and held until the
     // command ends; refused while the program holds the tree.
     std::optional<OpenVault> openVault(bool toWrite = false);
+    // The second half of openVault, for a profile already open.
+    std::optional<OpenVault> readVault(const Profile& profile, bool toWrite);
     // The same, with the last entry of the title given first on the command line (the program's
     // lookup); refused when there is none.
     std::optional<OpenVault> openEntry(bool toWrite = false);
-    // The program's save of these entries, refused while the program runs.
-    int writeEntries(const Profile& profile, Vault& entries, const QString& changedTitle);
+    // The program's save of these entries, refused while the program runs; a warning for each
+    // value of the changed entries that the next load will give back otherwise.
+    int writeEntries(const Profile& profile, Vault& entries, const QStringList& changedTitles);
     // The new password of --ask-password or --generate, asked before the vault is read.
     bool takeNewPassword();
     // Field options given on the command line, written into the entry.

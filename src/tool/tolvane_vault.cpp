@@ -9,6 +9,7 @@
 #include "platform/CodePage.h"
 #include "platform/Files.h"
 #include "platform/Paths.h"
+#include "platform/Terminal.h"
 #include "platform/TreeLock.h"
 #include "tool/EntryJson.h"
 #include "tool/ProfileCommands.h"
@@ -17,11 +18,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
 
-#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
@@ -104,24 +101,6 @@ QString unreadable(platform::ReadOutcome outcome, const QString& given)
     return QStringLiteral("can't read %1").arg(given);
 }
 
-// Reads standard input up to the bound; false when there is more.
-bool readInput(QByteArray& input)
-{
-    QFile in;
-    if (!in.open(stdin, QIODevice::ReadOnly))
-        return false;
-    input.clear();
-    for (;;) {
-        const QByteArray chunk = in.read(largestInput + 1 - input.size());
-        if (chunk.isEmpty()) // standard input blocks: nothing more is its end
-            break;
-        input += chunk;
-        if (input.size() > largestInput)
-            return false;
-    }
-    return true;
-}
-
 void printUsage(FILE* stream)
 {
     std::fputs(usage, stream);
@@ -165,43 +144,17 @@ int save(const QString& given, const QString& path)
     if (!QFileInfo(target.absolutePath()).isDir())
         return fail(QStringLiteral("no such folder: %1").arg(target.absolutePath()));
     QByteArray input;
-    if (!readInput(input))
+    if (!platform::ReadStandardInput(input, largestInput))
         return fail(QStringLiteral("standard input is longer than %1 bytes: no vault is that large").arg(largestInput));
-    QJsonParseError error {};
-    const QJsonDocument doc = QJsonDocument::fromJson(input, &error);
-    if (error.error != QJsonParseError::NoError)
-        return fail(QStringLiteral("standard input is not a JSON array of entries: %1").arg(error.errorString()));
-    if (!doc.isArray())
-        return fail(QStringLiteral("standard input is not a JSON array of entries"));
-    // Whatever the input holds that the vault would not keep is refused, not dropped: a field
-    // under another name (the file's own keys, a typo) would be written empty without a word.
+    QString error;
+    const std::optional<QList<EntryTexts>> texts = EntriesFromJson(input, error);
+    if (!texts)
+        return fail(QStringLiteral("standard input: %1; nothing was written").arg(error));
     QList<Entry> entries;
-    for (const QJsonValue& v : doc.array()) {
-        if (!v.isObject())
-            return fail(QStringLiteral("an entry is not a JSON object"));
-        const QJsonObject object = v.toObject();
-        for (auto field = object.begin(); field != object.end(); ++field) {
-            const auto known = std::find_if(std::begin(EntryFields), std::end(EntryFields),
-                [&](const EntryField& f) { return field.key() == QLatin1String(f.name); });
-            if (known == std::end(EntryFields))
-                return fail(
-                    QStringLiteral("an entry has a field \"%1\", which no vault has; the fields are title, user, "
-                                   "password, passphrase, url, document, note and picture; nothing was written")
-                        .arg(field.key()));
-            if (!field.value().isString())
-                return fail(QStringLiteral("the %1 of an entry is not a text; nothing was written").arg(field.key()));
-        }
-        const QString title = object.value(QLatin1String("title")).toString();
-        if (title.isEmpty())
-            return fail(
-                QStringLiteral("an entry has no title, and the program writes no entry without one; nothing was "
-                               "written"));
-        if (const QString fault = ProfileCommands::TitleFault(title); !fault.isEmpty())
+    for (const EntryTexts& t : *texts) {
+        if (const QString fault = ProfileCommands::TitleFault(t.value(QStringLiteral("title"))); !fault.isEmpty())
             return fail(fault);
-        Entry e;
-        for (const EntryField& f : EntryFields)
-            e.*f.member = platform::ToCodePage(object.value(QLatin1String(f.name)).toString());
-        entries.append(e);
+        entries.append(StoredEntry(t));
     }
     // Inside a data tree the program's rules hold: no write through a link below its top folder,
     // and none while the program holds the tree (it would write its own copy over this one).

@@ -12,6 +12,7 @@
 #include <QJsonObject>
 #include <QProcess>
 #include <QScopeGuard>
+#include <QStandardPaths>
 
 #include <functional>
 #include <sys/stat.h>
@@ -30,18 +31,23 @@ struct Run
 // The tool as built, or the one of an installed copy of the program folder.
 QString toolPath = QStringLiteral(TOLVANE_BUILT_PROGRAM_DIR "/tolvane-vault");
 
-Run tool(
-    const QStringList& args, const QByteArray& input = QByteArray(), const std::function<void(QProcess&)>& setUp = {})
+Run process(const QString& program, const QStringList& args, const QByteArray& input = QByteArray(),
+    const std::function<void(QProcess&)>& setUp = {})
 {
     QProcess p;
     if (setUp)
         setUp(p);
-    p.start(toolPath, args);
+    p.start(program, args);
     p.waitForStarted();
     p.write(input);
     p.closeWriteChannel();
-    const bool ended = p.waitForFinished(10000) && p.exitStatus() == QProcess::NormalExit;
+    const bool ended = p.waitForFinished(30000) && p.exitStatus() == QProcess::NormalExit;
     return { ended ? p.exitCode() : -1, p.readAllStandardOutput(), p.readAllStandardError() };
+}
+Run tool(
+    const QStringList& args, const QByteArray& input = QByteArray(), const std::function<void(QProcess&)>& setUp = {})
+{
+    return process(toolPath, args, input, setUp);
 }
 QStringList titles(const QList<Entry>& entries)
 {
@@ -244,6 +250,8 @@ private Q_SLOTS:
         QVERIFY2(waiting.exitCode() == 1 && waiting.readAllStandardError().contains("Tolvane is running"), "");
         const Run live = tool({ u"save"_s, run.data(u"Administrator/list.dat"_s) }, R"([{"title":"Lost"}])");
         QVERIFY2(live.code == 1 && live.err.contains("Tolvane is running"), live.err);
+        const Run imported = tool({ u"import"_s, u"-"_s, u"--format=json"_s }, "pw\n[{\"title\":\"Lost\"}]");
+        QVERIFY2(imported.code == 1 && imported.err.contains("Tolvane is running"), imported.err);
         // Nor through a link to the vault, or to its folder, from outside the tree.
         QVERIFY(QFile::link(run.data(u"Administrator/list.dat"_s), run.world.path(u"link.dat"_s)));
         QVERIFY(QFile::link(run.data(u"Administrator"_s), run.world.path(u"profile"_s)));
@@ -363,6 +371,85 @@ private Q_SLOTS:
         run.setIni(u"Administrator/settings.txt"_s, Keys::settings, Keys::password, MD5Hex(u"pw"_s));
         const Run endless = tool({ u"ls"_s }, big);
         QVERIFY2(endless.code == 1 && endless.err.contains("longer than"), endless.err);
+    }
+
+    // A profile goes out whole and comes back: as JSON, and through the real KeePassXC as its
+    // CSV (what that holds) and its XML (every field), each import writing what the program's
+    // save writes for those entries. Titles taken are refused unless replaced, where they stand.
+    void exportAndImport()
+    {
+        ProgramRun run;
+        run.provision({ u"Json"_s, u"Csv"_s, u"Xml"_s });
+        run.writeVault({ Entry { "Mail & co", "a&b=[c]\xe9", "C:\\d\\x.doc", "anna", "https://m.example",
+                             "a long pass phrase", "line 1\r\nline 2", QByteArray("GIF89a\0\x01\x7f\xff&3", 12) },
+            Entry { "Shop", "sh0p", {}, "bob", {}, {}, {}, {} } });
+        const QList<Entry> loaded = run.vaultOnDisk();
+        // The bytes the program's save writes for these entries, to compare with a profile's.
+        const auto saved = [&](QList<Entry> entries) {
+            SaveVault(platform::ToWindows(run.world.path(u"expected.dat"_s)), entries);
+            return run.world.read(u"expected.dat"_s);
+        };
+        const Run json = tool({ u"export"_s, u"--format=json"_s });
+        QCOMPARE(json.out, tool({ u"dump"_s, run.data(u"Administrator/list.dat"_s) }).out);
+        QCOMPARE(tool({ u"import"_s, u"-"_s, u"--format=json"_s, u"--profile=Json"_s }, json.out).code, 0);
+        const QByteArray imported = run.world.read(u"appdata/Brenmark/Tolvane/data/Json/list.dat"_s);
+        QCOMPARE(imported, saved(loaded));
+
+        run.world.write(u"in.csv"_s,
+            "\"Group\",\"Title\",\"Username\",\"Password\",\"URL\",\"Notes\"\n\"G\",\"New\",\"\",\"\",\"\",\""
+                + QByteArray(49, 'n') + "\"\n\"G\",\"Shop\",\"\xce\xa9\",\"x=y\",\"\",\"\"\n");
+        const QStringList csv { u"import"_s, run.world.path(u"in.csv"_s), u"--profile=Json"_s };
+        const Run taken = tool(csv);
+        QVERIFY2(taken.code == 1 && taken.err.contains("titled \"Shop\" already"), taken.err);
+        QCOMPARE(run.world.read(u"appdata/Brenmark/Tolvane/data/Json/list.dat"_s), imported);
+        const Run replaced = tool(csv + QStringList { u"--replace"_s });
+        QCOMPARE(titles(run.vaultOnDisk(u"Json"_s)), (QStringList { u"Mail & co"_s, u"Shop"_s, u"New"_s }));
+        for (const char* warning : { "the note of \"New\" will read back as \"nnn",
+                 "the user of \"Shop\" holds "
+                 "characters that the files' code page lacks",
+                 "\"Shop\" will read back as \"x&1y" })
+            QVERIFY2(replaced.code == 0 && replaced.err.contains(warning), replaced.err);
+        run.world.write(u"twice.csv"_s, "Title,Password\nA,1\nA,2\n");
+        QCOMPARE(tool({ u"import"_s, run.world.path(u"twice.csv"_s), u"--profile=Csv"_s }).code, 1);
+        QCOMPARE(tool({ u"import"_s, u"in.txt"_s }).code, 2); // the format neither given nor told by the name
+
+        const QString cli = QStandardPaths::findExecutable(u"keepassxc-cli"_s);
+        if (cli.isEmpty())
+            QSKIP("keepassxc-cli is missing (Debian's package keepassxc): the way to KeePassXC and back is untested");
+        const QString db = run.world.path(u"moved.kdbx"_s);
+        run.world.write(u"out.xml"_s, tool({ u"export"_s }).out);
+        QCOMPARE(process(cli, { u"import"_s, u"-p"_s, u"-t"_s, u"100"_s, run.world.path(u"out.xml"_s), db }, "pw\npw\n")
+                     .code,
+            0);
+        // What the window shows, in each field KeePass has a place for.
+        const auto shown = [](const QByteArray& v) { return v.split('\0').first(); };
+        for (const Entry& e : loaded) {
+            QStringList asked { u"show"_s, u"-q"_s, u"-s"_s, db, Shown(e.title) };
+            QByteArray expected;
+            int n = 0; // KeePass's own four are always there, the others when the entry has them
+            for (const auto& [key, value] :
+                { std::pair { "Password", shown(e.password) }, { "UserName", shown(e.userName) },
+                    { "URL", shown(e.url) }, { "Notes", shown(e.note) }, { "Passphrase", shown(e.passphrase) },
+                    { "Document", shown(e.document) }, { "Picture", e.picture.toBase64() } }) {
+                if (n++ < 4 || !value.isEmpty())
+                    (asked << u"-a"_s << QLatin1String(key), expected += Shown(value).toUtf8() + '\n');
+            }
+            QCOMPARE(process(cli, asked, "pw\n").out, expected);
+        }
+        run.world.write(u"back.csv"_s, process(cli, { u"export"_s, u"-q"_s, u"-f"_s, u"csv"_s, db }, "pw\n").out);
+        run.world.write(u"back.xml"_s, process(cli, { u"export"_s, u"-q"_s, db }, "pw\n").out);
+        QCOMPARE(tool({ u"import"_s, run.world.path(u"back.csv"_s), u"--profile=Csv"_s }).code, 0);
+        QCOMPARE(tool({ u"import"_s, run.world.path(u"back.xml"_s), u"--profile=Xml"_s }).code, 0);
+        QList<Entry> whole = loaded, csvHolds = loaded;
+        for (qsizetype i = 0; i < loaded.size(); ++i) {
+            for (QByteArray* field : { &whole[i].password, &whole[i].document, &whole[i].userName, &whole[i].url,
+                     &whole[i].passphrase, &whole[i].note })
+                *field = shown(*field);
+            csvHolds[i] = whole[i];
+            csvHolds[i].document = csvHolds[i].passphrase = csvHolds[i].picture = QByteArray();
+        }
+        QCOMPARE(run.world.read(u"appdata/Brenmark/Tolvane/data/Csv/list.dat"_s), saved(csvHolds));
+        QCOMPARE(run.world.read(u"appdata/Brenmark/Tolvane/data/Xml/list.dat"_s), saved(whole));
     }
 
     // The code page is the first start's: a name given under a Polish desktop is the same name

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/Terminal.h"
 
+#include <QFile>
+
 #include <cstdio>
 #include <string>
 #include <termios.h>
@@ -45,6 +47,23 @@ std::optional<QString> ReadSecretLine(const QString& prompt, bool* tooLong)
     if (!line.empty() && line.back() == '\r')
         line.pop_back();
     return QString::fromLocal8Bit(line.data(), static_cast<qsizetype>(line.size()));
+}
+
+bool ReadStandardInput(QByteArray& input, qint64 limit)
+{
+    QFile in;
+    if (!in.open(stdin, QIODevice::ReadOnly))
+        return false;
+    input.clear();
+    for (;;) {
+        const QByteArray chunk = in.read(limit + 1 - input.size());
+        if (chunk.isEmpty()) // standard input blocks: nothing more is its end
+            break;
+        input += chunk;
+        if (input.size() > limit)
+            return false;
+    }
+    return true;
 }
 
 } // namespace platform
