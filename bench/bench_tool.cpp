@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The terminal tool's reading commands on a profile of 300 entries, each timed as a whole
-// process, median of the rounds, beside the program's own load of that vault: from its start to
+// The terminal tool's reading commands on a profile of 300 entries, and its export and import of
+// them (into an empty profile, emptied again before each run), each timed as a whole process,
+// median of the rounds, beside the program's own load of that vault: from its start to
 // its end, and the processor time it took (which other work on the machine does not stretch).
 // Other builds of the tool given after the rounds run the same commands in turn with this one,
 // so that their figures come from one run on one machine's load.
@@ -40,8 +41,8 @@ struct Times
     double processor = -1;
 };
 
-// One run of the tool, its output into a file, in milliseconds.
-Times timedRun(const QByteArray& tool, const QList<QByteArray>& arguments, const QByteArray& output)
+// One run of the tool, its output into a file, in milliseconds; a command that prints must print.
+Times timedRun(const QByteArray& tool, const QList<QByteArray>& arguments, const QByteArray& output, bool prints)
 {
     std::vector<QByteArray> kept { tool };
     kept.insert(kept.end(), arguments.begin(), arguments.end());
@@ -66,7 +67,7 @@ Times timedRun(const QByteArray& tool, const QList<QByteArray>& arguments, const
     {
     };
     const bool printed = ::stat(output.constData(), &written) == 0 && written.st_size > 0;
-    if (!ended || !WIFEXITED(status) || WEXITSTATUS(status) != 0 || !printed)
+    if (!ended || !WIFEXITED(status) || WEXITSTATUS(status) != 0 || (prints && !printed))
         return {};
     const auto msOf = [](const timeval& v) { return v.tv_sec * 1e3 + v.tv_usec / 1e3; };
     return { ms, msOf(used.ru_utime) + msOf(used.ru_stime) };
@@ -86,6 +87,7 @@ int main(int argc, char* argv[])
     QTemporaryDir dir;
     const QString data = dir.path() + QStringLiteral("/Brenmark/Tolvane/data/");
     QDir().mkpath(data + QStringLiteral("Administrator"));
+    QDir().mkpath(data + QStringLiteral("Empty"));
     QList<Entry> profile;
     for (int i = 0; i < 300; ++i)
         profile.append(Entry { "Site " + QByteArray::number(i), "pw-" + QByteArray::number(i * 7919), {},
@@ -93,9 +95,9 @@ int main(int argc, char* argv[])
     const QString vault = platform::ToWindows(data + QStringLiteral("Administrator/list.dat"));
     if (SaveVault(vault, profile) != VaultSave::Saved)
         return 1;
-    for (const auto& [file, text] :
-        { std::pair { "users.txt", "Administrator\r\n" }, { "Administrator/dummy.dat", "x" },
-            { "config.txt", "[user]\r\ncurrent=Administrator\r\ndefault=Administrator\r\n" } }) {
+    for (const auto& [file, text] : { std::pair { "users.txt", "Administrator\r\nEmpty\r\n" },
+             { "Administrator/dummy.dat", "x" }, { "Empty/dummy.dat", "x" },
+             { "config.txt", "[user]\r\ncurrent=Administrator\r\ndefault=Administrator\r\n" } }) {
         QFile f(data + QLatin1String(file));
         if (!f.open(QIODevice::WriteOnly) || f.write(text) < 0)
             return 1;
@@ -119,14 +121,38 @@ int main(int argc, char* argv[])
     }
 
     const QByteArray file = QFile::encodeName(platform::ToNative(vault));
-    const std::pair<const char*, QList<QByteArray>> commands[] = {
+    // What import reads: the profile's own JSON export, and the CSV that KeePassXC writes of it.
+    const QByteArray json = QFile::encodeName(dir.path() + QStringLiteral("/profile.json"));
+    const QByteArray csv = QFile::encodeName(dir.path() + QStringLiteral("/profile.csv"));
+    QByteArray csvText = "\"Group\",\"Title\",\"Username\",\"Password\",\"URL\",\"Notes\",\"TOTP\",\"Icon\","
+                         "\"Last Modified\",\"Created\"\n";
+    for (const Entry& e : profile)
+        csvText += "\"Administrator\",\"" + e.title + "\",\"" + e.userName + "\",\"" + e.password + "\",\"" + e.url
+            + "\",\"\",\"\",\"0\",\"2026-01-01T00:00:00Z\",\"2026-01-01T00:00:00Z\"\n";
+    QFile csvFile(QFile::decodeName(csv));
+    if (!csvFile.open(QIODevice::WriteOnly) || csvFile.write(csvText) < 0
+        || timedRun(tools.first(), { "export", "--format", "json" }, json, true).wall < 0)
+        return 1;
+    csvFile.close();
+    struct Command
+    {
+        const char* name;
+        QList<QByteArray> arguments;
+        bool prints = true;
+    };
+    const Command commands[] = {
         { "ls", { "ls" } },
         { "search user1", { "search", "user1" } },
         { "show", { "show", "Site 150" } },
         { "show --json", { "show", "Site 150", "--json" } },
         { "dump", { "dump", file } },
         { "generate", { "generate", "--length", "12" } },
+        { "export", { "export" } },
+        { "export json", { "export", "--format", "json" } },
+        { "import csv", { "import", csv, "--profile", "Empty" }, false },
+        { "import json", { "import", json, "--profile", "Empty" }, false },
     };
+    const QString emptied = data + QStringLiteral("Empty/list.dat");
     const QByteArray output = QFile::encodeName(dir.path() + QStringLiteral("/output"));
     // wall[command][tool] and processor[command][tool], the tools taking turns within each round.
     QList<QList<QList<double>>> wall(std::size(commands), QList<QList<double>>(tools.size()));
@@ -134,9 +160,11 @@ int main(int argc, char* argv[])
     for (int r = 0; r < rounds; ++r) {
         for (size_t c = 0; c < std::size(commands); ++c) {
             for (qsizetype t = 0; t < tools.size(); ++t) {
-                const Times ms = timedRun(tools.at(t), commands[c].second, output);
+                if (!commands[c].prints)
+                    QFile::remove(emptied);
+                const Times ms = timedRun(tools.at(t), commands[c].arguments, output, commands[c].prints);
                 if (ms.wall < 0) {
-                    std::fprintf(stderr, "%s %s failed\n", tools.at(t).constData(), commands[c].first);
+                    std::fprintf(stderr, "%s %s failed\n", tools.at(t).constData(), commands[c].name);
                     return 1;
                 }
                 wall[c][t] << ms.wall;
@@ -158,7 +186,7 @@ int main(int argc, char* argv[])
     }
     std::printf("\n");
     for (size_t c = 0; c < std::size(commands); ++c) {
-        std::printf("%-16s", commands[c].first);
+        std::printf("%-16s", commands[c].name);
         for (const auto* times : { &wall, &processor }) {
             for (qsizetype t = 0; t < tools.size(); ++t)
                 std::printf("%10.2f", median((*times)[c][t]));
