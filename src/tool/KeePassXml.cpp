@@ -71,8 +71,9 @@ QByteArray KeePassXml(const QString& profile, const QList<Entry>& entries, QStri
             QString value = s.member == &Entry::picture ? QString::fromLatin1(bytes.toBase64()) : RowText(Shown(bytes));
             if (value.isEmpty() && !s.always)
                 continue;
-            if (const qsizetype whole = value.size();
-                (value.removeIf([](QChar c) { return !xmlHolds(c); })).size() < whole)
+            const qsizetype whole = value.size();
+            value.removeIf([](QChar c) { return !xmlHolds(c); });
+            if (value.size() < whole)
                 warnings.append(QStringLiteral("the %1 of \"%2\" holds control characters, which XML can't carry: "
                                                "they are left out")
                                     .arg(QLatin1String(s.field), title));
