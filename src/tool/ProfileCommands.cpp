@@ -320,6 +320,15 @@ std::optional<ProfileCommands::OpenVault> ProfileCommands::openEntry(bool toWrit
     return vault;
 }
 
+QHash<QByteArray, int> ProfileCommands::lastIndexes(const QList<Entry>& entries)
+{
+    QHash<QByteArray, int> at;
+    at.reserve(entries.size());
+    for (qsizetype i = 0; i < entries.size(); ++i)
+        at.insert(entries.at(i).title, static_cast<int>(i));
+    return at;
+}
+
 int ProfileCommands::lastIndexOf(const QList<Entry>& entries, const QString& title)
 {
     const QByteArray key = Stored(title);
@@ -526,9 +535,10 @@ int ProfileCommands::writeEntries(const Profile& profile, Vault& entries, const 
     // value, escapes "&", "=", "[", "]" and line breaks, and a save escapes what an earlier one did.
     QList<Entry> copy = entries.all();
     const QList<Entry> readBack = changedTitles.isEmpty() ? QList<Entry>() : ParseInnerText(ComposeInnerText(copy));
+    const QHash<QByteArray, int> changedAt = lastIndexes(entries.all()), backAt = lastIndexes(readBack);
     for (const QString& title : changedTitles) {
-        const int changed = lastIndexOf(entries.all(), title);
-        const int back = lastIndexOf(readBack, title);
+        const int changed = changedAt.value(Stored(title), -1);
+        const int back = backAt.value(Stored(title), -1);
         if (changed < 0 || back < 0)
             continue;
         for (const EntryField& f : ShownFields) {
@@ -708,8 +718,9 @@ int ProfileCommands::importEntries()
     if (!vault)
         return 1;
     QStringList taken;
+    const QHash<QByteArray, int> existing = lastIndexes(vault->entries.all());
     for (const QString& title : titles) {
-        if (lastIndexOf(vault->entries.all(), title) >= 0)
+        if (existing.contains(Stored(title)))
             taken.append(title);
     }
     if (!taken.isEmpty() && !flag("replace"))

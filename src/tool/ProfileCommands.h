@@ -104,6 +104,8 @@ private:
     std::optional<QString> generatedPassword();
 
     static int lastIndexOf(const QList<Entry>& entries, const QString& title);
+    // The index of each title's last entry, for many lookups at once.
+    static QHash<QByteArray, int> lastIndexes(const QList<Entry>& entries);
 
     bool flag(const char* name) const { return flags.contains(QLatin1String(name)); }
     std::optional<QString> option(const char* name) const;
