@@ -73,6 +73,7 @@ private:
     int add();
     int edit();
     int remove();
+    int profiles();
 
     struct OpenVault
     {
