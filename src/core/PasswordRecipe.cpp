@@ -3,9 +3,14 @@
 
 #include "platform/Random.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
+
+// Every ASCII symbol but "&", "=", "[", "]" and ";": a value holding none of these and no blank
+// is saved without escapes, in every code page.
+const char strongSymbols[] = "!\"#$%'()*+,-./:<>?@\\^_`{|}~";
 
 // floor(25·r + 65), lower-cased: a to y. The z is never drawn.
 QChar drawLetter(RandomSource& source)
@@ -51,6 +56,23 @@ QString GeneratePassword(PasswordAlphabet alphabet, int length, RandomSource& so
             break;
         }
         if (result.size() >= length)
+            return result;
+    }
+}
+
+QString GenerateStrongPassword(int length)
+{
+    const QString kinds[]
+        = { QStringLiteral("ABCDEFGHIJKLMNOPQRSTUVWXYZ"), QStringLiteral("abcdefghijklmnopqrstuvwxyz"),
+              QStringLiteral("0123456789"), QString::fromLatin1(strongSymbols) };
+    const QString alphabet = kinds[0] + kinds[1] + kinds[2] + kinds[3];
+    for (;;) {
+        QString result;
+        for (int i = 0; i < length; ++i)
+            result += alphabet.at(platform::SystemRandomBelow(static_cast<unsigned>(alphabet.size())));
+        if (std::all_of(std::begin(kinds), std::end(kinds), [&](const QString& kind) {
+                return std::any_of(kind.begin(), kind.end(), [&](QChar c) { return result.contains(c); });
+            }))
             return result;
     }
 }

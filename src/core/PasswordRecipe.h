@@ -33,3 +33,13 @@ enum class PasswordAlphabet : int
 
 // One press of "Generate": a password of exactly `length` characters.
 QString GeneratePassword(PasswordAlphabet alphabet, int length, RandomSource& source);
+
+// The strong generator of the terminal tool, beside the program's: upper and lower case, digits
+// and the symbols the vault keeps as they are (none of "&", "=", "[", "]" and ";", which gain
+// escapes, nor the blank), each character drawn alike from the system's source, so that every
+// value a field holds comes back whole: up to 48 characters, the longest value a load reads.
+constexpr int ShortestStrongPassword = 8;
+constexpr int LongestStrongPassword = 48;
+// A password of `length` characters holding every kind at least once: drawn whole again until
+// it does, so that each such password is as likely as any other.
+QString GenerateStrongPassword(int length);

@@ -67,7 +67,7 @@ void warn(const QString& message)
 
 const QStringList flagNames = { QStringLiteral("json"), QStringLiteral("show-password"), QStringLiteral("ask-password"),
     QStringLiteral("generate"), QStringLiteral("letters"), QStringLiteral("digits"), QStringLiteral("mixed"),
-    QStringLiteral("help"), QStringLiteral("replace") };
+    QStringLiteral("help"), QStringLiteral("replace"), QStringLiteral("strong") };
 const QStringList optionNames = { QStringLiteral("profile"), QStringLiteral("seconds"), QStringLiteral("length"),
     QStringLiteral("title"), QStringLiteral("user"), QStringLiteral("password"), QStringLiteral("passphrase"),
     QStringLiteral("url"), QStringLiteral("document"), QStringLiteral("note"), QStringLiteral("format") };
@@ -122,6 +122,7 @@ ProfileCommands::ProfileCommands(const QStringList& arguments)
 }
 
 const ProfileCommands::Verb ProfileCommands::verbs[] = {
+    { "profiles", 0, 0, &ProfileCommands::profiles },
     { "ls", 0, 0, &ProfileCommands::list },
     { "search", 1, 1, &ProfileCommands::search },
     { "show", 1, 1, &ProfileCommands::show },
@@ -151,6 +152,7 @@ bool ProfileCommands::Handles(const QString& command)
 const char* ProfileCommands::Usage()
 {
     return R"(Commands on a profile of your data tree, with the program's own rules:
+  profiles                the profiles the login lists, one a line (no password asked)
   ls                      the titles, in the order of the program's list
   search TEXT             the program's search: the rows it lists, in its order
   show TITLE              every field of the entry; the password masked
@@ -174,7 +176,11 @@ Options of the profile commands:
                           unless something else was copied meanwhile
   --letters, --digits, --mixed
                           generate: letters a to y, digits 0 to 8, or both (default)
-  --length N              generate: 4 to 15 characters (default 5)
+  --length N              generate: 4 to 15 characters (default 5); with --strong, 8 to 48
+                          (default 20)
+  --strong                generate, and add or edit with --generate: upper and lower case,
+                          digits and symbols that the vault keeps as they are, each kind
+                          at least once, from the system's random source
   --title NEW             edit: the new title, refused when an entry has it already
   --user TEXT             add, edit: the user name
   --password TEXT         add, edit: the password (seen by other users' process lists;
@@ -185,6 +191,9 @@ Options of the profile commands:
   --note TEXT             add, edit: the note
   --ask-password          add, edit: the password typed without echo
   --generate              add, edit: a password from the generator (--length, --letters...)
+  --format FORMAT         export: xml (default) or json; import: keepassxc-csv, json or
+                          xml (default: told by the file's ending)
+  --replace               import: entries of titles already listed are replaced in place
 FIELD is one of title, user, passphrase, password, url, document, note.
 A write is refused while the program runs on the data tree (from its login on, whatever
 folder it was started from): it writes the vault when it ends. Writes of several tools at
@@ -214,6 +223,10 @@ int ProfileCommands::run()
     const Verb* verb = verbNamed(command);
     if (positional.size() < verb->fewest || positional.size() > verb->most)
         return usageError(QStringLiteral("%1: wrong number of arguments").arg(command));
+    if (flag("strong") && (flag("letters") || flag("digits") || flag("mixed")))
+        return usageError(QStringLiteral("--strong has its own characters: no --letters, --digits or --mixed"));
+    if (flag("strong") && command != QLatin1String("generate") && !flag("generate"))
+        return usageError(QStringLiteral("--strong goes with generate, or with --generate"));
     // Every argument but search's text and import's file is a title.
     if (!positional.isEmpty() && command != QLatin1String("search") && command != QLatin1String("import")) {
         if (const QString fault = TitleFault(positional.at(0)); !fault.isEmpty())
@@ -453,6 +466,16 @@ int ProfileCommands::clip()
 std::optional<QString> ProfileCommands::generatedPassword()
 {
     bool ok = true;
+    if (flag("strong")) {
+        const int length = option("length").value_or(QStringLiteral("20")).toInt(&ok);
+        if (!ok || length < ShortestStrongPassword || length > LongestStrongPassword) {
+            refuse(QStringLiteral("--length takes %1 to %2 with --strong: the vault keeps no longer value")
+                       .arg(ShortestStrongPassword)
+                       .arg(LongestStrongPassword));
+            return std::nullopt;
+        }
+        return GenerateStrongPassword(length);
+    }
     const int length = option("length").value_or(QStringLiteral("5")).toInt(&ok);
     if (!ok || length < 4 || length > 15) {
         refuse(QStringLiteral("--length takes 4 to 15, as the generator does"));
@@ -467,6 +490,18 @@ std::optional<QString> ProfileCommands::generatedPassword()
                                                       : PasswordAlphabet::DigitsAndLetters;
     SystemRandomSource source;
     return GeneratePassword(alphabet, length, source);
+}
+
+int ProfileCommands::profiles()
+{
+    // The login's list, as it shows it: no profile is opened, so no password is asked.
+    StringListControl listed;
+    LoadComboFile(DataFolder() + QStringLiteral("users.txt"), listed);
+    if (listed.items.isEmpty())
+        return refuse(QStringLiteral("no profile yet: start Tolvane once, and it lays down the data tree"));
+    for (const QString& name : listed.items)
+        print(name + QLatin1Char('\n'));
+    return 0;
 }
 
 int ProfileCommands::generate()

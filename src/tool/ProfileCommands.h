@@ -75,6 +75,7 @@ private:
     int remove();
     int exportEntries();
     int importEntries();
+    int profiles();
 
     struct OpenVault
     {

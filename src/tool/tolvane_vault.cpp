@@ -11,6 +11,7 @@
 #include "platform/Paths.h"
 #include "platform/Terminal.h"
 #include "platform/TreeLock.h"
+#include "tool/CommandHelp.h"
 #include "tool/EntryJson.h"
 #include "tool/ProfileCommands.h"
 
@@ -47,7 +48,7 @@ into a data tree takes the tree's lock, as the profile commands' writes do, and 
 through no link inside the tree.
 
 Options:
-  -h, --help     print this help and end (also after any command)
+  -h, --help     print this help and end; after a command, that command's own help
   --version      print the version and end
 )";
 
@@ -196,9 +197,12 @@ int run(int argc, char* argv[])
     UseKeptCodePage(false); // the program's, whatever the locale says
     const ProfileCommands parsed(args);
     const QString command = parsed.Command();
-    // --help on any command: the whole help, exit codes included.
+    // --help after a command: that command alone; otherwise the whole help, exit codes included.
     if (parsed.HelpAsked()) {
-        printUsage(stdout);
+        if (const QString help = CommandHelp(command); !help.isEmpty())
+            std::fputs(help.toLocal8Bit().constData(), stdout);
+        else
+            printUsage(stdout);
         return 0;
     }
     if (ProfileCommands::Handles(command))

@@ -14,6 +14,7 @@
 #include <QScopeGuard>
 #include <QStandardPaths>
 
+#include <cctype>
 #include <functional>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -98,6 +99,15 @@ private Q_SLOTS:
 
         QCOMPARE((QList<int> { tool({}).code, tool({ u"frobnicate"_s, u"x"_s }).code, tool({ u"--help"_s }).code }),
             (QList<int> { 2, 2, 0 }));
+        // Each command's help tells that command alone; the overview keeps the exit codes.
+        QVERIFY(tool({ u"--help"_s }).out.contains("Exit codes: 0 done"));
+        for (const char* command : { "ls", "search", "show", "clip", "generate", "add", "edit", "rm", "profiles",
+                 "export", "import", "dump", "save", "unwrap", "rescue" }) {
+            const QByteArray help = tool({ QLatin1String(command), u"-h"_s }).out, name = command;
+            QVERIFY2(help.startsWith("Usage: tolvane-vault " + name) && !help.contains("Exit codes")
+                    && help.contains("\nExample:\n  tolvane-vault " + name),
+                help.constData());
+        }
         // Only regular files, and none larger than a vault: each refused at once, with the reason.
         QCOMPARE(::mkfifo(QFile::encodeName(world.path(u"pipe"_s)).constData(), 0600), 0);
         world.write(u"huge.dat"_s, QByteArray(2 << 20, '\0'));
@@ -208,7 +218,6 @@ private Q_SLOTS:
         QVERIFY2(nobody.code == 1 && nobody.err.contains("no profile \"Nobody\""), nobody.err);
         QCOMPARE(tool({ u"ls"_s, u"--frobnicate"_s }).code, 2);
         QCOMPARE(tool({ u"edit"_s, u"Mail"_s }, "s3cret\n").code, 2); // nothing to change: no save, no new layer
-        QVERIFY(tool({ u"show"_s, u"--help"_s }).out.contains("Exit codes: 0 done"));
         QCOMPARE(tool({ u"generate"_s, u"--length=16"_s }).code, 1);
         toolPath = QStringLiteral(TOLVANE_BUILT_PROGRAM_DIR "/tolvane-vault");
     }
@@ -450,6 +459,63 @@ private Q_SLOTS:
         }
         QCOMPARE(run.world.read(u"appdata/Brenmark/Tolvane/data/Csv/list.dat"_s), saved(csvHolds));
         QCOMPARE(run.world.read(u"appdata/Brenmark/Tolvane/data/Xml/list.dat"_s), saved(whole));
+    }
+
+    // generate --strong: every kind of character and none that the vault escapes, 8 to 48 of
+    // them, read back whole once stored. The completion offers profiles, titles (blanks and all,
+    // taken as text, never waiting for a password) and the commands' options and values.
+    void strongPasswordsAndCompletion()
+    {
+        ProgramRun run;
+        run.provision();
+        run.writeVault({ Entry { "Mail", {}, {}, {}, {}, {}, {}, {} }, Entry { "My Bank", {}, {}, {}, {}, {}, {}, {} },
+            Entry { "$(touch pwned)", {}, {}, {}, {}, {}, {}, {} } });
+        for (int length = 7; length <= 49; ++length) {
+            const QString title = u"S%1"_s.arg(length);
+            const Run added = tool({ u"add"_s, title, u"--generate"_s, u"--strong"_s, u"--length=%1"_s.arg(length) });
+            const QByteArray password = added.err.mid(20).trimmed(); // after "Generated password: "
+            if (length == 7 || length == 49) {
+                QCOMPARE(added.code, 1);
+                continue;
+            }
+            QVERIFY2(added.code == 0 && added.err == "Generated password: " + password + '\n', added.err);
+            QCOMPARE(password.size(), length);
+            QCOMPARE(tool({ u"show"_s, title, u"-a"_s, u"password"_s }).out, password + '\n');
+            int kinds = 0;
+            for (char c : password) {
+                QVERIFY2(c > ' ' && c < 127 && !QByteArray("&=[];").contains(c), password);
+                kinds |= std::isupper(c) ? 1 : std::islower(c) ? 2 : std::isdigit(c) ? 4 : 8;
+            }
+            QCOMPARE(kinds, 15);
+        }
+        QCOMPARE(titles(run.vaultOnDisk()).size(), 3 + 41);
+        QCOMPARE(tool({ u"generate"_s, u"--strong"_s, u"--digits"_s }).code, 2);
+        QCOMPARE(tool({ u"add"_s, u"X"_s, u"--strong"_s }).code, 2); // --strong alone would store no password
+
+        const auto complete = [&](const QStringList& words) {
+            QProcess bash;
+            bash.setWorkingDirectory(run.world.dir.path());
+            bash.start(u"bash"_s,
+                QStringList { u"-c"_s,
+                    u"source \"$0\"; COMP_WORDS=(\"$@\"); COMP_CWORD=$(($# - 1)); _tolvane_vault \"$1\"; "
+                    "printf '%s\\n' \"${COMPREPLY[@]}\""_s,
+                    QStringLiteral(TOLVANE_SOURCE_PROGRAM_DIR "/../bash-completion/tolvane-vault"), toolPath }
+                    + words);
+            return bash.waitForFinished(10000) ? bash.readAllStandardOutput() : "hung";
+        };
+        const std::pair<QStringList, QByteArray> completions[] = { { { u"show"_s, u"M"_s }, "Mail\nMy Bank\n" },
+            { { u"clip"_s, u"My\\ B"_s }, "My Bank\n" },
+            { { u"clip"_s, u"Mail"_s, u"pa"_s }, "passphrase\npassword\n" },
+            { { u"edit"_s, u"--user"_s, u"x"_s, u"--profile"_s, u"Administrator"_s, u"'My"_s }, "My Bank\n" },
+            { { u"rm"_s, u"$"_s }, "$(touch pwned)\n" }, { { u"ls"_s, u"--profile"_s, u""_s }, "Administrator\n" },
+            { { u"ex"_s }, "export\n" }, { { u"export"_s, u"--format"_s, u""_s }, "xml\njson\n" },
+            { { u"import"_s, u"p.csv"_s, u"--format"_s, u""_s }, "keepassxc-csv\njson\nxml\n" },
+            { { u"import"_s, u"p.csv"_s, u"--r"_s }, "--replace\n" }, { { u"generate"_s, u"--st"_s }, "--strong\n" } };
+        for (const auto& [words, offered] : completions)
+            QCOMPARE(complete(words), offered);
+        QVERIFY(!QFileInfo::exists(run.world.path(u"pwned"_s)));
+        run.setIni(u"Administrator/settings.txt"_s, Keys::settings, Keys::password, MD5Hex(u"pw"_s));
+        QCOMPARE(complete({ u"show"_s, u"M"_s }), QByteArray("\n")); // nothing asked, nothing offered
     }
 
     // The code page is the first start's: a name given under a Polish desktop is the same name
