@@ -6,3 +6,7 @@
 
 // The help of the command; empty for a name that is no command.
 QString CommandHelp(const QString& command);
+
+// Whether the command takes the option (its name without the dashes: "json", "attribute"); every
+// command takes "help", and those on a profile "profile".
+bool CommandTakes(const QString& command, const QString& option);

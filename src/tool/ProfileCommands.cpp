@@ -16,6 +16,7 @@
 #include "platform/Files.h"
 #include "platform/Paths.h"
 #include "platform/Terminal.h"
+#include "tool/CommandHelp.h"
 #include "tool/EntryJson.h"
 #include "tool/KeePassCsv.h"
 #include "tool/KeePassXml.h"
@@ -212,7 +213,10 @@ std::optional<QString> ProfileCommands::option(const char* name) const
 
 int ProfileCommands::usageError(const QString& message) const
 {
-    std::fprintf(stderr, "tolvane-vault: %s\n\n%s", message.toLocal8Bit().constData(), Usage());
+    // The command's own help, where the overview would bury it.
+    const QString help = CommandHelp(command);
+    std::fprintf(stderr, "tolvane-vault: %s\n\n%s", message.toLocal8Bit().constData(),
+        help.isEmpty() ? Usage() : help.toLocal8Bit().constData());
     return 2;
 }
 
@@ -223,6 +227,14 @@ int ProfileCommands::run()
     const Verb* verb = verbNamed(command);
     if (positional.size() < verb->fewest || positional.size() > verb->most)
         return usageError(QStringLiteral("%1: wrong number of arguments").arg(command));
+    // An option the command has no use for would be dropped without a word (export --replace).
+    QStringList given = flags.values() + options.keys();
+    if (!attributes.isEmpty())
+        given.append(QStringLiteral("attribute"));
+    for (const QString& name : std::as_const(given)) {
+        if (!CommandTakes(command, name))
+            return usageError(QStringLiteral("%1 has no option --%2").arg(command, name));
+    }
     if (flag("strong") && (flag("letters") || flag("digits") || flag("mixed")))
         return usageError(QStringLiteral("--strong has its own characters: no --letters, --digits or --mixed"));
     if (flag("strong") && command != QLatin1String("generate") && !flag("generate"))
@@ -607,8 +619,6 @@ QString ProfileCommands::TitleFault(const QString& title)
 
 int ProfileCommands::add()
 {
-    if (options.contains(QStringLiteral("title")))
-        return usageError(QStringLiteral("add: the title is the argument; --title renames, with edit"));
     const QString title = Shown(Stored(positional.at(0)));
     if (title.isEmpty())
         return refuse(QStringLiteral("the title of the entry must not be empty"));

@@ -213,7 +213,12 @@ int run(int argc, char* argv[])
     }
     const std::optional<QStringList> files = parsed.PlainArguments();
     if (!files || files->size() != 1) {
-        printUsage(stderr);
+        // A file command takes its file and nothing else: its own help says so.
+        if (const QString help = CommandHelp(command); !help.isEmpty())
+            std::fprintf(stderr, "tolvane-vault: %s takes one FILE and no option\n\n%s", qPrintable(command),
+                help.toLocal8Bit().constData());
+        else
+            printUsage(stderr);
         return 2;
     }
     const QString given = files->at(0);

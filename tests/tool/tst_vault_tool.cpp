@@ -108,6 +108,15 @@ private Q_SLOTS:
                     && help.contains("\nExample:\n  tolvane-vault " + name),
                 help.constData());
         }
+        // An option the command has no use for is refused, not dropped, with that command's help.
+        for (const QStringList& misplaced : { QStringList { u"export"_s, u"--replace"_s },
+                 { u"show"_s, u"Mail"_s, u"--password=x"_s }, { u"add"_s, u"X"_s, u"--title=Y"_s },
+                 { u"ls"_s, u"-a"_s, u"user"_s }, { u"dump"_s, file, u"--json"_s } }) {
+            const Run refused = tool(misplaced);
+            QVERIFY2(refused.code == 2 && refused.err.contains(" no option")
+                    && refused.err.contains("Usage: tolvane-vault " + misplaced.first().toLatin1()),
+                refused.err.constData());
+        }
         // Only regular files, and none larger than a vault: each refused at once, with the reason.
         QCOMPARE(::mkfifo(QFile::encodeName(world.path(u"pipe"_s)).constData(), 0600), 0);
         world.write(u"huge.dat"_s, QByteArray(2 << 20, '\0'));
