@@ -56,9 +56,9 @@ const Help helps[] = {
         "generate [--letters|--digits|--mixed] [--length N]\n   or: tolvane-vault generate --strong [--length N]",
         "Print a new password. By default from the program's generator: letters\n"
         "a to y, digits 0 to 8, or both. With --strong: upper and lower case,\n"
-        "digits and every ASCII symbol but & = [ ] ; (which the vault stores\n"
-        "escaped), each kind at least once, every character drawn alike from\n"
-        "the system's random source. Nothing is stored.\n",
+        "digits and every ASCII symbol but & = [ ] ; (which a save escapes or\n"
+        "changes), each kind at least once (a password lacking one is drawn\n"
+        "again whole), from the system's random source. Nothing is stored.\n",
         "",
         "  --letters, --digits, --mixed\n"
         "                         letters only, digits only, or both (default)\n"
@@ -112,7 +112,7 @@ const Help helps[] = {
         "and picture as the strings Passphrase, Document and Picture. json: the\n"
         "entries as dump prints them. Values as the program's load gives them.\n",
         "", "  --format xml|json      the format (default xml)\n",
-        "tolvane-vault export > p.xml; keepassxc-cli import p.xml p.kdbx", true, "format" },
+        "tolvane-vault export > p.xml; keepassxc-cli import -p p.xml p.kdbx", true, "format" },
     { "import", "import FILE [--format FORMAT] [--replace]\n                            [--profile NAME]",
         "Add the entries of FILE at the end of the list and save the vault as\n"
         "the program saves it. A title already in the list refuses the whole\n"

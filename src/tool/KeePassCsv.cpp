@@ -75,6 +75,7 @@ std::optional<QList<EntryTexts>> EntriesFromKeePassCsv(const QByteArray& csv, QS
         return std::nullopt;
     }
     const qsizetype totp = header.indexOf(QStringLiteral("TOTP"));
+    const qsizetype group = header.indexOf(QStringLiteral("Group"));
     QList<EntryTexts> entries;
     for (qsizetype r = 1; r < rows->size(); ++r) {
         const QStringList& row = rows->at(r);
@@ -88,6 +89,13 @@ std::optional<QList<EntryTexts>> EntriesFromKeePassCsv(const QByteArray& csv, QS
         EntryTexts entry;
         for (auto c = at.begin(); c != at.end(); ++c)
             entry.insert(c.key(), row.at(*c));
+        // The CSV tells deleted entries only by their group's path: KeePassXC's bin, below the root,
+        // is "Recycle Bin" (so named by its English version; another language's name is not known).
+        if (group >= 0 && row.at(group).split(QLatin1Char('/')).mid(1).contains(QLatin1String("Recycle Bin"))) {
+            warnings.append(
+                QStringLiteral("\"%1\" is in the recycle bin: left out").arg(entry.value(QStringLiteral("title"))));
+            continue;
+        }
         if (totp >= 0 && !row.at(totp).isEmpty())
             warnings.append(QStringLiteral("\"%1\" has a TOTP, which a vault has no place for: left out")
                                 .arg(entry.value(QStringLiteral("title"))));

@@ -237,8 +237,11 @@ int ProfileCommands::run()
     }
     if (flag("strong") && (flag("letters") || flag("digits") || flag("mixed")))
         return usageError(QStringLiteral("--strong has its own characters: no --letters, --digits or --mixed"));
-    if (flag("strong") && command != QLatin1String("generate") && !flag("generate"))
-        return usageError(QStringLiteral("--strong goes with generate, or with --generate"));
+    // add and edit take the generator's options for --generate only: alone they would be dropped.
+    const bool generatorOptions = flag("strong") || flag("letters") || flag("digits") || flag("mixed")
+        || options.contains(QStringLiteral("length"));
+    if (generatorOptions && command != QLatin1String("generate") && !flag("generate"))
+        return usageError(QStringLiteral("--strong, --length, --letters, --digits and --mixed go with --generate"));
     // Every argument but search's text and import's file is a title.
     if (!positional.isEmpty() && command != QLatin1String("search") && command != QLatin1String("import")) {
         if (const QString fault = TitleFault(positional.at(0)); !fault.isEmpty())
@@ -481,7 +484,8 @@ std::optional<QString> ProfileCommands::generatedPassword()
     if (flag("strong")) {
         const int length = option("length").value_or(QStringLiteral("20")).toInt(&ok);
         if (!ok || length < ShortestStrongPassword || length > LongestStrongPassword) {
-            refuse(QStringLiteral("--length takes %1 to %2 with --strong: the vault keeps no longer value")
+            refuse(QStringLiteral("--length takes %1 to %2 with --strong: fewer is weak, and the vault gives no "
+                                  "longer value back whole")
                        .arg(ShortestStrongPassword)
                        .arg(LongestStrongPassword));
             return std::nullopt;
@@ -687,6 +691,10 @@ int ProfileCommands::exportEntries()
     const std::optional<OpenVault> vault = openVault();
     if (!vault)
         return 1;
+    // The program writes the vault when it ends: until then the file may lack its changes.
+    if (platform::TreeWriteLock(DataFolder()).State() == platform::TreeLock::ProgramRuns)
+        warn(QStringLiteral("Tolvane is running: this is the vault as it was last saved, without what the program "
+                            "has not written yet. End it (File > Close) and export again to have everything"));
     QStringList warnings;
     const QByteArray out = format == QLatin1String("json")
         ? EntriesJson(vault->entries.all())
@@ -776,9 +784,15 @@ int ProfileCommands::importEntries()
         warn(w);
     // As add puts a new entry, at the end; one of a title taken where it stands.
     for (const EntryTexts& t : *texts) {
+        // What the format has no place for (the CSV's pass phrase, document and picture) stays as
+        // the entry it replaces has it.
         Entry entry;
-        for (const EntryField& f : EntryFields)
-            storeText(entry, f, t.value(QLatin1String(f.name)));
+        if (const int at = existing.value(Stored(t.value(QStringLiteral("title"))), -1); at >= 0)
+            entry = vault->entries.at(at);
+        for (const EntryField& f : EntryFields) {
+            if (t.contains(QLatin1String(f.name)) || format != QLatin1String("keepassxc-csv"))
+                storeText(entry, f, t.value(QLatin1String(f.name)));
+        }
         vault->entries.store(entry);
     }
     return writeEntries(vault->profile, vault->entries, titles);

@@ -211,14 +211,17 @@ int run(int argc, char* argv[])
         std::puts("tolvane-vault " TOLVANE_VERSION);
         return 0;
     }
+    if (CommandHelp(command).isEmpty()) { // neither a profile command nor a file command
+        std::fprintf(stderr, "tolvane-vault: %s\n\n",
+            command.isEmpty() ? "no command given" : qPrintable(QStringLiteral("no command \"%1\"").arg(command)));
+        printUsage(stderr);
+        return 2;
+    }
     const std::optional<QStringList> files = parsed.PlainArguments();
     if (!files || files->size() != 1) {
         // A file command takes its file and nothing else: its own help says so.
-        if (const QString help = CommandHelp(command); !help.isEmpty())
-            std::fprintf(stderr, "tolvane-vault: %s takes one FILE and no option\n\n%s", qPrintable(command),
-                help.toLocal8Bit().constData());
-        else
-            printUsage(stderr);
+        std::fprintf(stderr, "tolvane-vault: %s takes one FILE and no option\n\n%s", qPrintable(command),
+            CommandHelp(command).toLocal8Bit().constData());
         return 2;
     }
     const QString given = files->at(0);
@@ -231,10 +234,6 @@ int run(int argc, char* argv[])
 
     if (command == QLatin1String("save"))
         return save(given, path);
-    if (command != QLatin1String("dump") && command != QLatin1String("unwrap") && command != QLatin1String("rescue")) {
-        printUsage(stderr);
-        return 2;
-    }
     QByteArray bytes;
     const platform::ReadOutcome read = platform::ReadFileBounded(path, LargestVaultFile, bytes);
     if (read != platform::ReadOutcome::Read)

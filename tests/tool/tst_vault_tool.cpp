@@ -101,6 +101,7 @@ private Q_SLOTS:
             (QList<int> { 2, 2, 0 }));
         // Each command's help tells that command alone; the overview keeps the exit codes.
         QVERIFY(tool({ u"--help"_s }).out.contains("Exit codes: 0 done"));
+        QVERIFY(tool({ u"frobnicate"_s }).err.startsWith("tolvane-vault: no command \"frobnicate\"\n"));
         for (const char* command : { "ls", "search", "show", "clip", "generate", "add", "edit", "rm", "profiles",
                  "export", "import", "dump", "save", "unwrap", "rescue" }) {
             const QByteArray help = tool({ QLatin1String(command), u"-h"_s }).out, name = command;
@@ -270,6 +271,8 @@ private Q_SLOTS:
         QVERIFY2(live.code == 1 && live.err.contains("Tolvane is running"), live.err);
         const Run imported = tool({ u"import"_s, u"-"_s, u"--format=json"_s }, "pw\n[{\"title\":\"Lost\"}]");
         QVERIFY2(imported.code == 1 && imported.err.contains("Tolvane is running"), imported.err);
+        const Run exported = tool({ u"export"_s }, "pw\n"); // read, but said to be the last saved
+        QVERIFY2(exported.code == 0 && exported.err.contains("Tolvane is running"), exported.err);
         // Nor through a link to the vault, or to its folder, from outside the tree.
         QVERIFY(QFile::link(run.data(u"Administrator/list.dat"_s), run.world.path(u"link.dat"_s)));
         QVERIFY(QFile::link(run.data(u"Administrator"_s), run.world.path(u"profile"_s)));
@@ -415,13 +418,19 @@ private Q_SLOTS:
 
         run.world.write(u"in.csv"_s,
             "\"Group\",\"Title\",\"Username\",\"Password\",\"URL\",\"Notes\"\n\"G\",\"New\",\"\",\"\",\"\",\""
-                + QByteArray(49, 'n') + "\"\n\"G\",\"Shop\",\"\xce\xa9\",\"x=y\",\"\",\"\"\n");
+                + QByteArray(49, 'n') + "\"\n\"G\",\"Shop\",\"\xce\xa9\",\"x=y\",\"\",\"\"\n"
+                + "\"G/Recycle Bin\",\"Gone\",\"\",\"\",\"\",\"\"\n\"G\",\"Mail & co\",\"\",\"new\",\"\",\"\"\n");
         const QStringList csv { u"import"_s, run.world.path(u"in.csv"_s), u"--profile=Json"_s };
         const Run taken = tool(csv);
-        QVERIFY2(taken.code == 1 && taken.err.contains("titled \"Shop\" already"), taken.err);
+        QVERIFY2(taken.code == 1 && taken.err.contains("titled \"Shop\", \"Mail & co\" already"), taken.err);
         QCOMPARE(run.world.read(u"appdata/Brenmark/Tolvane/data/Json/list.dat"_s), imported);
         const Run replaced = tool(csv + QStringList { u"--replace"_s });
+        // Deleted entries stay out; what the CSV has no column for stays as the replaced entry had it.
         QCOMPARE(titles(run.vaultOnDisk(u"Json"_s)), (QStringList { u"Mail & co"_s, u"Shop"_s, u"New"_s }));
+        QCOMPARE(
+            tool({ u"show"_s, u"Mail & co"_s, u"-a"_s, u"passphrase"_s, u"-a"_s, u"password"_s, u"--profile=Json"_s })
+                .out,
+            "a long pass phrase\nnew\n");
         for (const char* warning : { "the note of \"New\" will read back as \"nnn",
                  "the user of \"Shop\" holds "
                  "characters that the files' code page lacks",
@@ -500,6 +509,7 @@ private Q_SLOTS:
         QCOMPARE(titles(run.vaultOnDisk()).size(), 3 + 41);
         QCOMPARE(tool({ u"generate"_s, u"--strong"_s, u"--digits"_s }).code, 2);
         QCOMPARE(tool({ u"add"_s, u"X"_s, u"--strong"_s }).code, 2); // --strong alone would store no password
+        QCOMPARE(tool({ u"add"_s, u"X"_s, u"--length=8"_s }).code, 2); // and --length alone be dropped
 
         const auto complete = [&](const QStringList& words) {
             QProcess bash;
@@ -512,12 +522,13 @@ private Q_SLOTS:
                     + words);
             return bash.waitForFinished(10000) ? bash.readAllStandardOutput() : "hung";
         };
-        const std::pair<QStringList, QByteArray> completions[] = { { { u"show"_s, u"M"_s }, "Mail\nMy Bank\n" },
-            { { u"clip"_s, u"My\\ B"_s }, "My Bank\n" },
+        const std::pair<QStringList, QByteArray> completions[] = { { { u"show"_s, u"M"_s }, "Mail\nMy\\ Bank\n" },
+            { { u"clip"_s, u"My\\ B"_s }, "My\\ Bank\n" },
             { { u"clip"_s, u"Mail"_s, u"pa"_s }, "passphrase\npassword\n" },
             { { u"edit"_s, u"--user"_s, u"x"_s, u"--profile"_s, u"Administrator"_s, u"'My"_s }, "My Bank\n" },
-            { { u"rm"_s, u"$"_s }, "$(touch pwned)\n" }, { { u"ls"_s, u"--profile"_s, u""_s }, "Administrator\n" },
-            { { u"ex"_s }, "export\n" }, { { u"export"_s, u"--format"_s, u""_s }, "xml\njson\n" },
+            { { u"rm"_s, u"$"_s }, "\\$\\(touch\\ pwned\\)\n" },
+            { { u"ls"_s, u"--profile"_s, u""_s }, "Administrator\n" }, { { u"ex"_s }, "export\n" },
+            { { u"export"_s, u"--format"_s, u""_s }, "xml\njson\n" },
             { { u"import"_s, u"p.csv"_s, u"--format"_s, u""_s }, "keepassxc-csv\njson\nxml\n" },
             { { u"import"_s, u"p.csv"_s, u"--r"_s }, "--replace\n" }, { { u"generate"_s, u"--st"_s }, "--strong\n" } };
         for (const auto& [words, offered] : completions)
